@@ -1,0 +1,40 @@
+# vtr_build_settings: warnings as errors, sanitizers and the fast linker, for every target of ours.
+add_library(vtr_build_settings INTERFACE)
+target_compile_options(vtr_build_settings INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
+    -Wold-style-cast -Woverloaded-virtual -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # GCC 12 sees overlapping copies in `"text" + std::string` (its bug 105651).
+    target_compile_options(vtr_build_settings INTERFACE -Wno-restrict)
+endif()
+
+if(VTR_SANITIZE)
+    target_compile_options(vtr_build_settings INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(vtr_build_settings INTERFACE -fsanitize=address,undefined)
+    target_compile_definitions(vtr_build_settings INTERFACE _GLIBCXX_ASSERTIONS)
+endif()
+
+if(VTR_FUZZ)
+    target_compile_options(vtr_build_settings INTERFACE
+        -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+endif()
+
+find_program(VTR_MOLD mold)
+if(VTR_MOLD)
+    target_link_options(vtr_build_settings INTERFACE -fuse-ld=mold)
+endif()
+
+find_program(VTR_CCACHE ccache)
+if(VTR_CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${VTR_CCACHE})
+endif()
+
+# vtr_library(NAME LINKED...): a static library of all sources of the calling folder. Its headers are seen
+# by those that link it, and by nobody else: that is what keeps the arrows between the folders one-way.
+function(vtr_library name)
+    file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+    add_library(${name} STATIC ${sources})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} PUBLIC ${ARGN} PRIVATE vtr_build_settings)
+endfunction()

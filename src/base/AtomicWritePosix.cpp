@@ -1,0 +1,166 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <optional>
+#include <system_error>
+
+#include "AtomicWrite.h"
+#include "DescriptorPosix.h"
+#include "Errors.h"
+#include "Paths.h"
+
+namespace vtr {
+
+namespace {
+
+/// A file that goes away again unless it has been renamed.
+class TemporaryName {
+  public:
+    TemporaryName(int folder, const std::string &name) : folder_(folder), name_(name) {}
+    TemporaryName(const TemporaryName &) = delete;
+    TemporaryName &operator=(const TemporaryName &) = delete;
+    ~TemporaryName() {
+        if (!renamed_)
+            unlinkat(folder_, name_.c_str(), 0);
+    }
+
+    bool RenameTo(const std::string &target) {
+        renamed_ = renameat(folder_, name_.c_str(), folder_, target.c_str()) == 0;
+        return renamed_;
+    }
+
+  private:
+    const int folder_;
+    const std::string &name_;
+    bool renamed_ = false;
+};
+
+/// One replacement of one file: the steps, each of which throws an Error naming itself when it fails.
+class Replacement {
+  public:
+    Replacement(const std::string &path, ConstByteSpan bytes)
+        : path_(path), bytes_(bytes), target_(FollowLinks(PathOnDisk(path))) {}
+
+    void Run() {
+        LookAtTarget();
+        const std::string folderName(FolderOf(target_));
+        const Descriptor folder(
+            open(folderName.empty() ? "." : folderName.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        if (!folder.IsOpen() && !MayWriteInPlace())
+            Fail("opening the folder");
+        if (folder.IsOpen() && WriteBeside(folder.Number()))
+            return;
+        WriteInPlace();
+    }
+
+  private:
+    [[noreturn]] void Fail(const std::string &step) const {
+        const int number = errno;
+        throw Error(ErrorKind::FileAccess, {.file = path_}, step, std::generic_category().message(number));
+    }
+
+    void Check(bool succeeded, const std::string &step) const {
+        if (!succeeded)
+            Fail(step);
+    }
+
+    void LookAtTarget() {
+        struct stat status {};
+        if (lstat(target_.c_str(), &status) != 0) {
+            Check(errno == ENOENT, "looking at the file");
+            return;
+        }
+        if (!S_ISREG(status.st_mode))
+            throw Error(ErrorKind::FileAccess, {.file = path_}, "a file to replace",
+                        S_ISDIR(status.st_mode) ? "a folder" : "a device or a pipe");
+        // A folder's rights alone would let a write-protected file be renamed away.
+        Check(faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) == 0, "asking for leave to write");
+        existing_ = status;
+    }
+
+    /// After a refusal by the folder, when there is a file to write into.
+    bool MayWriteInPlace() const {
+        return existing_ && (errno == EACCES || errno == EPERM || errno == EROFS);
+    }
+
+    /// The replacement proper. False, with nothing done, when the folder takes no new file but the file
+    /// itself can be written into.
+    bool WriteBeside(int folder) {
+        static std::atomic<unsigned> count{0};
+        std::string name;
+        int number = -1;
+        do {
+            name = ".vtr-" + std::to_string(getpid()) + "-" + std::to_string(count++) + ".tmp";
+            number = openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
+                            existing_ ? S_IRUSR | S_IWUSR : 0666);
+        } while (number < 0 && errno == EEXIST);
+        if (number < 0 && MayWriteInPlace())
+            return false;
+        Descriptor file(number);
+        Check(file.IsOpen(), "making the temporary file");
+        FillAndRename(file, TemporaryName(folder, name));
+        // Some file systems have no flush for folders and say so.
+        Check(Flush(folder) || errno == EINVAL, "flushing the folder to disk (the file is replaced already)");
+        return true;
+    }
+
+    void FillAndRename(Descriptor &file, TemporaryName temporary) const {
+        if (existing_) {
+            // Only an administrator may give files away; for others the file becomes the user's own.
+            (void)!fchown(file.Number(), existing_->st_uid, existing_->st_gid);
+            Check(fchmod(file.Number(), existing_->st_mode & 07777) == 0, "giving the file's permissions");
+        }
+        Check(Write(file.Number()), "writing the temporary file");
+        Check(Flush(file.Number()), "flushing the temporary file to disk");
+        Check(file.Close(), "closing the temporary file");
+        Check(temporary.RenameTo(std::string(FileNameOf(target_))),
+              "renaming the temporary file over the file");
+    }
+
+    void WriteInPlace() const {
+        const std::string damage = " in place (the file may be damaged now)";
+        Descriptor file(open(target_.c_str(), O_WRONLY | O_CLOEXEC));
+        Check(file.IsOpen(), "opening the file");
+        Check(Write(file.Number()), "writing the file" + damage);
+        Check(ftruncate(file.Number(), static_cast<off_t>(bytes_.size())) == 0,
+              "setting the file's length" + damage);
+        Check(Flush(file.Number()), "flushing the file to disk" + damage);
+        Check(file.Close(), "closing the file" + damage);
+    }
+
+    bool Write(int file) const {
+        ConstByteSpan rest = bytes_;
+        while (!rest.empty()) {
+            const ssize_t count = write(file, rest.data(), rest.size());
+            if (count >= 0)
+                rest = rest.subspan(static_cast<std::size_t>(count));
+            else if (errno != EINTR)
+                return false;
+        }
+        return true;
+    }
+
+    static bool Flush(int file) {
+        int result = 0;
+        do {
+            result = fsync(file);
+        } while (result != 0 && errno == EINTR);
+        return result == 0;
+    }
+
+    const std::string &path_;
+    const ConstByteSpan bytes_;
+    const std::string target_;
+    std::optional<struct stat> existing_;
+};
+
+}  // namespace
+
+void AtomicWrite(const std::string &path, ConstByteSpan bytes) {
+    Replacement(path, bytes).Run();
+}
+
+}  // namespace vtr

@@ -1,0 +1,128 @@
+#include <windows.h>
+
+#include <algorithm>
+#include <atomic>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+#include "AtomicWrite.h"
+#include "Errors.h"
+#include "Paths.h"
+
+namespace vtr {
+
+namespace {
+
+[[noreturn]] void Fail(const std::string &path, const std::string &step) {
+    const DWORD number = GetLastError();
+    throw Error(ErrorKind::FileAccess, {.file = path}, step,
+                std::system_category().message(static_cast<int>(number)));
+}
+
+void Check(bool succeeded, const std::string &path, const std::string &step) {
+    if (!succeeded)
+        Fail(path, step);
+}
+
+class OpenFile {
+  public:
+    OpenFile(const std::filesystem::path &name, DWORD disposition)
+        : handle_(CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
+                              nullptr)) {}
+    OpenFile(const OpenFile &) = delete;
+    OpenFile &operator=(const OpenFile &) = delete;
+    ~OpenFile() { Close(); }
+
+    bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
+
+    bool Write(ConstByteSpan rest) const {
+        while (!rest.empty()) {
+            const auto wanted = static_cast<DWORD>(std::min<std::size_t>(rest.size(), 1U << 30));
+            DWORD count = 0;
+            if (!WriteFile(handle_, rest.data(), wanted, &count, nullptr))
+                return false;
+            rest = rest.subspan(count);
+        }
+        return true;
+    }
+
+    bool Truncate() const { return SetEndOfFile(handle_) != 0; }
+    bool Flush() const { return FlushFileBuffers(handle_) != 0; }
+
+    bool Close() {
+        const HANDLE handle = std::exchange(handle_, INVALID_HANDLE_VALUE);
+        return handle == INVALID_HANDLE_VALUE || CloseHandle(handle) != 0;
+    }
+
+  private:
+    HANDLE handle_;
+};
+
+/// Gives the new file the old one's access rights and attributes. Only NTFS has rights; where there are none,
+/// or the user may not hand them on, the new file keeps those that its folder gives to every file.
+void KeepPermissions(const std::filesystem::path &from, const std::filesystem::path &to, DWORD attributes) {
+    DWORD size = 0;
+    GetFileSecurityW(from.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    Bytes rights(size);
+    if (size > 0 && GetFileSecurityW(from.c_str(), DACL_SECURITY_INFORMATION, rights.data(), size, &size))
+        SetFileSecurityW(to.c_str(), DACL_SECURITY_INFORMATION, rights.data());
+    SetFileAttributesW(to.c_str(), attributes);
+}
+
+void WriteInPlace(const std::string &path, const std::filesystem::path &target, ConstByteSpan bytes) {
+    const std::string damage = " in place (the file may be damaged now)";
+    OpenFile file(target, OPEN_EXISTING);
+    Check(file.IsOpen(), path, "opening the file");
+    Check(file.Write(bytes), path, "writing the file" + damage);
+    Check(file.Truncate(), path, "setting the file's length" + damage);
+    Check(file.Flush(), path, "flushing the file to disk" + damage);
+    Check(file.Close(), path, "closing the file" + damage);
+}
+
+void FillAndRename(const std::string &path, OpenFile &file, const std::filesystem::path &temporary,
+                   const std::filesystem::path &target, std::optional<DWORD> attributes,
+                   ConstByteSpan bytes) {
+    Check(file.Write(bytes), path, "writing the temporary file");
+    Check(file.Flush(), path, "flushing the temporary file to disk");
+    Check(file.Close(), path, "closing the temporary file");
+    if (attributes)
+        KeepPermissions(target, temporary, *attributes);
+    // The write-through flag makes the call wait until the folder is on the disk too.
+    Check(MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH),
+          path, "renaming the temporary file over the file");
+}
+
+}  // namespace
+
+void AtomicWrite(const std::string &path, ConstByteSpan bytes) {
+    const std::filesystem::path target = FilesystemPath(FollowLinks(PathOnDisk(path)));
+    std::optional<DWORD> attributes;
+    const DWORD held = GetFileAttributesW(target.c_str());
+    if (held != INVALID_FILE_ATTRIBUTES)
+        attributes = held;
+    else
+        Check(GetLastError() == ERROR_FILE_NOT_FOUND, path, "looking at the file");
+    if (attributes && (held & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE)) != 0)
+        throw Error(ErrorKind::FileAccess, {.file = path}, "a file to replace",
+                    (held & FILE_ATTRIBUTE_DIRECTORY) != 0 ? "a folder" : "a device or a pipe");
+
+    static std::atomic<unsigned> count{0};
+    const std::filesystem::path temporary =
+        target.parent_path() /
+        (L".vtr-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(GetTickCount64()) + L"-" +
+         std::to_wstring(count++) + L".tmp");
+    OpenFile file(temporary, CREATE_NEW);
+    if (!file.IsOpen() && attributes && GetLastError() == ERROR_ACCESS_DENIED)
+        return WriteInPlace(path, target, bytes);
+    Check(file.IsOpen(), path, "making the temporary file");
+    try {
+        FillAndRename(path, file, temporary, target, attributes, bytes);
+    } catch (const Error &) {
+        file.Close();
+        DeleteFileW(temporary.c_str());
+        throw;
+    }
+}
+
+}  // namespace vtr

@@ -1,0 +1,100 @@
+#include "Paths.h"
+
+#include <system_error>
+
+#include "Errors.h"
+#include "Text.h"
+
+namespace vtr {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view separators = "\\/";
+constexpr char ownSeparator = static_cast<char>(fs::path::preferred_separator);
+
+/// True when there is something of that name, be it a link that points nowhere.
+bool Exists(const std::string &path) {
+    std::error_code error;
+    return fs::exists(fs::symlink_status(FilesystemPath(path), error));
+}
+
+/// The name in folder that differs from name at most in the case of its letters; of several the first in the
+/// order of their bytes. name itself when there is none.
+std::string NameOnDisk(const std::string &folder, const std::string &name) {
+    if (name.empty() || Exists(folder + name))
+        return name;
+    const std::string wanted = UpperAscii(name);
+    std::string best;
+    std::error_code error;
+    const fs::path start = folder.empty() ? fs::path(".") : FilesystemPath(folder);
+    for (fs::directory_iterator entry(start, error), end; !error && entry != end; entry.increment(error)) {
+        const std::string held = PathText(entry->path().filename());
+        if (UpperAscii(held) == wanted && (best.empty() || held < best))
+            best = held;
+    }
+    return best.empty() ? name : best;
+}
+
+}  // namespace
+
+std::string_view FileNameOf(std::string_view path) {
+    return path.substr(FolderOf(path).size());
+}
+
+std::string_view FolderOf(std::string_view path) {
+    const std::size_t last = path.find_last_of(separators);
+    return last == std::string_view::npos ? std::string_view{} : path.substr(0, last + 1);
+}
+
+char SeparatorOf(std::string_view path) {
+    const std::size_t last = path.find_last_of(separators);
+    return last == std::string_view::npos ? ownSeparator : path[last];
+}
+
+std::filesystem::path FilesystemPath(std::string_view path) {
+    return std::u8string(path.begin(), path.end());
+}
+
+std::string PathText(const std::filesystem::path &path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+std::string PathOnDisk(std::string_view path) {
+    std::string exact(path);
+    if (Exists(exact))
+        return exact;
+    std::string found;
+    while (!path.empty()) {
+        const std::size_t end = path.find_first_of(separators);
+        found += NameOnDisk(found, std::string(path.substr(0, end)));
+        if (end == std::string_view::npos)
+            break;
+        found += ownSeparator;
+        path.remove_prefix(end + 1);
+    }
+    return found;
+}
+
+bool FileExists(std::string_view path) {
+    std::error_code ignored;
+    return fs::status(FilesystemPath(PathOnDisk(path)), ignored).type() != fs::file_type::not_found;
+}
+
+std::string FollowLinks(const std::string &path) {
+    constexpr int mostLinks = 40;
+    fs::path file = FilesystemPath(path);
+    std::error_code error;
+    for (int links = 0; fs::is_symlink(fs::symlink_status(file, error)); ++links) {
+        const fs::path next = links < mostLinks ? fs::read_symlink(file, error) : fs::path();
+        if (next.empty())
+            throw Error(ErrorKind::FileAccess, {.file = path}, "following the symbolic link",
+                        error ? error.message() : "links that go round in a circle");
+        file = file.parent_path() / next;
+    }
+    return PathText(file);
+}
+
+}  // namespace vtr

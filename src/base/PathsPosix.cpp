@@ -1,0 +1,51 @@
+#include <fcntl.h>
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <system_error>
+
+#include "Errors.h"
+#include "Paths.h"
+
+namespace vtr {
+
+namespace {
+
+/// The value of an environment variable that is to hold an absolute path; empty when it holds none.
+std::string AbsolutePathVariable(const char *name) {
+    const char *value = std::getenv(name);
+    return value != nullptr && value[0] == '/' ? value : "";
+}
+
+}  // namespace
+
+std::string ProgramFolder() {
+    std::error_code error;
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (error)
+        throw Error(ErrorKind::FileAccess, {.file = "/proc/self/exe"}, "finding the program's folder",
+                    error.message());
+    return std::string(FolderOf(program.native()));
+}
+
+std::string UserConfigFolder() {
+    std::string folder = AbsolutePathVariable("XDG_CONFIG_HOME");
+    if (folder.empty()) {
+        std::string home = AbsolutePathVariable("HOME");
+        if (home.empty()) {
+            const passwd *user = getpwuid(geteuid());
+            home = user != nullptr ? user->pw_dir : "/";
+        }
+        folder = home + "/.config";
+    }
+    return folder + "/vtr-target-editor/";
+}
+
+bool FolderIsWritable(const std::string &folder) {
+    std::error_code error;
+    return std::filesystem::is_directory(folder, error) &&
+           faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+}  // namespace vtr

@@ -1,0 +1,37 @@
+#include <windows.h>
+
+#include <array>
+#include <cstdlib>
+#include <system_error>
+
+#include "Errors.h"
+#include "Paths.h"
+
+namespace vtr {
+
+std::string ProgramFolder() {
+    std::array<wchar_t, 32768> name;
+    const DWORD length = GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()));
+    if (length == 0 || length == name.size())
+        throw Error(ErrorKind::FileAccess, {}, "finding the program's folder",
+                    std::system_category().message(static_cast<int>(GetLastError())));
+    return std::string(FolderOf(PathText(std::filesystem::path(name.data(), name.data() + length))));
+}
+
+std::string UserConfigFolder() {
+    const wchar_t *folder = _wgetenv(L"APPDATA");
+    return PathText(folder != nullptr ? folder : L".") + "\\vtr-target-editor\\";
+}
+
+bool FolderIsWritable(const std::string &folder) {
+    // Only an attempt tells: the access rights of the folder, of the user's groups and of the system add up.
+    const std::filesystem::path probe = FilesystemPath(folder) / L".vtr-probe.tmp";
+    const HANDLE file = CreateFileW(probe.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return false;
+    CloseHandle(file);
+    return true;
+}
+
+}  // namespace vtr

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vtr {
+
+// The game's text is single-byte. It is shown as Windows-1252; the five bytes which that leaves undefined
+// (129, 141, 143, 144, 157) become the control characters of the same number, so that every byte survives
+// both ways.
+
+/// The UTF-8 text that the single-byte characters show as.
+std::string Utf8OfWindows1252(std::string_view bytes);
+/// True when bytes is well-formed UTF-8 (plain ASCII is).
+bool IsUtf8(std::string_view bytes);
+/// A file name from a project file as UTF-8: as it stands when it is UTF-8, else taken as Windows-1252.
+std::string FileNameText(std::string_view bytes);
+/// text with its ASCII letters in upper case.
+std::string UpperAscii(std::string_view text);
+
+}  // namespace vtr

@@ -1,0 +1,54 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+
+#include "DescriptorPosix.h"
+#include "Errors.h"
+#include "Paths.h"
+#include "WholeFile.h"
+
+namespace vtr {
+
+namespace {
+
+[[noreturn]] void ThrowSystemError(const std::string &path, const char *step) {
+    const int number = errno;
+    const bool missing = number == ENOENT || number == ENOTDIR;
+    throw Error(missing ? ErrorKind::FileMissing : ErrorKind::FileAccess, {.file = path}, step,
+                std::generic_category().message(number));
+}
+
+}  // namespace
+
+Bytes ReadWholeFile(const std::string &path) {
+    // Not blocking, so that a pipe is refused and not waited for.
+    const Descriptor file(open(PathOnDisk(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.IsOpen())
+        ThrowSystemError(path, "opening the file");
+    struct stat status {};
+    if (fstat(file.Number(), &status) != 0)
+        ThrowSystemError(path, "asking for the file's size");
+    if (!S_ISREG(status.st_mode))
+        throw Error(ErrorKind::FileAccess, {.file = path}, "a file",
+                    S_ISDIR(status.st_mode) ? "a folder" : "a device or a pipe");
+
+    Bytes bytes(static_cast<std::size_t>(status.st_size));
+    std::size_t held = 0;
+    while (held < bytes.size()) {
+        const ssize_t count = read(file.Number(), bytes.data() + held, bytes.size() - held);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            ThrowSystemError(path, "reading the file");
+        if (count == 0)
+            break;
+        held += static_cast<std::size_t>(count);
+    }
+    bytes.resize(held);
+    return bytes;
+}
+
+}  // namespace vtr
