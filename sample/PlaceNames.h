@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "Theatre.h"
+
+namespace vtr {
+
+/// The invented place number index (from 0) of a country, in the game's single-byte characters; no two are
+/// the same.
+std::string PlaceName(Country country, int index);
+
+}  // namespace vtr

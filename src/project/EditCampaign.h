@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Campaign.h"
+#include "GamePosition.h"
+
+namespace vtr {
+
+// Every change that the user makes to one item. All throw an index Error for an item that does not exist and
+// an overflow Error for a number that its field cannot hold, and then change nothing.
+
+void SetTargetPixel(Campaign &campaign, int target, Axis axis, int pixel);
+void SetTargetFineOffset(Campaign &campaign, int target, Axis axis, int metres);
+void SetTargetCount(Campaign &campaign, int target, int count);
+void SetTargetIsAirfield(Campaign &campaign, int target, bool isAirfield);
+
+/// True when the target's name entry may become name: the names file has room for it, or it grows no longer.
+bool TargetNameFits(const Campaign &campaign, int target, std::string_view name);
+/// Renames the name entry that the target refers to, and with it every target that refers to the same one.
+void RenameTarget(Campaign &campaign, int target, const std::string &name);
+
+/// year counts 0 to 3 as in airfieldYears.
+void SetAirfieldModel(Campaign &campaign, int airfield, std::size_t year, int model);
+void SetAirfieldYearSlot(Campaign &campaign, int airfield, std::size_t year, const AirfieldYearSlot &slot);
+void SetAirfieldExtraWord(Campaign &campaign, int airfield, int word);
+void SetAirfieldCountry(Campaign &campaign, int airfield, std::uint8_t country);
+
+void SetFrontlinePixel(Campaign &campaign, int slot, int point, Axis axis, int pixel);
+void SetFrontlinePointOnMap(Campaign &campaign, int slot, int point, bool onMap);
+/// Copies all points of a slot into every slot.
+void CopyFrontlineIntoAllSlots(Campaign &campaign, int slot);
+
+/// The four coordinates of a railway line: indexes in the order of the file and of a row of flx_rrd.
+enum RailwayCoordinate : std::size_t { X1, X2, Y1, Y2 };
+constexpr std::array<std::int16_t RailwayLine::*, 4> railwayPixels{&RailwayLine::x1, &RailwayLine::x2,
+                                                                   &RailwayLine::y1, &RailwayLine::y2};
+
+void SetRailwayPixel(Campaign &campaign, int line, RailwayCoordinate coordinate, int pixel);
+void SetRailwayFineOffset(Campaign &campaign, int line, RailwayCoordinate coordinate, int metres);
+/// Clears both ends of every line from line on, for good, and remembers line as the first disabled one. The
+/// fine offsets stay.
+void DisableRailwayFrom(Campaign &campaign, int line);
+/// Forgets which line was the first disabled one; what was cleared stays cleared.
+void EnableRailway(Campaign &campaign);
+
+}  // namespace vtr

@@ -1,0 +1,174 @@
+#include "NewProject.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "AtomicWrite.h"
+#include "Errors.h"
+#include "MapGeneration.h"
+#include "Paths.h"
+#include "WholeFile.h"
+
+namespace vtr {
+
+// ROADLIST.DAT has no colon, and so loses its T where captions lose their last character.
+const std::array<NewProjectRow, newProjectRowTotal> newProjectRows = {{
+    {12, "BMP MAP:", "*.bmp", generatedMapName},
+    {11, "VTR.TM:", "*.tm", "VTR.TM"},
+    {2, "TILES DIR.:", "*.pcx", "BNGrass.pcx"},
+    {0, "TARGET.DAT:", "*.dat", "TARGET.DAT"},
+    {10, "TARNAMES.STR:", "*.str", "TARNAMES.STR"},
+    {1, "GRIDDATA.DAT:", "*.dat", "GRIDDATA.DAT"},
+    {3, "FRNTLINE.DAT:", "*.dat", "FRNTLINE.DAT"},
+    {4, "AIRFIELD.DAT:", "*.dat", "AIRFIELD.DAT"},
+    {5, "VTR_RRD.DAT:", "*.dat", "VTR_RRD.DAT"},
+    {6, "ROADLIST.DAT", "*.dat", "ROADLIST.DAT"},
+    {7, "ROADWPT.DAT:", "*.dat", "ROADWPT.DAT"},
+    {8, "RAILLIST.DAT:", "*.dat", "RAILLIST.DAT"},
+    {9, "RAILWPT.DAT:", "*.dat", "RAILWPT.DAT"},
+}};
+
+namespace {
+
+/// The keys as the project file spells them, in its order, and the rows whose file they name.
+constexpr std::array<std::pair<std::string_view, std::size_t>, 12> projectKeys = {{
+    {"Map", 12},
+    {"MapTM", 11},
+    {"TARGETS", 0},
+    {"TARNAMES", 10},
+    {"GridData", 1},
+    {"Frontline", 3},
+    {"Airfield", 4},
+    {"Railway", 5},
+    {"ROADWPT", 7},
+    {"RoadList", 6},
+    {"RAILWPT", 9},
+    {"RailList", 8},
+}};
+
+/// The name that a row's file gets in the project's folder: that of the file picked last, else its own.
+std::string_view CopiedName(const NewProject &project, std::size_t index) {
+    const std::string &chosen = project.ChosenFileNames[index];
+    return chosen.empty() ? FileNameOf(project.filenames[index]) : chosen;
+}
+
+bool AreTheSameFile(const std::string &one, const std::string &other) {
+    const std::filesystem::path file = FilesystemPath(PathOnDisk(one));
+    std::error_code error;
+    return std::filesystem::is_regular_file(file, error) &&
+           std::filesystem::equivalent(file, FilesystemPath(PathOnDisk(other)), error);
+}
+
+void CopyRow(const NewProject &project, std::size_t index, const std::string &folder) {
+    const std::string &source = project.filenames[index];
+    const std::string copy = folder + std::string(CopiedName(project, index));
+    if (!AreTheSameFile(source, copy))
+        AtomicWrite(copy, ReadWholeFile(source));
+}
+
+/// Throws the Error of a project file that cannot be written, and leaves what is there as it is.
+void CheckProjectFile(const std::string &path) {
+    // The file itself, not a link to it, goes away again.
+    const std::filesystem::path file = FilesystemPath(FollowLinks(PathOnDisk(path)));
+    const bool isNew = !FileExists(path);
+    AtomicWrite(path, isNew ? Bytes() : ReadWholeFile(path));
+    std::error_code error;
+    if (isNew)
+        std::filesystem::remove(file, error);
+}
+
+Bytes ProjectFileOf(const NewProject &project) {
+    std::string text = "Name=" + project.name + "\r\n";
+    for (const auto &[key, index] : projectKeys)
+        text += std::string(key) + "=" + project.ChosenFileNames[index] + "\r\n";
+    return {text.begin(), text.end()};
+}
+
+/// Does one of the steps that a new project does not depend on: when it fails, the next one is taken.
+template <typename Step>
+void Try(Step step) {
+    try {
+        step();
+    } catch (const Error &) {
+    }
+}
+
+}  // namespace
+
+const NewProjectRow &NewProjectRowOf(std::size_t index) {
+    const auto *const row =
+        std::find_if(newProjectRows.begin(), newProjectRows.end(),
+                     [index](const NewProjectRow &candidate) { return candidate.index == index; });
+    if (row == newProjectRows.end())
+        throw Error(ErrorKind::IndexOutOfRange, {.item = "new-project row"}, "0 to 12",
+                    std::to_string(index));
+    return *row;
+}
+
+std::string FieldCaption(std::size_t index) {
+    const std::string_view caption = NewProjectRowOf(index).caption;
+    return std::string(caption.substr(0, caption.size() - 1));
+}
+
+std::string BrowseTitle(std::size_t index) {
+    return index == tilesRow ? "DIRECTORY CONTAINING TILES" : "Browse for " + FieldCaption(index);
+}
+
+std::string BrowseFilter(std::size_t index) {
+    const std::string pattern(NewProjectRowOf(index).pattern);
+    return (index == tilesRow ? pattern : FieldCaption(index)) + "|" + pattern;
+}
+
+void NewProject::Pick(std::size_t index, std::string_view path) {
+    if (path.empty())
+        return;
+    if (index == tilesRow) {
+        const std::string_view folder = FolderOf(path);
+        filenames[index] = folder.substr(0, std::max<std::size_t>(folder.size(), 1) - 1);
+    } else {
+        filenames[index] = path;
+        ChosenFileNames[index] = FileNameOf(path);
+    }
+}
+
+void NewProject::PickFromFolder(const std::string &folder) {
+    std::string start = folder;
+    if (!FileNameOf(start).empty())
+        start += SeparatorOf(start);
+    for (const NewProjectRow &row : newProjectRows) {
+        const std::string path = PathOnDisk(start + std::string(row.usualName));
+        std::error_code error;
+        if (std::filesystem::is_regular_file(FilesystemPath(path), error))
+            Pick(row.index, path);
+    }
+}
+
+std::optional<std::size_t> NewProject::FirstEmptyRow() const {
+    for (std::size_t index = 0; index < mapRow; ++index)
+        if (filenames[index].empty())
+            return index;
+    return std::nullopt;
+}
+
+void CreateProject(NewProject &project, const std::string &projectPath, const std::string &programFolder) {
+    const std::string folder(FolderOf(projectPath));
+    CheckProjectFile(projectPath);
+    for (std::size_t index = 0; index < mapRow; ++index)
+        if (index != tilesRow)
+            CopyRow(project, index, folder);
+    const auto writeProjectFile = [&] { AtomicWrite(projectPath, ProjectFileOf(project)); };
+    if (!project.filenames[mapRow].empty()) {
+        CopyRow(project, mapRow, folder);
+        writeProjectFile();
+        return;
+    }
+    project.ChosenFileNames[mapRow] = generatedMapName;
+    Try([&] {
+        GenerateMap(programFolder + "map.dat", folder, std::string(CopiedName(project, terrainRow)));
+    });
+    Try(writeProjectFile);
+}
+
+}  // namespace vtr

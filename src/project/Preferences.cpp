@@ -1,0 +1,180 @@
+#include "Preferences.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <limits>
+#include <optional>
+#include <string_view>
+#include <system_error>
+
+#include "Arithmetic.h"
+#include "AtomicWrite.h"
+#include "ColourSliders.h"
+#include "KeyValueLines.h"
+#include "Paths.h"
+#include "WholeFile.h"
+
+namespace vtr {
+
+namespace {
+
+struct ColourKey {
+    std::string_view key;
+    std::int32_t Preferences::*colour;
+};
+
+/// In the order of their lines.
+constexpr std::array<ColourKey, 6> colourKeys{{{"FRONTLINECOLOUR", &Preferences::FrontlineColour},
+                                               {"RAILWAYCOLOUR", &Preferences::RailwayColour},
+                                               {"ROADINTCOLOUR", &Preferences::RoadIntColour},
+                                               {"RAILINTCOLOUR", &Preferences::RailIntColour},
+                                               {"TARGETCOLOUR", &Preferences::TargetColour},
+                                               {"AIRFIELDCOLOUR", &Preferences::AirfieldColour}}};
+constexpr std::array<std::string_view, 4> projectKeys{"LASTPROJECT1", "LASTPROJECT2", "LASTPROJECT3",
+                                                      "LASTPROJECT4"};
+constexpr std::array<std::string_view, 4> fileKeys{"LASTFILE1", "LASTFILE2", "LASTFILE3", "LASTFILE4"};
+constexpr std::string_view flashKey = "FLASHTARGET";
+
+/// The value for a text key; null when key is none.
+std::string *TextOf(Preferences &preferences, std::string_view key) {
+    for (std::size_t i = 0; i < projectKeys.size(); ++i) {
+        if (key == projectKeys[i])
+            return &preferences.RecentProjectNames[i];
+        if (key == fileKeys[i])
+            return &preferences.RecentProjectFiles[i];
+    }
+    return nullptr;
+}
+
+/// The value for a number key; null when key is none.
+std::int32_t *NumberOf(Preferences &preferences, std::string_view key) {
+    const auto found = std::ranges::find(colourKeys, key, &ColourKey::key);
+    if (found != colourKeys.end())
+        return &(preferences.*found->colour);
+    return key == flashKey ? &preferences.FlashTarget : nullptr;
+}
+
+/// The whole number that a value stands for: colours are rounded down, the switch to the nearest one.
+std::optional<std::int32_t> WholeNumber(std::string_view key, std::string_view value) {
+    const std::optional<double> number = FindNumber(value);
+    if (!number)
+        return std::nullopt;
+    const double whole = key == flashKey ? RoundHalfEven(*number) : std::floor(*number);
+    if (whole < std::numeric_limits<std::int32_t>::min() || whole > std::numeric_limits<std::int32_t>::max())
+        return std::nullopt;
+    return RoundToInt32(whole);
+}
+
+void ShowRecentProjects(Preferences &preferences) {
+    for (std::size_t i = 0; i < preferences.RecentProjectNames.size(); ++i) {
+        const std::string &name = preferences.RecentProjectNames[i];
+        if (!name.empty())
+            preferences.RecentProjectCaptions[i] = RecentProjectCaption(static_cast<int>(i) + 1, name);
+    }
+}
+
+void MakeFolderOf(const std::string &path) {
+    // When this fails, so does the writing, which then says why.
+    std::error_code error;
+    std::filesystem::create_directories(FilesystemPath(FolderOf(path)), error);
+}
+
+}  // namespace
+
+Preferences ShippedPreferences() {
+    Preferences preferences;
+    preferences.FrontlineColour = ColourOfSliders({255, 32, 0});   // red
+    preferences.RailwayColour = ColourOfSliders({32, 0, 0});       // nearly black
+    preferences.RoadIntColour = ColourOfSliders({192, 128, 160});  // rose
+    preferences.RailIntColour = ColourOfSliders({0, 0, 128});      // navy
+    preferences.TargetColour = ColourOfSliders({224, 0, 255});     // magenta
+    preferences.AirfieldColour = ColourOfSliders({96, 224, 255});  // sky
+    preferences.FlashTarget = 1;
+    return preferences;
+}
+
+PreferencesRead DecodePreferences(ConstByteSpan bytes) {
+    PreferencesRead read;
+    const auto passOver = [&read](const KeyValueLine &line, const char *expected, std::string found) {
+        read.badLines.push_back({line.number, line.text, expected, std::move(found)});
+    };
+    for (const KeyValueLine &line : SplitKeyValueLines(bytes)) {
+        if (!line.hasEquals) {
+            passOver(line, "a key, \"=\" and a value", "no \"=\"");
+        } else if (std::string *text = TextOf(read.preferences, line.key)) {
+            *text = line.value;
+        } else if (std::int32_t *number = NumberOf(read.preferences, line.key)) {
+            if (const auto value = WholeNumber(line.key, line.value))
+                *number = *value;
+            else
+                passOver(line, "a decimal number of 32 bits", "\"" + line.value + "\"");
+        }
+    }
+    ShowRecentProjects(read.preferences);
+    return read;
+}
+
+Bytes EncodePreferences(const Preferences &preferences) {
+    Bytes bytes;
+    const auto addLine = [&bytes](std::string_view key, std::string_view value) {
+        for (const std::string_view part : {key, std::string_view("="), value, std::string_view("\r\n")})
+            bytes.insert(bytes.end(), part.begin(), part.end());
+    };
+    for (const auto &[key, colour] : colourKeys) {
+        const std::int32_t value = preferences.*colour;
+        addLine(key, (value < 0 ? "" : " ") + std::to_string(value));
+    }
+    for (std::size_t i = 0; i < projectKeys.size(); ++i) {
+        addLine(projectKeys[i], preferences.RecentProjectNames[i]);
+        addLine(fileKeys[i], preferences.RecentProjectFiles[i]);
+    }
+    addLine(flashKey, std::to_string(preferences.FlashTarget));
+    return bytes;
+}
+
+PreferencesPaths FindPreferences(const std::string &programFolder, const std::string &userFolder) {
+    const std::string name = "prefs.cfg";
+    if (FolderIsWritable(programFolder))
+        return {programFolder + name, programFolder + name};
+    return {(FileExists(userFolder + name) ? userFolder : programFolder) + name, userFolder + name};
+}
+
+PreferencesRead ReadPreferences(const PreferencesPaths &paths) {
+    if (!FileExists(paths.readFrom))
+        return {ShippedPreferences(), {}, {}};
+    PreferencesRead read = DecodePreferences(ReadWholeFile(paths.readFrom));
+    if (!read.badLines.empty()) {
+        const std::string copy = paths.writeTo + ".bad";
+        MakeFolderOf(copy);
+        std::error_code error;
+        std::filesystem::copy_file(FilesystemPath(PathOnDisk(paths.readFrom)), FilesystemPath(copy),
+                                   std::filesystem::copy_options::overwrite_existing, error);
+        if (!error)
+            read.keptAs = copy;
+    }
+    return read;
+}
+
+void WritePreferences(const PreferencesPaths &paths, const Preferences &preferences) {
+    MakeFolderOf(paths.writeTo);
+    AtomicWrite(paths.writeTo, EncodePreferences(preferences));
+}
+
+std::string RecentProjectCaption(int number, const std::string &name) {
+    return "&" + std::to_string(number) + " " + name;
+}
+
+void UpdateRecentProjects(Preferences &preferences, const std::string &name, const std::string &file) {
+    if (preferences.RecentProjectCaptions[0] == RecentProjectCaption(1, name))
+        return;
+    auto &names = preferences.RecentProjectNames;
+    auto &files = preferences.RecentProjectFiles;
+    std::shift_right(names.begin(), names.end(), 1);
+    std::shift_right(files.begin(), files.end(), 1);
+    names[0] = name;
+    files[0] = file;
+    ShowRecentProjects(preferences);
+}
+
+}  // namespace vtr

@@ -1,0 +1,126 @@
+#include "TargetFile.h"
+
+#include <algorithm>
+
+#include "Arithmetic.h"
+#include "AtomicWrite.h"
+#include "ByteReader.h"
+#include "GamePosition.h"
+#include "WholeFile.h"
+
+namespace vtr {
+
+namespace {
+
+constexpr std::size_t headerSize = 4;
+constexpr std::size_t templateSize = targetTotal * targetRecordSize;
+
+enum TargetOffset : std::size_t {
+    xPosition = 0,
+    yPosition = xPosition + gamePositionSize,
+    kept8 = yPosition + gamePositionSize,
+    nameCode = 16,
+    kept18 = 18,
+    objectCount = 19,
+    extraWord = 20,
+    kept22 = 22,
+    airfieldRef = 24,
+    kept26 = 26,
+    recordEnd = 32
+};
+static_assert(kept8 == 8);
+static_assert(recordEnd == targetRecordSize);
+
+/// The game treats this target as an airfield whatever its record says.
+constexpr std::size_t targetThatIsAlwaysAnAirfield = 81;
+
+Place RecordPlace(const std::string &path, std::size_t i) {
+    return {.file = path,
+            .offset = static_cast<std::int64_t>(headerSize + i * targetRecordSize),
+            .item = "target",
+            .index = static_cast<int>(i)};
+}
+
+/// What the editor does not know of record i, from the template or the file that is replaced.
+std::array<std::uint8_t, targetRecordSize> KeptBytes(std::size_t i, ConstByteSpan templateBytes,
+                                                     ConstByteSpan replaced) {
+    const bool inTemplate = templateBytes.size() >= (i + 1) * targetRecordSize;
+    ByteReader source(inTemplate ? templateBytes : replaced);
+    source.Skip((inTemplate ? 0 : headerSize) + i * targetRecordSize);
+    return source.Take<targetRecordSize>();
+}
+
+}  // namespace
+
+void DecodeTarget(std::span<const std::uint8_t, targetRecordSize> record, std::size_t index,
+                  Campaign &campaign, const Place &place) {
+    TargetRecord &target = campaign.TargetTable[index];
+    const auto word = [&record](std::size_t field) { return TwoByteValue(record[field], record[field + 1]); };
+    const auto x = record.subspan<xPosition, gamePositionSize>();
+    const auto y = record.subspan<yPosition, gamePositionSize>();
+    target.x = std::max(PixelOfGamePosition(Axis::X, x, place.Plus(xPosition)), std::int16_t{0});
+    target.y = std::max(PixelOfGamePosition(Axis::Y, y, place.Plus(yPosition)), std::int16_t{0});
+    campaign.flx_targets[index] = {FineOffsetOfGamePosition(Axis::X, x),
+                                   FineOffsetOfGamePosition(Axis::Y, y)};
+    target.code = word(nameCode);
+    target.name = campaign.TargetNameTable[CheckIndex(target.code, targetNameTotal, place.Plus(nameCode))];
+    target.count = record[objectCount];
+    target.extra_word = word(extraWord);
+    target.airfield_ref = word(airfieldRef);
+    const bool airfield = target.airfield_ref != 0 || index == targetThatIsAlwaysAnAirfield;
+    target.airfield_mark = airfield ? flagSet : std::uint16_t{0};
+}
+
+void EncodeTarget(const Campaign &campaign, std::size_t index,
+                  std::span<std::uint8_t, targetRecordSize> record, const Place &place) {
+    const TargetRecord &target = campaign.TargetTable[index];
+    const auto &[fineX, fineY] = campaign.flx_targets[index];
+    EncodeGamePosition(Axis::X, target.x, fineX, record.subspan<xPosition, gamePositionSize>(),
+                       place.Plus(xPosition));
+    EncodeGamePosition(Axis::Y, target.y, fineY, record.subspan<yPosition, gamePositionSize>(),
+                       place.Plus(yPosition));
+    PutUint16(record, nameCode, target.code);
+    record[objectCount] = ToByte(target.count, place.Plus(objectCount));
+    PutUint16(record, extraWord, target.extra_word);
+    PutUint16(record, airfieldRef, target.airfield_ref);
+}
+
+void DecodeTargets(ConstByteSpan bytes, const std::string &path, Campaign &campaign, LoadListener &listener) {
+    ByteReader reader(bytes);
+    reader.Skip(headerSize);
+    for (std::size_t i = 0; i < targetTotal; ++i) {
+        DecodeTarget(reader.Take<targetRecordSize>(), i, campaign, RecordPlace(path, i));
+        listener.AddProgress(1.0 / targetTotal);
+    }
+    if (reader.RanPastEnd())
+        listener.FoundShortFile({path, bytes.size(), reader.Position()});
+}
+
+void ReadTargets(const std::string &path, Campaign &campaign, LoadListener &listener) {
+    if (!path.empty())
+        DecodeTargets(ReadWholeFile(path), path, campaign, listener);
+}
+
+Bytes EncodeTargets(const Campaign &campaign, ConstByteSpan templateBytes, ConstByteSpan replaced,
+                    const std::string &path) {
+    Bytes file(headerSize);
+    file.reserve(headerSize + templateSize);
+    PutUint32(file, 0, targetTotal);
+    for (std::size_t i = 0; i < targetTotal; ++i) {
+        auto record = KeptBytes(i, templateBytes, replaced);
+        EncodeTarget(campaign, i, record, RecordPlace(path, i));
+        file.insert(file.end(), record.begin(), record.end());
+    }
+    return file;
+}
+
+void WriteTargets(const std::string &path, const Campaign &campaign, const std::string &programFolder) {
+    if (path.empty())
+        return;
+    const Bytes templateBytes = ReadWholeFileIfThere(programFolder + "targetbase.dat");
+    const bool needsReplaced = templateBytes.size() < templateSize;
+    const Bytes replaced = needsReplaced ? ReadWholeFileIfThere(path) : Bytes();
+    AtomicWrite(path, EncodeTargets(campaign, templateBytes, replaced, path));
+}
+
+}  // namespace vtr

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Campaign.h"
+#include "LoadListener.h"
+
+namespace vtr {
+
+constexpr std::size_t targetRecordSize = 32;
+
+/// Fills target index of the tables from its record of the file, which lies at place; its name comes from
+/// TargetNameTable. Throws an overflow Error for a position and an index Error for a code above 307.
+void DecodeTarget(std::span<const std::uint8_t, targetRecordSize> record, std::size_t index,
+                  Campaign &campaign, const Place &place = {});
+/// Puts target index of the tables into its record of the file; the bytes that the editor does not know stay
+/// as they are. Throws overflow and type-mismatch Errors.
+void EncodeTarget(const Campaign &campaign, std::size_t index,
+                  std::span<std::uint8_t, targetRecordSize> record, const Place &place = {});
+
+/// Fills TargetTable and flx_targets from a whole file's bytes; path is for messages.
+void DecodeTargets(ConstByteSpan bytes, const std::string &path, Campaign &campaign, LoadListener &listener);
+/// Fills TargetTable and flx_targets from the file at path; an empty path leaves them alone. The target names
+/// must have been read before. Throws the errors of file access, overflow, and index for a code above 307.
+void ReadTargets(const std::string &path, Campaign &campaign, LoadListener &listener);
+
+/// The whole targets file. What the editor does not know of a record comes from templateBytes (record i at 32
+/// * i, no header) when it holds the record whole, else from replaced, the targets file that stood there
+/// before, else is zero. path is for messages.
+Bytes EncodeTargets(const Campaign &campaign, ConstByteSpan templateBytes, ConstByteSpan replaced,
+                    const std::string &path = {});
+
+/// Writes the targets file with the template "targetbase.dat" of programFolder (ending in a separator), which
+/// may be missing; an empty path writes nothing.
+void WriteTargets(const std::string &path, const Campaign &campaign, const std::string &programFolder);
+
+}  // namespace vtr

@@ -1,0 +1,82 @@
+#include "RandomCampaign.h"
+
+#include "AirfieldLists.h"
+
+namespace vtr {
+
+namespace {
+
+/// A number from 0 to highest.
+template <typename Number>
+Number UpTo(Number highest, std::mt19937 &random) {
+    return static_cast<Number>(random() % (static_cast<unsigned>(highest) + 1));
+}
+
+/// A word that is not the file's "none".
+std::uint16_t RandomWord(std::mt19937 &random) {
+    return UpTo(std::uint16_t{65534}, random);
+}
+
+/// Metres as the editor's fields give them, whole, or with the digits that a file's position gives.
+std::string RandomFineOffset(std::mt19937 &random) {
+    switch (random() % 3) {
+        case 0:
+            return "0";
+        case 1:
+            return std::to_string(UpTo(4099, random));
+        default:
+            return std::to_string(UpTo(4099, random)) + "." + std::to_string(random());
+    }
+}
+
+std::string RandomName(std::size_t longest, std::mt19937 &random) {
+    std::string name(UpTo(longest, random), ' ');
+    for (char &character : name)
+        character = static_cast<char>(1 + UpTo(254, random));
+    return name;
+}
+
+void FillTarget(TargetRecord &target, std::array<std::string, 2> &fine, std::mt19937 &random) {
+    target.x = UpTo(std::int16_t{639}, random);
+    target.y = UpTo(std::int16_t{319}, random);
+    fine = {RandomFineOffset(random), RandomFineOffset(random)};
+    target.code = UpTo(std::uint16_t{targetNameTotal - 1}, random);
+    target.count = UpTo(std::uint16_t{255}, random);
+    target.extra_word = RandomWord(random);
+    target.airfield_ref =
+        random() % 2 == 0 ? UpTo(std::uint16_t{airfieldTotal - 1}, random) : std::uint16_t{0};
+}
+
+void FillAirfield(AirfieldRecord &airfield, std::mt19937 &random) {
+    const auto model = [&random] {
+        return static_cast<std::uint8_t>(random() % airfieldModelCaptions.size());
+    };
+    airfield.index_byte = UpTo(std::uint8_t{255}, random);
+    airfield.base_1940 = model();
+    airfield.base_1943 = model();
+    airfield.base_1944 = model();
+    airfield.base_1945 = model();
+    for (AirfieldYearSlot &slot : airfield.yearSlots)
+        slot = YearSlotOfEntry(UpTo(32, random));
+    airfield.airfield_extra_word = RandomWord(random);
+    airfield.country = countryEntries[random() % countryEntries.size()].code;
+}
+
+}  // namespace
+
+void FillWithRandomTables(Campaign &campaign, std::mt19937 &random) {
+    // 308 names of up to 101 characters stay below the most that the file can hold.
+    const std::size_t longestName = random() % 10 == 0 ? 101 : 24;
+    for (std::string &name : campaign.TargetNameTable)
+        name = RandomName(longestName, random);
+    for (std::size_t i = 0; i < targetTotal; ++i) {
+        TargetRecord &target = campaign.TargetTable[i];
+        FillTarget(target, campaign.flx_targets[i], random);
+        target.name = campaign.TargetNameTable[target.code];
+        target.airfield_mark = target.airfield_ref != 0 || i == 81 ? flagSet : std::uint16_t{0};
+    }
+    for (AirfieldRecord &airfield : campaign.AirfieldTable)
+        FillAirfield(airfield, random);
+}
+
+}  // namespace vtr
