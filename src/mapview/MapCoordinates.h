@@ -1,0 +1,43 @@
+#pragma once
+
+#include "MapView.h"
+
+namespace vtr {
+
+/// A point of the map in map pixels.
+struct MapPoint {
+    float x = 0;
+    float y = 0;
+};
+
+/// A point of the viewport. At 100% its coordinates are those of a pixel; above, pixel i reaches from i to
+/// i + 1.
+struct ScreenPoint {
+    float x = 0;
+    float y = 0;
+    bool visible = false;
+};
+
+/// The map point under the viewport's point (x, y): unchanged at 100%, else the whole map pixel. Throws an
+/// overflow Error.
+MapPoint ScreenToMap(const MapView &view, float x, float y);
+
+/// Where a map pixel's middle is shown. It is visible when the screen pixel that holds it lies within the
+/// viewport; at 100% every point counts as visible.
+inline ScreenPoint MapToScreen(const MapView &view, float x, float y) {
+    if (view.MapZoom == 1)
+        return {x, y, true};
+    const float zoom = view.MapZoom;
+    const float screenX = (x - static_cast<float>(view.h_scroll.Value)) * zoom + zoom * 0.5F;
+    const float screenY = (y - static_cast<float>(view.v_scroll.Value)) * zoom + zoom * 0.5F;
+    // Without &&, whose jumps could not be foretold: most points of a magnified map are off-screen somewhere.
+    const bool visible =
+        bool((screenX >= 0) & (screenX < float{mapWidth}) & (screenY >= 0) & (screenY < float{mapHeight}));
+    return {screenX, screenY, visible};
+}
+
+/// How many map pixels the viewport shows across and down.
+double ViewWidth(const MapView &view);
+double ViewHeight(const MapView &view);
+
+}  // namespace vtr

@@ -1,0 +1,107 @@
+#include "ZoomCommands.h"
+
+#include <algorithm>
+
+#include "Arithmetic.h"
+#include "MapCoordinates.h"
+
+namespace vtr {
+
+namespace {
+
+constexpr std::int16_t largestZoom = 100;
+
+void SetLargeChanges(MapView &view, ScrollBars bars) {
+    view.v_scroll.LargeChange = RoundToInt16(ViewHeight(view));
+    bars.v_scroll.SetLargeChange(view.v_scroll.LargeChange);
+    view.h_scroll.LargeChange = RoundToInt16(ViewWidth(view));
+    bars.h_scroll.SetLargeChange(view.h_scroll.LargeChange);
+}
+
+/// May lower the values and so call the change handlers, which then set the centre anew.
+void SetMaxima(MapView &view, ScrollBars bars) {
+    view.v_scroll.Max = RoundToInt16(mapHeight - ViewHeight(view));
+    bars.v_scroll.SetMaximum(view.v_scroll.Max);
+    view.h_scroll.Max = RoundToInt16(mapWidth - ViewWidth(view));
+    bars.h_scroll.SetMaximum(view.h_scroll.Max);
+}
+
+void PlaceOverviewRectangle(MapView &view) {
+    view.shp_area.Left = RoundToInt16(static_cast<double>(view.h_scroll.Value) / overviewScale);
+    view.shp_area.Top = RoundToInt16(static_cast<double>(view.v_scroll.Value) / overviewScale);
+    view.shp_area.Width = RoundToInt16(ViewWidth(view) / overviewScale);
+    view.shp_area.Height = RoundToInt16(ViewHeight(view) / overviewScale);
+}
+
+std::int16_t CentredValue(std::int16_t center, double halfView) {
+    return std::max<std::int16_t>(RoundToInt16(center - halfView), 0);
+}
+
+void ApplyZoom(MapView &view, ScrollBars bars, bool centred = true) {
+    SetLargeChanges(view, bars);
+    view.shp_area.Visible = true;
+    PlaceOverviewRectangle(view);
+    SetMaxima(view, bars);
+    std::int16_t left = 0;
+    std::int16_t top = 0;
+    if (centred) {
+        left = CentredValue(view.MapCenterX, ViewWidth(view) / 2);
+        top = CentredValue(view.MapCenterY, ViewHeight(view) / 2);
+    }
+    view.ScrollSyncSuspended = true;
+    bars.h_scroll.SetValue(left);
+    bars.v_scroll.SetValue(top);
+    view.ScrollSyncSuspended = false;
+}
+
+}  // namespace
+
+void ZoomTo100(MapView &view, ScrollBars bars) {
+    view.shp_area.Visible = false;
+    view.MapZoom = 1;
+    SetLargeChanges(view, bars);
+    view.zoomMenu = {.inEnabled = true, .outEnabled = false, .checked100 = true};
+    SetMaxima(view, bars);
+    view.MapCenterX = mapWidth / 2;
+    view.MapCenterY = mapHeight / 2;
+}
+
+void ZoomTo200(MapView &view, ScrollBars bars) {
+    view.MapZoom = 2;
+    view.zoomMenu = {.checked200 = true};
+    ApplyZoom(view, bars);
+}
+
+void ZoomTo400(MapView &view, ScrollBars bars) {
+    view.MapZoom = 4;
+    view.zoomMenu = {.checked400 = true};
+    ApplyZoom(view, bars);
+}
+
+void ZoomIn(MapView &view, ScrollBars bars) {
+    view.MapZoom = ToInt16(view.MapZoom + 1);
+    view.zoomMenu = {.inEnabled = view.zoomMenu.inEnabled && view.MapZoom != largestZoom, .outEnabled = true};
+    ApplyZoom(view, bars);
+}
+
+void ZoomOut(MapView &view, ScrollBars bars) {
+    view.MapZoom = ToInt16(view.MapZoom - 1);
+    view.zoomMenu = {.inEnabled = true, .outEnabled = view.zoomMenu.outEnabled && view.MapZoom != 1};
+    ApplyZoom(view, bars, view.MapZoom != 1);
+}
+
+void HScrollChanged(MapView &view, std::int16_t value) {
+    view.h_scroll.Value = value;
+    PlaceOverviewRectangle(view);
+    if (!view.ScrollSyncSuspended)
+        view.MapCenterX = ToInt16(FloorToInt32(ViewWidth(view) / 2) + value);
+}
+
+void VScrollChanged(MapView &view, std::int16_t value) {
+    view.v_scroll.Value = value;
+    PlaceOverviewRectangle(view);
+    if (!view.ScrollSyncSuspended)
+        view.MapCenterY = ToInt16(FloorToInt32(ViewHeight(view) / 2) + value);
+}
+
+}  // namespace vtr
