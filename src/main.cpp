@@ -1,0 +1,29 @@
+#include <memory>
+
+#include "EventBoundary.h"
+#include "Paths.h"
+#include "ProgramIcon.h"
+#include "ProgramVersion.h"
+#include "frm_main.h"
+
+int main(int argc, char **argv) {
+    const auto module = std::make_unique<vtr::TargetEditorModule>();
+
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
+    vtr::EventBoundary application(argc, argv, *module);
+    QCoreApplication::setApplicationName(vtr::programTitle);
+    QCoreApplication::setApplicationVersion(vtr::FullVersionText());
+
+    QGuiApplication::setWindowIcon(vtr::ProgramIcon());
+
+    vtr::frm_main window(*module);
+    const QString commandLine = QCoreApplication::arguments().mid(1).join(QLatin1Char(' '));
+    // In the event loop, where a failure meets the event boundary.
+    const auto start = [&] {
+        module->programFolder = vtr::ProgramFolder();
+        window.Start(commandLine);
+    };
+    QMetaObject::invokeMethod(&window, start, Qt::QueuedConnection);
+    return QCoreApplication::exec();
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QDialog>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <initializer_list>
+
+namespace vtr {
+
+/// A push button with its object name.
+QPushButton *MakeButton(const QString &name, const QString &caption);
+/// The button cmd_cancel, which rejects dialog.
+QPushButton *MakeCancelButton(QDialog &dialog, const QString &caption = QStringLiteral("&Cancel"));
+/// The buttons side by side at the right, in the order given.
+QHBoxLayout *ButtonRow(std::initializer_list<QPushButton *> buttons);
+
+/// The buttons cmd_OK and cmd_cancel, which accept and reject dialog.
+QHBoxLayout *OkCancelRow(QDialog &dialog);
+
+}  // namespace vtr

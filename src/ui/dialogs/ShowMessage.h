@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QMessageBox>
+#include <QString>
+
+#include "ProgramVersion.h"
+
+namespace vtr {
+
+/// Shows text as it stands in a box with an OK button and waits for the user.
+void ShowMessage(QWidget *parent, QMessageBox::Icon icon, const QString &text,
+                 const QString &title = programTitle);
+
+}  // namespace vtr

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QWidget>
+
+#include "Picture.h"
+
+namespace vtr {
+
+/// A picture on the screen, a pixel of it a pixel there.
+class TilePicture : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit TilePicture(const QString &name, QWidget *parent = nullptr);
+
+    /// Takes the picture's size.
+    void SetPicture(Picture picture);
+    const Picture &Shown() const { return picture_; }
+    /// What it shows, to be drawn on without changing its size; call update() afterwards.
+    Picture &Surface() { return picture_; }
+
+  protected:
+    void paintEvent(QPaintEvent *event) override;
+
+  private:
+    Picture picture_;
+};
+
+}  // namespace vtr

@@ -1,0 +1,172 @@
+#include "frm_newproject.h"
+
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMimeData>
+#include <QUrl>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "Buttons.h"
+#include "FileChooser.h"
+#include "GameText.h"
+#include "ShowMessage.h"
+
+namespace vtr {
+
+namespace {
+
+QString Text(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// The first file or folder of this system that is dragged, empty when there is none.
+QString DraggedPath(const QDropEvent &event) {
+    const QList<QUrl> urls = event.mimeData()->urls();
+    return urls.isEmpty() ? QString() : urls.constFirst().toLocalFile();
+}
+
+bool IsFolder(const QString &path) {
+    return !path.isEmpty() && QFileInfo(path).isDir();
+}
+
+std::string NativePath(const QString &path) {
+    return QDir::toNativeSeparators(path).toStdString();
+}
+
+}  // namespace
+
+frm_newproject::frm_newproject(std::string programFolder, QWidget *parent)
+    : QDialog(parent), programFolder_(std::move(programFolder)), name_(new QLineEdit) {
+    setObjectName(QStringLiteral("frm_newproject"));
+    setWindowTitle(QStringLiteral("New Project"));
+    setAcceptDrops(true);
+
+    auto *const grid = new QGridLayout;
+    auto *const nameLabel = new QLabel(QStringLiteral("PROJECT NAME:"));
+    nameLabel->setBuddy(name_);
+    name_->setObjectName(QStringLiteral("txt_prjname"));
+    name_->setAcceptDrops(false);  // a dropped folder is for the dialog
+    grid->addWidget(nameLabel, 0, 0);
+    grid->addWidget(name_, 0, 2, 1, 2);
+    int line = 0;
+    for (const NewProjectRow &row : newProjectRows)
+        AddRow(*grid, ++line, row);
+    grid->setColumnStretch(2, 1);
+
+    QPushButton *const create = MakeButton(QStringLiteral("cmd_ok"), QStringLiteral("&Create"));
+    create->setDefault(true);
+    connect(create, &QPushButton::clicked, this, &frm_newproject::CreateFromFields);
+
+    auto *const layout = new QVBoxLayout(this);
+    layout->addLayout(grid);
+    layout->addStretch();
+    layout->addLayout(ButtonRow({create, MakeCancelButton(*this, QStringLiteral("Cancel"))}));
+}
+
+void frm_newproject::AddRow(QGridLayout &grid, int line, const NewProjectRow &row) {
+    const std::size_t index = row.index;
+    auto *const label = new QLabel(Text(row.caption));
+    label->setObjectName(QStringLiteral("lbl_file(%1)").arg(index));
+    auto *const field = new QLineEdit;
+    field->setObjectName(QStringLiteral("txt_filename(%1)").arg(index));
+    field->setToolTip(QStringLiteral("Airfield Code"));
+    field->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
+    field->installEventFilter(this);
+    label->setBuddy(field);
+    fields_.at(index) = field;
+    QPushButton *const browse =
+        MakeButton(QStringLiteral("cmd_browse(%1)").arg(index), QStringLiteral("..."));
+    browse->setAccessibleName(Text(BrowseTitle(index)));
+    browse->setAutoDefault(false);
+    browse->setFixedWidth(browse->fontMetrics().horizontalAdvance(QStringLiteral(".....")) + 16);
+    connect(browse, &QPushButton::clicked, this, [this, index] { Browse(index); });
+
+    grid.addWidget(label, line, 0);
+    if (index == mapRow)
+        grid.addWidget(new QLabel(QStringLiteral("(OPT)")), line, 1);
+    grid.addWidget(field, line, 2);
+    grid.addWidget(browse, line, 3);
+}
+
+void frm_newproject::Browse(std::size_t index) {
+    Pick(index, ChooseFile(this, QFileDialog::AcceptOpen, Text(BrowseTitle(index)), BrowseFilter(index)));
+}
+
+void frm_newproject::Pick(std::size_t index, const std::string &path) {
+    ReadFields();
+    project_.Pick(index, path);
+    ShowFields();
+}
+
+void frm_newproject::ReadFields() {
+    for (std::size_t index = 0; index < fields_.size(); ++index)
+        project_.filenames[index] = fields_[index]->text().toStdString();
+    // A project file is single-byte text; only a name that has characters beyond that is written as UTF-8.
+    project_.name = GameTextOf(name_->text()).value_or(name_->text().toStdString());
+}
+
+void frm_newproject::ShowFields() {
+    for (std::size_t index = 0; index < fields_.size(); ++index)
+        fields_[index]->setText(Text(project_.filenames[index]));
+}
+
+void frm_newproject::CreateFromFields() {
+    ReadFields();
+    if (const auto empty = project_.FirstEmptyRow()) {
+        ShowMessage(this, QMessageBox::Critical, QStringLiteral("Please Fill in ALL Fields"),
+                    QStringLiteral("New Project"));
+        fields_.at(*empty)->setFocus();
+        return;
+    }
+    projectPath_ =
+        ChooseFile(this, QFileDialog::AcceptSave, QStringLiteral("Save Project As..."), projectFilter);
+    if (!projectPath_.empty())
+        CreateProject(project_, projectPath_, programFolder_);
+    accept();
+}
+
+bool frm_newproject::eventFilter(QObject *watched, QEvent *event) {
+    const bool dropped = event->type() == QEvent::Drop;
+    if (!dropped && event->type() != QEvent::DragEnter && event->type() != QEvent::DragMove)
+        return QDialog::eventFilter(watched, event);
+    auto *const drag = static_cast<QDropEvent *>(event);
+    const QString path = DraggedPath(*drag);
+    const auto index =
+        static_cast<std::size_t>(std::find(fields_.begin(), fields_.end(), watched) - fields_.begin());
+    if (path.isEmpty()) {
+        drag->ignore();  // text, say, or a page of the web: no file to browse for
+        return true;
+    }
+    drag->acceptProposedAction();
+    if (dropped && IsFolder(path)) {
+        if (index == tilesRow)
+            Pick(index, NativePath(QDir::cleanPath(path) + QStringLiteral("/")));
+        else
+            dropEvent(drag);
+    } else if (dropped) {
+        Pick(index, NativePath(path));
+    }
+    return true;
+}
+
+void frm_newproject::dragEnterEvent(QDragEnterEvent *event) {
+    if (IsFolder(DraggedPath(*event)))
+        event->acceptProposedAction();
+}
+
+void frm_newproject::dropEvent(QDropEvent *event) {
+    const QString path = DraggedPath(*event);
+    if (!IsFolder(path))
+        return;
+    ReadFields();
+    project_.PickFromFolder(NativePath(path));
+    ShowFields();
+    event->acceptProposedAction();
+}
+
+}  // namespace vtr

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QDialog>
+#include <QLineEdit>
+#include <array>
+#include <string>
+
+#include "NewProject.h"
+
+class QDropEvent;
+class QGridLayout;
+
+namespace vtr {
+
+/// Collects the files of a new project and makes it. Lets the Error of a step that failed through.
+class frm_newproject : public QDialog {
+    Q_OBJECT
+
+  public:
+    /// programFolder holds map.dat and ends in a separator.
+    explicit frm_newproject(std::string programFolder, QWidget *parent = nullptr);
+
+    /// After the dialog was accepted: the project to load, empty when no place was chosen for it.
+    const std::string &ProjectPath() const { return projectPath_; }
+    /// After the dialog was accepted: whether the map picture was generated.
+    bool MapWasGenerated() const { return !projectPath_.empty() && project_.filenames[mapRow].empty(); }
+
+  protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+  private:
+    void AddRow(QGridLayout &grid, int line, const NewProjectRow &row);
+    void Browse(std::size_t index);
+    void Pick(std::size_t index, const std::string &path);
+    void ReadFields();
+    void ShowFields();
+    void CreateFromFields();
+
+    std::string programFolder_;
+    std::string projectPath_;
+    NewProject project_;
+    QLineEdit *name_;
+    std::array<QLineEdit *, newProjectRowTotal> fields_{};
+};
+
+}  // namespace vtr

@@ -1,0 +1,312 @@
+#include "frm_precise.h"
+
+#include <QCoreApplication>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QMouseEvent>
+#include <QRadioButton>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <algorithm>
+#include <charconv>
+#include <utility>
+#include <variant>
+
+#include "Arithmetic.h"
+#include "Buttons.h"
+#include "PictureRotate.h"
+#include "ShowMessage.h"
+#include "TileTypes.h"
+#include "modPcxReader.h"
+
+namespace vtr {
+
+namespace {
+
+constexpr double tileMetres = 4100;
+constexpr int emptyTileSize = 256;
+constexpr int largestShownSize = 512;
+/// Pixels around the tile that count as its edge: without them nobody could click at 4100 metres.
+constexpr int edgeWidth = 8;
+
+struct Orientation {
+    QString name;
+    QString caption;
+    float rotation;
+};
+
+const std::array<Orientation, 4> &Orientations() {
+    static const std::array<Orientation, 4> orientations{{
+        {QStringLiteral("opt_N"), QStringLiteral("&North"), 0.0F},
+        {QStringLiteral("Opt_E"), QStringLiteral("&East"), -0.5F},
+        {QStringLiteral("Opt_S"), QStringLiteral("&South"), -1.0F},
+        {QStringLiteral("Opt_W"), QStringLiteral("&West"), 0.5F},
+    }};
+    return orientations;
+}
+
+/// Which orientation stands for rotation: south for whatever is none of the four.
+std::size_t OrientationOf(float rotation) {
+    const auto &all = Orientations();
+    const auto found = std::ranges::find(all, rotation, &Orientation::rotation);
+    return found == all.end() ? 2 : static_cast<std::size_t>(found - all.begin());
+}
+
+Picture EmptyTile() {
+    return {emptyTileSize, emptyTileSize,
+            std::vector<std::uint32_t>(std::size_t{emptyTileSize} * emptyTileSize, 0xFFC0C0C0)};
+}
+
+/// A tile's picture, or why there is none.
+struct LoadedTile {
+    Picture picture;
+    QString reason;
+    std::optional<PcxRefusal> refusal;  ///< with a message of its own
+};
+
+LoadedTile LoadTile(const std::string &folder, int type) {
+    try {
+        PcxResult result = LoadPcx(TilePicturePath(folder, type));
+        if (auto *const loaded = std::get_if<PcxPicture>(&result))
+            return {std::move(loaded->picture), {}, {}};
+        const PcxRefusal refusal = std::get<PcxRefusal>(result);
+        if (refusal.message.empty())
+            return {{},
+                    QStringLiteral("%1 is no picture of one or three colour planes.")
+                        .arg(QString::fromStdString(TilePictureFile(type))),
+                    {}};
+        return {{},
+                QString::fromUtf8(refusal.message.data(), static_cast<qsizetype>(refusal.message.size())),
+                refusal};
+    } catch (const Error &error) {
+        return {{}, QString::fromUtf8(error.what()), {}};
+    }
+}
+
+QString MetresText(double metres) {
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), static_cast<float>(metres)).ptr;
+    return QString::fromLatin1(text.data(), end - text.data()) + QStringLiteral(" m");
+}
+
+/// Draws the pixels of a rectangle that lie in picture.
+void FillRed(Picture &picture, const QRect &rectangle) {
+    const QRect inside = rectangle & QRect(0, 0, picture.width, picture.height);
+    for (int y = inside.top(); y <= inside.bottom(); ++y)
+        for (int x = inside.left(); x <= inside.right(); ++x)
+            picture.pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.width) +
+                           static_cast<std::size_t>(x)] = 0xFFFF0000;
+}
+
+QLabel *MakeText(const QString &text) {
+    auto *const label = new QLabel(text);
+    label->setWordWrap(true);
+    return label;
+}
+
+}  // namespace
+
+frm_precise::frm_precise(std::string tilesFolder, QWidget *parent)
+    : QDialog(parent),
+      tilesFolder_(std::move(tilesFolder)),
+      tiles_(new QListWidget),
+      orientation_(new QButtonGroup(this)),
+      picture_(new TilePicture(QStringLiteral("pic_tile"))),
+      hidden_(new TilePicture(QStringLiteral("pic_hidden"), this)),
+      scroll_(new QScrollArea),
+      reason_(new QLabel),
+      readOut_{new QLabel(QStringLiteral("0.00 m")), new QLabel(QStringLiteral("0.00 m"))} {
+    setObjectName(QStringLiteral("frm_precise"));
+    setWindowTitle(QStringLiteral("Precise Position"));
+    hidden_->hide();
+    reason_->setObjectName(QStringLiteral("lbl_reason"));
+    reason_->setTextFormat(Qt::PlainText);
+    reason_->setWordWrap(true);
+    reason_->hide();
+
+    auto *const layout = new QGridLayout(this);
+    layout->addLayout(BuildSide(), 0, 0);
+    layout->addWidget(BuildTileArea(), 0, 1, Qt::AlignTop | Qt::AlignHCenter);
+    layout->addWidget(reason_, 1, 0, 1, 2);
+    layout->addWidget(
+        MakeText(QStringLiteral("Precise Positions are given in metres from the top left corner "
+                                "of the tile. Tiles are 4100x4100 metres.")),
+        2, 0, 1, 2);
+    layout->addWidget(
+        MakeText(QStringLiteral("The measurements are based on a tile of 4.1 km \u00D7 4.1 km.")), 3, 0, 1,
+        2);
+    layout->addLayout(OkCancelRow(*this), 4, 0, 1, 2);
+    layout->setColumnStretch(1, 1);
+    layout->setRowStretch(0, 1);
+    ShowPicture(EmptyTile());
+}
+
+QLayout *frm_precise::BuildSide() {
+    auto *const tilesLabel = new QLabel(QStringLiteral("Tile Types:"));
+    tilesLabel->setObjectName(QStringLiteral("lbl_tiles"));
+    tilesLabel->setBuddy(tiles_);
+    tiles_->setObjectName(QStringLiteral("lst_tiles"));
+    tiles_->setAccessibleName(QStringLiteral("Tile Types"));
+    for (int type = 0; type < tileTypeCount; ++type)
+        tiles_->addItem(QString::fromStdString(TileListText(type)));
+    tiles_->setMinimumWidth(tiles_->sizeHintForColumn(0) + tiles_->verticalScrollBar()->sizeHint().width() +
+                            2 * tiles_->frameWidth());
+    connect(tiles_, &QListWidget::currentRowChanged, this, [this](int row) {
+        if (!busy_ && row >= 0)
+            ShowTile(ToByte(row), rotation_);
+    });
+
+    auto *const group = new QGroupBox(QStringLiteral("Orientation:"));
+    auto *const options = new QGridLayout(group);
+    for (std::size_t index = 0; index < Orientations().size(); ++index) {
+        const Orientation &orientation = Orientations()[index];
+        auto *const option = new QRadioButton(orientation.caption);
+        option->setObjectName(orientation.name);
+        const int id = static_cast<int>(index);
+        orientation_->addButton(option, id);
+        options->addWidget(option, id / 2, id % 2);
+        connect(option, &QRadioButton::toggled, this, [this, rotation = orientation.rotation](bool checked) {
+            if (!busy_ && checked)
+                ShowTile(type_.value_or(0), rotation);
+        });
+    }
+
+    auto *const metres = new QFormLayout;
+    metres->addRow(new QLabel(QStringLiteral("Click X/Y for SUPER Accurate:")));
+    const std::array<QString, 2> names{QStringLiteral("X"), QStringLiteral("Y")};
+    for (std::size_t axis = 0; axis < readOut_.size(); ++axis) {
+        readOut_[axis]->setObjectName(QStringLiteral("lbl_") + names[axis].toLower());
+        metres->addRow(names[axis] + QStringLiteral(":"), readOut_[axis]);
+    }
+
+    auto *const side = new QVBoxLayout;
+    side->addWidget(tilesLabel);
+    side->addWidget(tiles_, 1);
+    side->addWidget(group);
+    side->addLayout(metres);
+    return side;
+}
+
+QWidget *frm_precise::BuildTileArea() {
+    auto *const around = new QWidget;
+    around->setMouseTracking(true);
+    auto *const margin = new QVBoxLayout(around);
+    margin->setContentsMargins(edgeWidth, edgeWidth, edgeWidth, edgeWidth);
+    margin->setSizeConstraint(QLayout::SetFixedSize);
+    margin->addWidget(picture_);
+    picture_->setAccessibleName(QStringLiteral("Tile"));
+    picture_->setToolTip(
+        QStringLiteral("Click the exact position, 0 to 4100 metres from the top left corner"));
+    picture_->setCursor(Qt::CrossCursor);
+    around->installEventFilter(this);
+    picture_->installEventFilter(this);
+    scroll_->setWidget(around);
+    scroll_->setFocusPolicy(Qt::NoFocus);
+    return scroll_;
+}
+
+void frm_precise::SetPosition(std::int16_t xm, std::int16_t ym) {
+    metres_ = {static_cast<double>(xm), static_cast<double>(ym)};
+    fraction_ = {metres_[0] / tileMetres, metres_[1] / tileMetres};
+}
+
+void frm_precise::ShowTile(std::uint8_t type, float rotation) {
+    if (busy_) {
+        waiting_ = Tile{type, rotation};
+        return;
+    }
+    const QScopedValueRollback busy(busy_, true);
+    for (std::optional<Tile> next = Tile{type, rotation}; next; next = std::exchange(waiting_, std::nullopt))
+        Draw(*next);
+}
+
+void frm_precise::Draw(Tile tile) {
+    const bool another = type_ != tile.type;
+    type_ = tile.type;
+    rotation_ = Orientations()[OrientationOf(tile.rotation)].rotation;
+    SelectControls();
+    const LoadedTile loaded = LoadTile(tilesFolder_, tile.type);
+    reason_->setText(loaded.reason);
+    reason_->setVisible(!loaded.reason.isEmpty());
+    hidden_->SetPicture(loaded.picture);
+    if (loaded.picture.Empty()) {
+        ShowPicture(EmptyTile());
+    } else {
+        ShowPicture(loaded.picture);
+        if (tile.rotation != 0)
+            Turn(tile.rotation);
+    }
+    DrawCross();
+    // A click that passed unheeded while the tile turned has moved the marks all the same.
+    SelectControls();
+    if (another && loaded.refusal)
+        ShowMessage(isVisible() ? this : parentWidget(),
+                    loaded.refusal->icon == PcxIcon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon,
+                    loaded.reason);
+}
+
+void frm_precise::SelectControls() {
+    tiles_->setCurrentRow(*type_ < tileTypeCount ? *type_ : -1);
+    orientation_->button(static_cast<int>(OrientationOf(rotation_)))->setChecked(true);
+}
+
+void frm_precise::ShowPicture(const Picture &picture) {
+    const bool resized =
+        picture.width != picture_->Shown().width || picture.height != picture_->Shown().height;
+    picture_->SetPicture(picture);
+    if (!resized)
+        return;
+    const int frame = 2 * (edgeWidth + scroll_->frameWidth());
+    const int besides =
+        picture.height > largestShownSize ? scroll_->verticalScrollBar()->sizeHint().width() : 0;
+    const int below =
+        picture.width > largestShownSize ? scroll_->horizontalScrollBar()->sizeHint().height() : 0;
+    scroll_->setFixedSize(std::min(picture.width, largestShownSize) + frame + besides,
+                          std::min(picture.height, largestShownSize) + frame + below);
+    adjustSize();
+}
+
+void frm_precise::Turn(float rotation) {
+    // Before the dialog is open the user would act on the window behind it.
+    const auto events = isVisible() ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents;
+    RotatePicture(hidden_->Shown(), picture_->Surface(), AngleOfHalfTurns(rotation), [this, events] {
+        picture_->update();
+        QCoreApplication::processEvents(events);
+    });
+}
+
+void frm_precise::DrawCross() {
+    Picture &surface = picture_->Surface();
+    const int x = RoundToInt32(surface.width * fraction_[0]);
+    const int y = RoundToInt32(surface.height * fraction_[1]);
+    FillRed(surface, QRect(QPoint(x, y - 5), QPoint(x, y + 6)));
+    FillRed(surface, QRect(QPoint(x - 5, y), QPoint(x + 6, y)));
+    picture_->update();
+}
+
+bool frm_precise::eventFilter(QObject *watched, QEvent *event) {
+    const bool released = event->type() == QEvent::MouseButtonRelease;
+    if (!released && event->type() != QEvent::MouseMove)
+        return QDialog::eventFilter(watched, event);
+    const QSize size = picture_->size();
+    const QPoint at =
+        picture_->mapFrom(this, qobject_cast<QWidget *>(watched)->mapTo(
+                                    this, static_cast<const QMouseEvent *>(event)->position().toPoint()));
+    const std::array<double, 2> fraction{std::clamp(at.x(), 0, size.width()) / double(size.width()),
+                                         std::clamp(at.y(), 0, size.height()) / double(size.height())};
+    for (std::size_t axis = 0; axis < fraction.size(); ++axis)
+        readOut_[axis]->setText(MetresText(fraction[axis] * tileMetres));
+    if (released) {
+        fraction_ = fraction;
+        ShowTile(type_.value_or(0), rotation_);
+    }
+    return true;
+}
+
+void frm_precise::accept() {
+    metres_ = {fraction_[0] * tileMetres, fraction_[1] * tileMetres};
+    QDialog::accept();
+}
+
+}  // namespace vtr

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QButtonGroup>
+#include <QDialog>
+#include <QLabel>
+#include <QListWidget>
+#include <QScrollArea>
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "TilePicture.h"
+
+namespace vtr {
+
+/// Shows the terrain tile under a position, turned as the game turns it, and lets the user click the exact
+/// spot. Without SetPosition before and MetresX and MetresY after, it is for viewing only.
+class frm_precise : public QDialog {
+    Q_OBJECT
+
+  public:
+    /// tilesFolder holds the tiles' pictures and has no separator behind it.
+    explicit frm_precise(std::string tilesFolder, QWidget *parent = nullptr);
+
+    /// The position to show, in metres from the tile's top left corner.
+    void SetPosition(std::int16_t xm, std::int16_t ym);
+    /// Shows the picture of a tile type, turned by rotation half turns: 0 north, -0.5 east, -1 south, 0.5
+    /// west. Lets the user act while it turns; when one is being turned already, waits for that.
+    void ShowTile(std::uint8_t type, float rotation);
+
+    /// The position in metres from the tile's top left corner: that of SetPosition until the user has
+    /// pressed OK.
+    double MetresX() const { return metres_[0]; }
+    double MetresY() const { return metres_[1]; }
+
+    void accept() override;
+
+  protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+  private:
+    struct Tile {
+        std::uint8_t type;
+        float rotation;
+    };
+
+    QLayout *BuildSide();
+    QWidget *BuildTileArea();
+    void Draw(Tile tile);
+    void SelectControls();
+    void ShowPicture(const Picture &picture);
+    void Turn(float rotation);
+    void DrawCross();
+
+    std::string tilesFolder_;
+    std::array<double, 2> metres_{};
+    std::array<double, 2> fraction_{};
+    std::optional<std::uint8_t> type_;
+    float rotation_ = 0;
+    bool busy_ = false;
+    std::optional<Tile> waiting_;
+
+    QListWidget *tiles_;
+    QButtonGroup *orientation_;
+    TilePicture *picture_;
+    TilePicture *hidden_;
+    QScrollArea *scroll_;
+    QLabel *reason_;
+    std::array<QLabel *, 2> readOut_;
+};
+
+}  // namespace vtr

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vtr {
+
+/// The game's single-byte text as it is shown.
+QString ShownText(std::string_view bytes);
+/// The single-byte text that is shown as text; nothing when a character of it has none.
+std::optional<std::string> GameTextOf(const QString &text);
+
+}  // namespace vtr

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QSpinBox>
+
+namespace vtr {
+
+/// A numeric field: a whole number from 0 to a maximum, typed or stepped. Typing is held within the range at
+/// every key.
+class NumberField : public QSpinBox {
+    Q_OBJECT
+
+  public:
+    /// name goes without its prefix: the field becomes "upd_name" and its line edit "txt_name".
+    NumberField(const QString &name, int maximum, QWidget *parent = nullptr);
+
+    /// Sets the number as stepping does. Outside the range it refuses: false, and the old number stays.
+    bool SetNumber(int number);
+    /// Shows the number that a record holds and tells nobody. One outside the range, which a file may hold,
+    /// is shown as it is until the user edits it.
+    void ShowRecordValue(int number);
+    /// Shows text instead of "0". A digit typed into it replaces it.
+    void SetZeroText(const QString &text);
+
+    void stepBy(int steps) override;
+    /// Rewrites text to the nearest number of the range; an empty text and a lone "-" are left alone.
+    QValidator::State validate(QString &text, int &position) const override;
+
+  Q_SIGNALS:
+    /// The user or SetNumber changed the number. Unlike valueChanged it does not come for the Enter key
+    /// alone.
+    void NumberChanged(int number);
+
+  protected:
+    QString textFromValue(int number) const override;
+    int valueFromText(const QString &text) const override;
+    StepEnabled stepEnabled() const override;
+    void wheelEvent(QWheelEvent *event) override;
+
+  private:
+    using QSpinBox::setMaximum;
+    using QSpinBox::setMinimum;
+    using QSpinBox::setRange;
+    using QSpinBox::setValue;
+
+    bool InRange(int number) const { return number >= 0 && number <= maximum_; }
+    void WidenTo(int number);
+    void TellChange(int number);
+    QString WithoutZeroText(const QString &text) const;
+
+    int maximum_;
+    int told_ = 0;
+    QString zeroText_;
+};
+
+}  // namespace vtr

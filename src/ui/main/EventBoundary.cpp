@@ -1,0 +1,52 @@
+#include "EventBoundary.h"
+
+#include <exception>
+
+#include "ErrorReport.h"
+#include "ShowMessage.h"
+
+namespace vtr {
+
+namespace {
+
+QString LostEdits(const TargetEditorModule &module) {
+    return module.campaign.ProjectLoaded
+               ? QStringLiteral(
+                     "The program ends now. Edits that you had not saved, if any, are lost; the files that "
+                     "you saved are as you saved them.")
+               : QStringLiteral("The program ends now. No project was loaded, so no edits are lost.");
+}
+
+}  // namespace
+
+EventBoundary::EventBoundary(int &argc, char **argv, const TargetEditorModule &module)
+    : QApplication(argc, argv), module_(module) {}
+
+bool EventBoundary::notify(QObject *receiver, QEvent *event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const Error &error) {
+        Fail(ErrorReport(module_.operation, error, LostEdits(module_)));
+    } catch (const std::exception &error) {
+        Fail(QStringLiteral("%1 failed.\n\n%2\n\n%3")
+                 .arg(module_.operation, QString::fromUtf8(error.what()), LostEdits(module_)));
+    }
+    return false;
+}
+
+void EventBoundary::Fail(const QString &report) {
+    if (reporting_)
+        return;
+    reporting_ = true;
+    // The event that threw is still being handled here: no window may be opened before it has unwound.
+    QMetaObject::invokeMethod(
+        this,
+        [this, report] {
+            ShowMessage(nullptr, QMessageBox::Critical, report);
+            reporting_ = false;
+            QCoreApplication::exit(1);
+        },
+        Qt::QueuedConnection);
+}
+
+}  // namespace vtr

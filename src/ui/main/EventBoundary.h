@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QApplication>
+
+#include "TargetEditorModule.h"
+
+namespace vtr {
+
+/// The application object. What its events throw is not recovered from: it is shown in one message, and the
+/// program ends with exit status 1.
+class EventBoundary : public QApplication {
+    Q_OBJECT
+
+  public:
+    EventBoundary(int &argc, char **argv, const TargetEditorModule &module);
+
+    bool notify(QObject *receiver, QEvent *event) override;
+
+  private:
+    void Fail(const QString &report);
+
+    const TargetEditorModule &module_;
+    bool reporting_ = false;  ///< one message is enough
+};
+
+}  // namespace vtr

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+
+#include "MainWidgets.h"
+
+namespace vtr {
+
+class frm_precise;
+
+/// The buttons of the panels that open a dialog or work on all targets at once.
+class ItemCommands : public QObject {
+    Q_OBJECT
+
+  public:
+    ItemCommands(TargetEditorModule &module, MainWidgets &widgets, QMainWindow *window,
+                 std::function<void()> redraw);
+
+  private:
+    /// The fields of one position of the panels: its tile, and the metres within it.
+    struct PositionFields {
+        const char *x;
+        const char *y;
+        const char *xm;
+        const char *ym;
+    };
+
+    void FindTarget();
+    void ReorderAllTargets();
+    void PositionPrecisely(const PositionFields &fields);
+    void ViewTile();
+    /// False, after a message, when the position lies on no tile.
+    bool ShowTileAt(const PositionFields &fields, frm_precise &dialog) const;
+
+    TargetEditorModule &module_;
+    MainWidgets &widgets_;
+    QMainWindow *window_;
+    std::function<void()> redraw_;
+};
+
+}  // namespace vtr

@@ -1,0 +1,101 @@
+#include "MainMenu.h"
+
+#include "GameText.h"
+
+namespace vtr {
+
+namespace {
+
+QMenu *AddMenu(QMenuBar *bar, const char *name, const char *caption) {
+    QMenu *menu = bar->addMenu(QMenuBar::tr(caption));
+    menu->setObjectName(QLatin1String(name));
+    return menu;
+}
+
+QAction *AddEntry(QMenu *menu, const char *name, const char *caption, const QKeySequence &key = {}) {
+    QAction *entry = menu->addAction(QMenuBar::tr(caption));
+    entry->setObjectName(QLatin1String(name));
+    entry->setShortcut(key);
+    return entry;
+}
+
+QAction *AddCheck(QMenu *menu, const char *name, const char *caption, bool checked,
+                  const QKeySequence &key = {}) {
+    QAction *entry = AddEntry(menu, name, caption, key);
+    entry->setCheckable(true);
+    entry->setChecked(checked);
+    return entry;
+}
+
+QAction *AddSeparator(QMenu *menu, const char *name) {
+    QAction *separator = menu->addSeparator();
+    separator->setObjectName(QLatin1String(name));
+    return separator;
+}
+
+}  // namespace
+
+MainMenu::MainMenu(QMenuBar *bar) {
+    mnu_project = AddMenu(bar, "mnu_project", "&Project");
+    mnu_p_new = AddEntry(mnu_project, "mnu_p_new", "&New Project...", QKeySequence::New);
+    mnu_p_load = AddEntry(mnu_project, "mnu_p_load", "&Load Project...", QKeySequence::Open);
+    AddSeparator(mnu_project, "mnu_p_div1");
+    mnu_p_export = AddEntry(mnu_project, "mnu_p_export", "&Save Files...", QKeySequence::Save);
+    AddSeparator(mnu_project, "mnu_p_div2");
+    mnu_p_prefs = AddEntry(mnu_project, "mnu_p_prefs", "&Preferences...");
+    AddSeparator(mnu_project, "mnu_p_div4");
+    mnu_p_last = {AddEntry(mnu_project, "mnu_p_last1", ""), AddEntry(mnu_project, "mnu_p_last2", ""),
+                  AddEntry(mnu_project, "mnu_p_last3", ""), AddEntry(mnu_project, "mnu_p_last4", "")};
+    mnu_p_div3 = AddSeparator(mnu_project, "mnu_p_div3");
+    mnu_p_exit = AddEntry(mnu_project, "mnu_p_exit", "E&xit");
+
+    mnu_edit = AddMenu(bar, "mnu_edit", "&Edit");
+    mnu_e_target = AddCheck(mnu_edit, "mnu_e_target", "&Targets", true, Qt::Key_F2);
+    mnu_e_frontline = AddCheck(mnu_edit, "mnu_e_frontline", "&Frontlines", false, Qt::Key_F3);
+    mnu_e_railway = AddCheck(mnu_edit, "mnu_e_railway", "&Railways", false, Qt::Key_F4);
+    mnu_e_roadint = AddCheck(mnu_edit, "mnu_e_roadint", "Roa&d Interdiction", false, Qt::Key_F5);
+    mnu_e_railint = AddCheck(mnu_edit, "mnu_e_railint", "Ra&il Interdiction", false, Qt::Key_F6);
+
+    mnu_view = AddMenu(bar, "mnu_view", "&View");
+    mnu_v_targets = AddCheck(mnu_view, "mnu_v_targets", "&Targets", true);
+    mnu_v_frontlines = AddCheck(mnu_view, "mnu_v_frontlines", "&Frontlines", true);
+    mnu_v_railways = AddCheck(mnu_view, "mnu_v_railways", "&Railways", true);
+    mnu_v_roadint = AddCheck(mnu_view, "mnu_v_roadint", "Roa&d Interdiction", false);
+    mnu_v_railint = AddCheck(mnu_view, "mnu_v_railint", "Ra&il Interdiction", false);
+
+    mnu_m_zoom = AddMenu(bar, "mnu_m_zoom", "&Zoom");
+    mnu_m_z_100 = AddCheck(mnu_m_zoom, "mnu_m_z_100", "&100%", true);
+    mnu_m_z_200 = AddCheck(mnu_m_zoom, "mnu_m_z_200", "&200%", false);
+    mnu_m_z_400 = AddCheck(mnu_m_zoom, "mnu_m_z_400", "&400%", false);
+    AddSeparator(mnu_m_zoom, "mnu_m_z_div1");
+    mnu_m_z_in = AddEntry(mnu_m_zoom, "mnu_m_z_in", "Zoom &In", QKeySequence::ZoomIn);
+    mnu_m_z_out = AddEntry(mnu_m_zoom, "mnu_m_z_out", "Zoom &Out", QKeySequence::ZoomOut);
+
+    mnu_help = AddMenu(bar, "mnu_help", "&Help");
+    mnu_h_tutorial = AddEntry(mnu_help, "mnu_h_tutorial", "&Tutorial...");
+    mnu_h_about = AddEntry(mnu_help, "mnu_h_about", "&About...");
+
+    ShowRecentProjects({});
+}
+
+void MainMenu::ShowRecentProjects(const std::array<std::string, 4> &names) const {
+    mnu_p_div3->setVisible(false);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        mnu_p_last[i]->setVisible(!names[i].empty());
+        if (names[i].empty())
+            continue;
+        mnu_p_last[i]->setText(QStringLiteral("&%1 ").arg(i + 1) +
+                               ShownText(names[i]).replace(QLatin1Char('&'), QLatin1String("&&")));
+        mnu_p_div3->setVisible(true);
+    }
+}
+
+void MainMenu::ShowZoom(const ZoomMenuState &state) const {
+    mnu_m_z_in->setEnabled(state.inEnabled);
+    mnu_m_z_out->setEnabled(state.outEnabled);
+    mnu_m_z_100->setChecked(state.checked100);
+    mnu_m_z_200->setChecked(state.checked200);
+    mnu_m_z_400->setChecked(state.checked400);
+}
+
+}  // namespace vtr

@@ -1,0 +1,118 @@
+#include "MapEditing.h"
+
+#include <QCheckBox>
+#include <algorithm>
+
+#include "Arithmetic.h"
+#include "MapCoordinates.h"
+#include "MapFrame.h"
+#include "NumberField.h"
+#include "RailwayPanel.h"
+#include "StatusBar.h"
+
+namespace vtr {
+
+namespace {
+
+/// The modifier keys as one value; every test is on the whole of it, so Ctrl+Shift is not Shift.
+enum class Keys { None, Shift, Other };
+
+Keys KeysOf(const QMouseEvent &event) {
+    const auto held = event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
+    return held == Qt::NoModifier ? Keys::None : held == Qt::ShiftModifier ? Keys::Shift : Keys::Other;
+}
+
+/// The pixel of the map's viewport that the mouse is on: whole, also where the display has finer ones.
+QPoint PixelUnder(const QMouseEvent &event, const QWidget &map) {
+    const QPointF at = map.mapFromGlobal(event.globalPosition());
+    return {FloorToInt32(at.x()), FloorToInt32(at.y())};
+}
+
+}  // namespace
+
+MapEditing::MapEditing(const TargetEditorModule &module, MainWidgets &widgets)
+    : module_(module), widgets_(widgets) {
+    MapSurface *map = widgets.mapFrame->Img_Map;
+    connect(map, &MapSurface::MouseMoved, this, [this](const QMouseEvent *event) { ShowPosition(*event); });
+    connect(map, &MapSurface::MousePressed, this, [this](const QMouseEvent *event) { OpenZoomMenu(*event); });
+    connect(map, &MapSurface::MouseReleased, this, [this](const QMouseEvent *event) { EditAt(*event); });
+    connect(map, &MapSurface::NudgeRequested, this, &MapEditing::Nudge);
+}
+
+void MapEditing::ShowPosition(const QMouseEvent &event) {
+    if (!module_.campaign.ProjectLoaded)
+        return;
+    const QPoint at = PixelUnder(event, *widgets_.mapFrame->Img_Map);
+    widgets_.sb_status->xypos->setText(QString::fromStdString(
+        CursorText(module_.view, static_cast<float>(at.x()), static_cast<float>(at.y()))));
+}
+
+void MapEditing::OpenZoomMenu(const QMouseEvent &event) {
+    if (widgets_.menu.mnu_m_zoom->isEnabled() && event.button() == Qt::RightButton &&
+        KeysOf(event) != Keys::Shift)
+        widgets_.menu.mnu_m_zoom->popup(event.globalPosition().toPoint());
+}
+
+void MapEditing::EditAt(const QMouseEvent &event) {
+    if (!module_.campaign.ProjectLoaded)
+        return;
+    const MainMenu &menu = widgets_.menu;
+    const auto set = [this](const char *field, int value) { widgets_.Number(field).SetNumber(value); };
+    const QPoint at = PixelUnder(event, *widgets_.mapFrame->Img_Map);
+    const MapPoint point = ScreenToMap(module_.view, static_cast<float>(at.x()), static_cast<float>(at.y()));
+    const int x = RoundToInt32(point.x);
+    const int y = RoundToInt32(point.y);
+    const bool left = event.button() == Qt::LeftButton;
+    const bool right = event.button() == Qt::RightButton;
+    const Keys keys = KeysOf(event);
+
+    if (menu.mnu_e_target->isChecked() && left && keys == Keys::None && SelectTargetAt(point.x, point.y))
+        return;
+    if (menu.mnu_e_target->isChecked() && left && keys == Keys::Shift) {
+        set("upd_tar_x", x);
+        set("upd_tar_y", y);
+    }
+    if (menu.mnu_e_frontline->isChecked() && left) {
+        set("upd_frnt_x", x);
+        set("upd_frnt_y", y);
+    }
+    if (menu.mnu_e_railway->isChecked() && left && keys == Keys::Shift) {
+        set("upd_rail_x1", x);
+        set("upd_rail_y1", y);
+    } else if (menu.mnu_e_railway->isChecked() && right && keys == Keys::Shift) {
+        set("upd_rail_x2", x);
+        set("upd_rail_y2", y);
+        if (widgets_.fra_railway->findChild<QCheckBox *>(QStringLiteral("chk_rail_auto"))->isChecked())
+            set("upd_rail_linenum", ToInt16(widgets_.Number("upd_rail_linenum").value() + 1));
+    }
+}
+
+bool MapEditing::SelectTargetAt(float x, float y) {
+    const auto &targets = module_.campaign.TargetTable;
+    const auto found = std::ranges::find_if(targets, [x, y](const TargetRecord &target) {
+        return static_cast<float>(target.x) == x && static_cast<float>(target.y) == y;
+    });
+    if (found == targets.end())
+        return false;
+    widgets_.Number("upd_tar_code").SetNumber(static_cast<int>(found - targets.begin()));
+    return true;
+}
+
+void MapEditing::Nudge(int dx, int dy) {
+    struct ItemFields {
+        QAction *mode;
+        const char *x;
+        const char *y;
+    };
+    const MainMenu &menu = widgets_.menu;
+    for (const ItemFields &item : {ItemFields{menu.mnu_e_target, "upd_tar_x", "upd_tar_y"},
+                                   ItemFields{menu.mnu_e_frontline, "upd_frnt_x", "upd_frnt_y"},
+                                   ItemFields{menu.mnu_e_railway, "upd_rail_x1", "upd_rail_y1"}}) {
+        if (!module_.campaign.ProjectLoaded || !item.mode->isChecked())
+            continue;
+        NumberField &field = widgets_.Number(dx != 0 ? item.x : item.y);
+        field.SetNumber(field.value() + dx + dy);
+    }
+}
+
+}  // namespace vtr

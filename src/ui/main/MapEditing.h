@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QMouseEvent>
+
+#include "MainWidgets.h"
+
+namespace vtr {
+
+/// The mouse and the arrow keys on the map. They never change the campaign: they set the numeric fields of
+/// the panels, whose handlers do.
+class MapEditing : public QObject {
+    Q_OBJECT
+
+  public:
+    MapEditing(const TargetEditorModule &module, MainWidgets &widgets);
+
+  private:
+    void ShowPosition(const QMouseEvent &event);
+    void OpenZoomMenu(const QMouseEvent &event);
+    void EditAt(const QMouseEvent &event);
+    bool SelectTargetAt(float x, float y);
+    void Nudge(int dx, int dy);
+
+    const TargetEditorModule &module_;
+    MainWidgets &widgets_;
+};
+
+}  // namespace vtr

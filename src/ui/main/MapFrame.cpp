@@ -1,0 +1,61 @@
+#include "MapFrame.h"
+
+#include <QGridLayout>
+
+#include "Arithmetic.h"
+
+namespace vtr {
+
+namespace {
+
+class BarControl : public ScrollBarControl {
+  public:
+    explicit BarControl(QScrollBar &bar) : bar_(bar) {}
+
+    void SetLargeChange(std::int16_t change) override { bar_.setPageStep(change); }
+    void SetMaximum(std::int16_t maximum) override { bar_.setMaximum(maximum); }
+    void SetValue(std::int16_t value) override { bar_.setValue(value); }
+
+  private:
+    QScrollBar &bar_;
+};
+
+}  // namespace
+
+MapFrame::MapFrame(MapView &view, QWidget *parent)
+    : QWidget(parent),
+      Img_Map(new MapSurface(this)),
+      view_(view),
+      h_scroll_(AddScrollBar("h_scroll", Qt::Horizontal, HScrollChanged)),
+      v_scroll_(AddScrollBar("v_scroll", Qt::Vertical, VScrollChanged)) {
+    auto *layout = new QGridLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(Img_Map, 0, 0);
+    layout->addWidget(v_scroll_, 0, 1);
+    layout->addWidget(h_scroll_, 1, 0);
+}
+
+QScrollBar *MapFrame::AddScrollBar(const char *name, Qt::Orientation orientation,
+                                   void (*changed)(MapView &view, std::int16_t value)) {
+    auto *bar = new QScrollBar(orientation, this);
+    bar->setObjectName(QLatin1String(name));
+    bar->setMaximum(0);
+    bar->setFocusPolicy(Qt::StrongFocus);
+    bar->setAccessibleName(orientation == Qt::Horizontal ? tr("Map position, left to right")
+                                                         : tr("Map position, top to bottom"));
+    connect(bar, &QScrollBar::valueChanged, this, [this, changed](int value) {
+        changed(view_, ToInt16(value));
+        Q_EMIT AreaChanged();
+    });
+    return bar;
+}
+
+void MapFrame::Zoom(void (*command)(MapView &view, ScrollBars bars)) {
+    BarControl horizontal(*h_scroll_);
+    BarControl vertical(*v_scroll_);
+    command(view_, {horizontal, vertical});
+    Q_EMIT AreaChanged();
+}
+
+}  // namespace vtr

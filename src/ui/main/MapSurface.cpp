@@ -1,0 +1,50 @@
+#include "MapSurface.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QPaintEvent>
+#include <QPainter>
+
+#include "MapView.h"
+
+namespace vtr {
+
+MapSurface::MapSurface(QWidget *parent)
+    : QWidget(parent),
+      surface{mapWidth, mapHeight,
+              std::vector<std::uint32_t>(std::size_t{mapWidth} * mapHeight, 0xFF000000U)},
+      image_(reinterpret_cast<const uchar *>(surface.pixels.data()), mapWidth, mapHeight,
+             QImage::Format_RGB32) {
+    setObjectName(QStringLiteral("Img_Map"));
+    setAccessibleName(tr("Campaign map"));
+    setFixedSize(mapWidth, mapHeight);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::CrossCursor);
+}
+
+void MapSurface::paintEvent(QPaintEvent *event) {
+    QPainter(this).drawImage(event->rect(), image_, event->rect());
+}
+
+void MapSurface::keyPressEvent(QKeyEvent *event) {
+    switch (event->key()) {
+        case Qt::Key_Left:
+            return Q_EMIT NudgeRequested(-1, 0);
+        case Qt::Key_Right:
+            return Q_EMIT NudgeRequested(1, 0);
+        case Qt::Key_Up:
+            return Q_EMIT NudgeRequested(0, -1);
+        case Qt::Key_Down:
+            return Q_EMIT NudgeRequested(0, 1);
+        default:
+            QWidget::keyPressEvent(event);
+    }
+}
+
+void MapSurface::contextMenuEvent(QContextMenuEvent *event) {
+    event->accept();
+}
+
+}  // namespace vtr

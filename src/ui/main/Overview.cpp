@@ -1,0 +1,65 @@
+#include "Overview.h"
+
+#include <QPainter>
+
+namespace vtr {
+
+namespace {
+
+constexpr int overviewWidth = mapWidth / overviewScale;
+constexpr int overviewHeight = mapHeight / overviewScale;
+
+/// A frame of one pixel, in two tones so that it shows on any map.
+class AreaFrame : public QWidget {
+  public:
+    explicit AreaFrame(QWidget *parent) : QWidget(parent) {
+        setObjectName(QStringLiteral("shp_area"));
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        hide();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent *) override {
+        QPainter painter(this);
+        const QRegion inside(rect().adjusted(1, 1, -1, -1));
+        painter.setClipRegion(QRegion(rect()) - inside);
+        painter.fillRect(rect(), Qt::black);
+        painter.fillRect(rect(), QBrush(Qt::white, Qt::Dense4Pattern));
+    }
+};
+
+}  // namespace
+
+Overview::Overview(QWidget *parent) : QWidget(parent), area_(new AreaFrame(this)) {
+    setObjectName(QStringLiteral("Img_SmallMap"));
+    setAccessibleName(tr("Overview of the whole map"));
+    setToolTip(tr("The whole map; the frame marks the part that is shown. A click redraws the map."));
+    setFixedSize(overviewWidth, overviewHeight);
+}
+
+void Overview::ShowPicture(const Picture &map) {
+    // The base map is 640 x 320 whatever the picture's size: what lies beyond is cut off, what lacks stays
+    // black.
+    const QImage whole(reinterpret_cast<const uchar *>(map.pixels.data()), map.width, map.height,
+                       QImage::Format_RGB32);
+    picture_ = whole.copy(0, 0, mapWidth, mapHeight)
+                   .scaled(overviewWidth, overviewHeight, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    update();
+}
+
+void Overview::ShowArea(const OverviewRectangle &area) {
+    area_->setGeometry(area.Left, area.Top, area.Width, area.Height);
+    area_->setVisible(area.Visible);
+}
+
+void Overview::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::black);
+    painter.drawImage(0, 0, picture_);
+}
+
+void Overview::mouseReleaseEvent(QMouseEvent *) {
+    Q_EMIT Clicked();
+}
+
+}  // namespace vtr

@@ -1,0 +1,76 @@
+#include "PreferencesCommands.h"
+
+#include <algorithm>
+#include <span>
+
+#include "ErrorReport.h"
+#include "GameText.h"
+#include "Operation.h"
+#include "Paths.h"
+#include "ShowMessage.h"
+#include "frm_prefs.h"
+
+namespace vtr {
+
+PreferencesCommands::PreferencesCommands(TargetEditorModule &module, MainWidgets &widgets,
+                                         QMainWindow *window)
+    : QObject(window), module_(module), widgets_(widgets), window_(window) {
+    connect(widgets.menu.mnu_p_prefs, &QAction::triggered, this,
+            [this] { frm_prefs(module_.preferences, window_).exec(); });
+}
+
+void PreferencesCommands::Read() {
+    const Operation reading(module_.operation, tr("Reading the preferences"));
+    paths_ = FindPreferences(module_.programFolder, UserConfigFolder());
+    try {
+        read_ = ReadPreferences(paths_);
+    } catch (const Error &error) {
+        // Nothing worth ending the program for: it starts as it was shipped.
+        read_.preferences = ShippedPreferences();
+        ShowMessage(
+            nullptr, QMessageBox::Warning,
+            ErrorReport(module_.operation, error, tr("The program starts with its shipped preferences.")));
+    }
+    module_.preferences = read_.preferences;
+    widgets_.menu.ShowRecentProjects(module_.preferences.RecentProjectNames);
+}
+
+void PreferencesCommands::TellBadLines() {
+    if (read_.badLines.empty())
+        return;
+    QString text = tr("These lines of \"%1\" could not be read and were passed over:\n")
+                       .arg(QString::fromStdString(paths_.readFrom));
+    constexpr std::size_t mostShown = 10;
+    constexpr int longestShown = 60;
+    const auto shortened = [](const std::string &bytes) {
+        const QString shown = ShownText(bytes);
+        return shown.size() > longestShown ? shown.left(longestShown) + QStringLiteral("...") : shown;
+    };
+    for (const BadPreferencesLine &line :
+         std::span(read_.badLines).first(std::min(mostShown, read_.badLines.size())))
+        text += tr("\nLine %1: %2\n    expected %3, found %4")
+                    .arg(line.number)
+                    .arg(shortened(line.text), shortened(line.expected), shortened(line.found));
+    if (read_.badLines.size() > mostShown)
+        text += tr("\n... and %1 more.").arg(read_.badLines.size() - mostShown);
+    text += read_.keptAs.empty()
+                ? tr("\n\nThe file could not be kept under another name: it is overwritten when the "
+                     "program ends.")
+                : tr("\n\nThe file is kept as \"%1\".").arg(QString::fromStdString(read_.keptAs));
+    ShowMessage(window_, QMessageBox::Warning, text);
+}
+
+void PreferencesCommands::Write() {
+    const QString operation = tr("Saving the preferences");
+    try {
+        WritePreferences(paths_, module_.preferences);
+    } catch (const Error &error) {
+        ShowMessage(
+            window_, QMessageBox::Warning,
+            ErrorReport(operation, error,
+                        tr("The next start has the preferences of the last time. The campaign's files "
+                           "are not touched by this.")));
+    }
+}
+
+}  // namespace vtr

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QObject>
+
+#include "MainWidgets.h"
+#include "Preferences.h"
+
+namespace vtr {
+
+/// Reads prefs.cfg when the program starts, edits the preferences, and writes them when it ends.
+class PreferencesCommands : public QObject {
+    Q_OBJECT
+
+  public:
+    PreferencesCommands(TargetEditorModule &module, MainWidgets &widgets, QMainWindow *window);
+
+    void Read();
+    /// Lists the lines that Read passed over, if there were any.
+    void TellBadLines();
+    /// A failure is shown and then let be: the program is ending.
+    void Write();
+
+  private:
+    TargetEditorModule &module_;
+    MainWidgets &widgets_;
+    QMainWindow *window_;
+    PreferencesPaths paths_;
+    PreferencesRead read_;
+};
+
+}  // namespace vtr

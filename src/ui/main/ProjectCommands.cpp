@@ -1,0 +1,260 @@
+#include "ProjectCommands.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QStringList>
+#include <new>
+#include <utility>
+
+#include "ControlBox.h"
+#include "ErrorReport.h"
+#include "FileChooser.h"
+#include "FrontlinePanel.h"
+#include "GameText.h"
+#include "GridData.h"
+#include "MapFrame.h"
+#include "MapLayers.h"
+#include "MapPictureFile.h"
+#include "NumberField.h"
+#include "Operation.h"
+#include "Overview.h"
+#include "ProgramVersion.h"
+#include "RailwayPanel.h"
+#include "ShowMessage.h"
+#include "StatusBar.h"
+#include "TargetPanel.h"
+#include "WaypointPanel.h"
+#include "frm_newproject.h"
+#include "frm_progress.h"
+#include "frm_save.h"
+
+namespace vtr {
+
+namespace {
+
+QString JoinedCaptions(const std::vector<std::string_view> &captions) {
+    QStringList texts;
+    for (const std::string_view caption : captions)
+        texts << QString::fromLatin1(caption.data(), static_cast<qsizetype>(caption.size()));
+    return texts.isEmpty() ? QStringLiteral("none") : texts.join(QStringLiteral(", "));
+}
+
+}  // namespace
+
+ProjectCommands::ProjectCommands(TargetEditorModule &module, MainWidgets &widgets, QMainWindow *window,
+                                 std::function<void()> redraw)
+    : QObject(window),
+      module_(module),
+      widgets_(widgets),
+      window_(window),
+      redraw_(std::move(redraw)),
+      frm_progress_(new frm_progress(window)) {
+    const MainMenu &menu = widgets.menu;
+    connect(menu.mnu_p_new, &QAction::triggered, this, &ProjectCommands::MakeNewProject);
+    connect(menu.mnu_p_load, &QAction::triggered, this, &ProjectCommands::ChooseAndLoad);
+    connect(menu.mnu_p_export, &QAction::triggered, this, [this] { ShowSaveDialog(SaveDialogMode::GoOn); });
+    for (std::size_t i = 0; i < menu.mnu_p_last.size(); ++i)
+        connect(menu.mnu_p_last[i], &QAction::triggered, this, [this, i] { LoadRecent(i); });
+}
+
+void ProjectCommands::Load(const std::string &path) {
+    const Operation loading(module_.operation, tr("Loading the project"));
+    if (const auto refusal = RefusalOfProjectPath(path)) {
+        ShowMessage(window_, QMessageBox::Warning,
+                    ErrorReport(module_.operation, *refusal, tr("Nothing was changed.")));
+        return;
+    }
+    LoadProject(path, module_.campaign, *this);
+}
+
+bool ProjectCommands::OfferExport(SaveDialogMode mode) {
+    if (!module_.campaign.ProjectLoaded)
+        return true;
+    const auto answer =
+        QMessageBox::question(window_, programTitle, QStringLiteral("Do you wish to export this project?"),
+                              QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    if (answer == QMessageBox::Yes)
+        ShowSaveDialog(mode);
+    return answer == QMessageBox::Yes || answer == QMessageBox::No;
+}
+
+void ProjectCommands::ChooseAndLoad() {
+    if (!OfferExport(SaveDialogMode::GoOn))
+        return;
+    const std::string chosen = ChooseFile(window_, QFileDialog::AcceptOpen, QStringLiteral("Load Project"),
+                                          projectFilter, lastChosenFile_);
+    if (chosen.empty())
+        return;
+    lastChosenFile_ = chosen;
+    Load(chosen);
+}
+
+void ProjectCommands::LoadDropped(const QString &path) {
+    if (OfferExport(SaveDialogMode::GoOn))
+        Load(path.toStdString());
+}
+
+void ProjectCommands::LoadRecent(std::size_t index) {
+    // A copy: the load itself moves the list.
+    const std::string file = module_.preferences.RecentProjectFiles[index];
+    if (OfferExport(SaveDialogMode::Wait))
+        Load(file);
+}
+
+void ProjectCommands::MakeNewProject() {
+    const Operation making(module_.operation, tr("Making the new project"));
+    frm_newproject dialog(module_.programFolder, window_);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    if (!dialog.MapWasGenerated())
+        return Load(dialog.ProjectPath());
+    // From the generation of the map on, no failure ends the program.
+    try {
+        Load(dialog.ProjectPath());
+    } catch (const Error &error) {
+        CloseProgress();
+        ShowMessage(
+            window_, QMessageBox::Warning,
+            ErrorReport(tr("Loading the new project"), error,
+                        tr("The project file and the files beside it are made; the map picture may be "
+                           "missing.")));
+    }
+}
+
+void ProjectCommands::ShowSaveDialog(SaveDialogMode mode) {
+    if (auto *open = window_->findChild<frm_save *>(); open != nullptr && mode == SaveDialogMode::GoOn) {
+        open->raise();
+        open->activateWindow();
+        return;
+    }
+    auto *dialog = new frm_save([this](const SaveBoxes &ticked) { return Save(ticked); }, window_);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    if (mode == SaveDialogMode::Wait)
+        dialog->exec();
+    else
+        dialog->show();
+}
+
+bool ProjectCommands::Save(const SaveBoxes &ticked) {
+    QWidget *dialog = QApplication::activeWindow();
+    const QString operation = tr("Saving the files");
+    SaveProgress progress;
+    const auto tellFailure = [&](const Error &error) {
+        const QString consequence =
+            tr("Written before it: %1.\nNot written: %2.\nAll your edits are still in the editor.")
+                .arg(JoinedCaptions(progress.written), JoinedCaptions(progress.notWritten));
+        ShowMessage(dialog, QMessageBox::Warning, ErrorReport(operation, error, consequence));
+    };
+    try {
+        SaveFiles(module_.campaign, ticked, module_.programFolder, progress, [dialog](int target) {
+            ShowMessage(dialog, QMessageBox::Warning, QString::fromStdString(MessageOfMisfit(target)));
+        });
+    } catch (const Error &error) {
+        tellFailure(error);
+    } catch (const std::bad_alloc &) {
+        tellFailure(Error(ErrorKind::Overflow, {}, "files that fit into memory", "no memory left"));
+    }
+    return progress.notWritten.empty();
+}
+
+void ProjectCommands::ShowProgress() {
+    frm_progress_->setWindowTitle(QStringLiteral("Load Project..."));
+    frm_progress_->show();
+}
+
+void ProjectCommands::SetProgress(double value) {
+    frm_progress_->SetProgress(value);
+}
+
+void ProjectCommands::ShowProjectName(const std::string &name) {
+    widgets_.sb_status->project->setText(QStringLiteral("  ") + ShownText(name) + QStringLiteral("  "));
+}
+
+void ProjectCommands::TellNoMap() {
+    ShowMessage(window_, QMessageBox::Information, QStringLiteral("No Map specified. Cannot load project."));
+}
+
+void ProjectCommands::CloseProgress() {
+    frm_progress_->hide();
+}
+
+void ProjectCommands::LoadMapPicture(const std::string &path) {
+    overviewPicture_ = ReadMapPicture(path);
+    widgets_.Img_SmallMap->ShowPicture(overviewPicture_);
+}
+
+void ProjectCommands::EnableProjectControls() {
+    module_.view.MapZoom = 1;
+    widgets_.menu.mnu_m_zoom->setEnabled(true);
+    widgets_.menu.mnu_view->setEnabled(true);
+    widgets_.menu.mnu_p_export->setEnabled(true);
+    widgets_.fra_control->setEnabled(true);
+    widgets_.fra_target->setEnabled(true);
+}
+
+void ProjectCommands::CopyMapPicture() {
+    module_.map = std::move(overviewPicture_);
+    Canvas(widgets_.mapFrame->Img_Map->surface).Stretch(module_.map, 0, 0, 1);
+}
+
+void ProjectCommands::DrawFrontlines() {
+    if (!widgets_.menu.mnu_v_frontlines->isChecked())
+        return;
+    Canvas canvas(widgets_.mapFrame->Img_Map->surface);
+    DrawFrontlineLayer(canvas, module_.view, module_.campaign, module_.preferences,
+                       module_.view.ViewFrontline, -1);
+}
+
+void ProjectCommands::DrawRailways() {
+    if (!widgets_.menu.mnu_v_railways->isChecked())
+        return;
+    Canvas canvas(widgets_.mapFrame->Img_Map->surface);
+    DrawRailwayLayer(canvas, module_.view, module_.campaign, module_.preferences);
+}
+
+void ProjectCommands::ResetViewSelectors() {
+    module_.view.ViewFrontline = 0;
+    widgets_.Number("upd_viewfrontline").ShowRecordValue(0);
+    widgets_.Number("upd_view_railway").ShowRecordValue(0);
+}
+
+void ProjectCommands::ZoomTo100() {
+    widgets_.menu.mnu_m_z_100->trigger();
+}
+
+void ProjectCommands::UpdateRecentProjects() {
+    const ProjectPaths &paths = module_.campaign.paths;
+    vtr::UpdateRecentProjects(module_.preferences, paths.Name, paths.ProjectDir + paths.ProjectFile);
+    widgets_.menu.ShowRecentProjects(module_.preferences.RecentProjectNames);
+}
+
+void ProjectCommands::SelectFirstItems() {
+    bool moved = false;
+    for (const char *selector : {"upd_tar_code", "upd_frnt_num", "upd_frnt_pointnum", "upd_rail_linenum",
+                                 "upd_roi_num", "upd_roi_wptnum", "upd_rai_num", "upd_rai_wptnum"}) {
+        NumberField &field = widgets_.Number(selector);
+        moved = moved || field.value() != 0;
+        field.ShowRecordValue(0);
+    }
+    for (Panel *panel :
+         std::initializer_list<Panel *>{widgets_.fra_target, widgets_.fra_frontline, widgets_.fra_railway,
+                                        widgets_.fra_roadint, widgets_.fra_railint})
+        panel->Refresh();
+    // The map was drawn with the items that were selected before the load.
+    if (moved)
+        redraw_();
+}
+
+void ProjectCommands::TellShortFiles(const std::vector<ShortFile> &files) {
+    QString text =
+        tr("The project is loaded, but these files end too early. What is missing of them counts as "
+           "zero:\n");
+    for (const ShortFile &file : files)
+        text += tr("\n%1\n    found %2 bytes, expected %3 bytes")
+                    .arg(QString::fromStdString(file.path))
+                    .arg(file.found)
+                    .arg(file.expected);
+    ShowMessage(window_, QMessageBox::Warning, text);
+}
+
+}  // namespace vtr

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QStatusBar>
+#include <QToolButton>
+
+namespace vtr {
+
+/// sb_status: five panels whose object names are their keys. They are flat buttons, so that the ones that do
+/// something can be reached by keyboard and by assistive tools.
+class StatusBar : public QStatusBar {
+    Q_OBJECT
+
+  public:
+    explicit StatusBar(QWidget *parent);
+
+    QToolButton *project;
+    QToolButton *curredit;
+    QToolButton *zoom;
+    QToolButton *xypos;
+    QToolButton *version;
+
+  Q_SIGNALS:
+    void VersionDoubleClicked();
+
+  protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+  private:
+    QToolButton *AddPanel(const char *key, const QString &text, const char *toolTip);
+};
+
+}  // namespace vtr

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+#include <string>
+
+#include "Campaign.h"
+#include "MapView.h"
+#include "Picture.h"
+#include "Preferences.h"
+
+namespace vtr {
+
+/// All that the editor holds while it runs: made once by the program's start and handed down by reference.
+struct TargetEditorModule {
+    Campaign campaign;
+    Preferences preferences;
+    MapView view;
+    Picture map;                                             ///< the project's map picture
+    std::string programFolder;                               ///< ends in a separator
+    QString operation = QStringLiteral("Your last action");  ///< what the program is at, see Operation
+};
+
+}  // namespace vtr

@@ -1,0 +1,185 @@
+#include "frm_main.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDir>
+#include <QDropEvent>
+#include <QEventLoop>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QUrl>
+
+#include "AirfieldPanel.h"
+#include "Arithmetic.h"
+#include "ControlBox.h"
+#include "FrontlinePanel.h"
+#include "MapFrame.h"
+#include "MapRedraw.h"
+#include "NumberField.h"
+#include "Operation.h"
+#include "Overview.h"
+#include "ProgramVersion.h"
+#include "RailwayPanel.h"
+#include "StatusBar.h"
+#include "TargetPanel.h"
+#include "WaypointPanel.h"
+#include "frm_about.h"
+#include "frm_tutorial.h"
+
+namespace vtr {
+
+namespace {
+
+constexpr QSize outerSize(888, 742);
+
+/// The path of the one project file that is being dropped; empty when it is anything else.
+QString ProjectFileIn(const QDropEvent &event) {
+    const QList<QUrl> urls = event.mimeData()->urls();
+    if (urls.size() != 1)
+        return {};
+    const QString path = urls.front().toLocalFile();
+    return path.endsWith(QStringLiteral(".prj"), Qt::CaseInsensitive) ? path : QString();
+}
+
+}  // namespace
+
+frm_main::frm_main(TargetEditorModule &module)
+    : module_(module),
+      widgets_(this, module),
+      editModes_(widgets_),
+      mapEditing_(module, widgets_),
+      itemCommands_(module, widgets_, this, [this] { Redraw(); }),
+      preferencesCommands_(module, widgets_, this),
+      projectCommands_(module, widgets_, this, [this] { Redraw(); }),
+      tmr_TargetFlash_(this) {
+    setObjectName(QStringLiteral("frm_main"));
+    setWindowTitle(programTitle);
+    resize(outerSize);
+    // A dropped project file is for the window, not for the text that it happens to fall on.
+    setAcceptDrops(true);
+    for (QLineEdit *edit : findChildren<QLineEdit *>())
+        edit->setAcceptDrops(false);
+    WireMenus();
+    WireMap();
+    WirePanels();
+}
+
+void frm_main::Start(const QString &commandLine) {
+    preferencesCommands_.Read();
+    show();
+    // The frame is known only now: it counts as part of the window.
+    resize(outerSize - (frameGeometry().size() - size()));
+    // On the screen before anything that takes time.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    preferencesCommands_.TellBadLines();
+    if (commandLine.isEmpty())
+        return;
+    QString path = commandLine;
+    if (path.startsWith(QLatin1Char('"'))) {
+        path.remove(0, 1);
+        path.chop(1);
+    }
+    projectCommands_.Load(path.isEmpty() ? std::string() : QDir().absoluteFilePath(path).toStdString());
+}
+
+void frm_main::Redraw() {
+    const Operation drawing(module_.operation, tr("Drawing the map"));
+    MapSurface &map = *widgets_.mapFrame->Img_Map;
+    const auto disabledLines = vtr::Redraw(map.surface, module_.map, module_.campaign, module_.preferences,
+                                           widgets_.Display(), module_.view);
+    if (disabledLines)
+        widgets_.fra_control->ShowDisabledLines(QString::fromStdString(*disabledLines));
+    map.update();
+}
+
+void frm_main::WireMenus() {
+    const MainMenu &menu = widgets_.menu;
+    connect(menu.mnu_p_exit, &QAction::triggered, this, &QWidget::close);
+    for (QAction *entry : {menu.mnu_v_targets, menu.mnu_v_frontlines, menu.mnu_v_railways, menu.mnu_v_roadint,
+                           menu.mnu_v_railint})
+        connect(entry, &QAction::triggered, this, &frm_main::Redraw);
+    AddZoomEntry(menu.mnu_m_z_100, vtr::ZoomTo100);
+    AddZoomEntry(menu.mnu_m_z_200, vtr::ZoomTo200);
+    AddZoomEntry(menu.mnu_m_z_400, vtr::ZoomTo400);
+    AddZoomEntry(menu.mnu_m_z_in, vtr::ZoomIn);
+    AddZoomEntry(menu.mnu_m_z_out, vtr::ZoomOut);
+    connect(menu.mnu_h_tutorial, &QAction::triggered, this, [this] { frm_tutorial(this).exec(); });
+    const auto showAbout = [this] { frm_about(this).exec(); };
+    connect(menu.mnu_h_about, &QAction::triggered, this, showAbout);
+    connect(widgets_.sb_status, &StatusBar::VersionDoubleClicked, this, showAbout);
+    connect(widgets_.sb_status->curredit, &QToolButton::clicked, &editModes_, &EditModes::SwitchToNext);
+}
+
+void frm_main::AddZoomEntry(QAction *entry, void (*command)(MapView &view, ScrollBars bars)) {
+    connect(entry, &QAction::triggered, this, [this, command] {
+        widgets_.mapFrame->Zoom(command);
+        widgets_.menu.ShowZoom(module_.view.zoomMenu);
+        widgets_.sb_status->zoom->setText(QString::fromStdString(ZoomText(module_.view)));
+        Redraw();
+    });
+}
+
+void frm_main::WireMap() {
+    connect(widgets_.mapFrame, &MapFrame::AreaChanged, this,
+            [this] { widgets_.Img_SmallMap->ShowArea(module_.view.shp_area); });
+    connect(widgets_.Img_SmallMap, &Overview::Clicked, this, [this] {
+        if (module_.campaign.ProjectLoaded)
+            Redraw();
+    });
+    tmr_TargetFlash_.setObjectName(QStringLiteral("tmr_TargetFlash"));
+    tmr_TargetFlash_.setInterval(750);
+    connect(&tmr_TargetFlash_, &QTimer::timeout, this, [this] {
+        if (module_.campaign.ProjectLoaded && widgets_.menu.mnu_v_targets->isChecked() &&
+            module_.preferences.FlashTarget != 0)
+            Redraw();
+    });
+    tmr_TargetFlash_.start();
+}
+
+void frm_main::WirePanels() {
+    for (Panel *panel :
+         std::initializer_list<Panel *>{widgets_.fra_target, widgets_.fra_airfield, widgets_.fra_frontline,
+                                        widgets_.fra_railway, widgets_.fra_roadint, widgets_.fra_railint})
+        connect(panel, &Panel::Changed, this, &frm_main::Redraw);
+    connect(widgets_.fra_target, &TargetPanel::StatusMessage, this,
+            [this](const QString &text) { widgets_.sb_status->showMessage(text, 5000); });
+    connect(widgets_.fra_target, &TargetPanel::AirfieldShown, widgets_.fra_airfield,
+            &AirfieldPanel::ShowAirfield);
+    ControlBox *control = widgets_.fra_control;
+    connect(control, &ControlBox::Changed, this, &frm_main::Redraw);
+    connect(control, &ControlBox::ViewFrontlineChanged, this, [this](int slot) {
+        module_.view.ViewFrontline = ToInt16(slot);
+        Redraw();
+    });
+    connect(control, &ControlBox::ViewRailwayChanged, this, [this](int line) {
+        NumberField &lineNumber = widgets_.Number("upd_rail_linenum");
+        if (lineNumber.value() == line)
+            Redraw();
+        else
+            lineNumber.SetNumber(line);  // its own change redraws
+    });
+    connect(widgets_.fra_railway, &RailwayPanel::DisabledLinesChanged, control,
+            &ControlBox::ShowDisabledLines);
+}
+
+void frm_main::closeEvent(QCloseEvent *event) {
+    preferencesCommands_.Write();
+    event->accept();
+}
+
+void frm_main::dragEnterEvent(QDragEnterEvent *event) {
+    if (!ProjectFileIn(*event).isEmpty())
+        event->acceptProposedAction();
+}
+
+void frm_main::dropEvent(QDropEvent *event) {
+    const QString path = ProjectFileIn(*event);
+    if (path.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // The file manager waits for the drop to end: what the user is asked comes after it.
+    QMetaObject::invokeMethod(
+        this, [this, path] { projectCommands_.LoadDropped(path); }, Qt::QueuedConnection);
+}
+
+}  // namespace vtr

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include "EditModes.h"
+#include "ItemCommands.h"
+#include "MainWidgets.h"
+#include "MapEditing.h"
+#include "PreferencesCommands.h"
+#include "ProjectCommands.h"
+#include "ZoomCommands.h"
+
+namespace vtr {
+
+/// The main window: wires its parts to each other, to the campaign and to the dialogs.
+class frm_main : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    explicit frm_main(TargetEditorModule &module);
+
+    /// Reads the preferences, shows the window and loads the project that commandLine names, if it names one.
+    void Start(const QString &commandLine);
+
+    /// Redraws the map, once, and shows it.
+    void Redraw();
+
+  protected:
+    void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+  private:
+    void WireMenus();
+    void WireMap();
+    void WirePanels();
+    void AddZoomEntry(QAction *entry, void (*command)(MapView &view, ScrollBars bars));
+
+    TargetEditorModule &module_;
+    MainWidgets widgets_;
+    EditModes editModes_;
+    MapEditing mapEditing_;
+    ItemCommands itemCommands_;
+    PreferencesCommands preferencesCommands_;
+    ProjectCommands projectCommands_;
+    QTimer tmr_TargetFlash_;
+};
+
+}  // namespace vtr

@@ -1,0 +1,170 @@
+#include "AirfieldPanel.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <algorithm>
+
+#include "AirfieldLists.h"
+#include "EditCampaign.h"
+#include "GameText.h"
+#include "NumberField.h"
+
+namespace vtr {
+
+namespace {
+
+const QString panelToolTip = QStringLiteral("The airfield of the selected target");
+
+void AddLabel(QGridLayout &grid, const QString &caption, QWidget *field, int row, int column) {
+    auto *label = new QLabel(caption, field->parentWidget());
+    label->setBuddy(field);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    grid.addWidget(label, row, column);
+    grid.addWidget(field, row, column + 1);
+}
+
+/// Shows that entry, or none for one that the list does not have.
+void ShowEntry(QComboBox *combo, int entry) {
+    const QSignalBlocker blocker(combo);
+    combo->setCurrentIndex(entry < combo->count() ? entry : -1);
+}
+
+int CountryEntryOfCode(std::uint8_t code) {
+    const auto *entry = std::ranges::find(countryEntries, code, &CountryEntry::code);
+    return entry == countryEntries.end() ? -1 : static_cast<int>(entry - countryEntries.begin());
+}
+
+}  // namespace
+
+AirfieldPanel::AirfieldPanel(Campaign &campaign, QWidget *parent)
+    : Panel(QStringLiteral("fra_airfield"), QStringLiteral("Airfield"), campaign, parent) {
+    Build();
+    Bind();
+    ShowAirfield(std::nullopt);
+}
+
+void AirfieldPanel::Build() {
+    code_ = new QLineEdit(this);
+    code_->setObjectName(QStringLiteral("txt_air_code"));
+    code_->setAccessibleName(QStringLiteral("Airfield record"));
+    code_->setReadOnly(true);
+    code_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    AddLabel(Grid(), QStringLiteral("Airfield:"), code_, 0, 0);
+    orientation_ = AddField({"air_orientation", "O&rientation:", "Airfield orientation", "", 65535}, 1, 0);
+    country_ = MakeCombo(QStringLiteral("cbo_air_country"), QStringLiteral("Country of the airfield"), 11);
+    for (const CountryEntry &entry : countryEntries)
+        country_->addItem(ShownText(entry.caption));
+    auto *countryLabel = new QLabel(QStringLiteral("Co&untry:"), this);
+    countryLabel->setBuddy(country_);
+    Grid().addWidget(countryLabel, 2, 0, 1, 2);
+    Grid().addWidget(country_, 3, 0, 1, 2);
+
+    for (std::size_t year = 0; year < airfieldYears.size(); ++year) {
+        const QString number = QString::number(airfieldYears[year]);
+        models_[year] =
+            MakeCombo(QStringLiteral("cbo_air_") + number, QStringLiteral("Airfield model of ") + number, 7);
+        for (const std::string_view caption : airfieldModelCaptions)
+            models_[year]->addItem(ShownText(caption));
+        aircraft_[year] = MakeCombo(QStringLiteral("cbo_side_") + number,
+                                    QStringLiteral("Aircraft based here in ") + number, 12);
+        for (const std::string_view caption : aircraftCaptions)
+            aircraft_[year]->addItem(ShownText(caption));
+        const int row = static_cast<int>(year);
+        AddLabel(Grid(), number + QLatin1Char(':'), models_[year], row, 2);
+        Grid().addWidget(aircraft_[year], row, 4);
+    }
+}
+
+QComboBox *AirfieldPanel::MakeCombo(const QString &name, const QString &meaning, int widestLetters) {
+    auto *combo = new QComboBox(this);
+    combo->setObjectName(name);
+    combo->setAccessibleName(meaning);
+    combo->setToolTip(meaning);
+    combo->setFocusPolicy(Qt::StrongFocus);
+    combo->setMaxVisibleItems(33);
+    // Room for the longest caption. Left to itself each list measures all of its captions, which takes a
+    // tenth of the time in which the program starts.
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    combo->setMinimumContentsLength(widestLetters);
+    combo->installEventFilter(this);
+    return combo;
+}
+
+void AirfieldPanel::Bind() {
+    connect(orientation_, &NumberField::NumberChanged, this, [this](int word) {
+        if (!airfield_)
+            return;
+        SetAirfieldExtraWord(campaign_, *airfield_, word);
+        Q_EMIT Changed();
+    });
+    BindCombo(country_, [this](int entry) {
+        SetAirfieldCountry(campaign_, *airfield_, countryEntries.at(static_cast<std::size_t>(entry)).code);
+    });
+    for (std::size_t year = 0; year < airfieldYears.size(); ++year) {
+        BindCombo(models_[year],
+                  [this, year](int entry) { SetAirfieldModel(campaign_, *airfield_, year, entry); });
+        BindCombo(aircraft_[year], [this, year](int entry) {
+            SetAirfieldYearSlot(campaign_, *airfield_, year, YearSlotOfEntry(entry));
+        });
+    }
+}
+
+void AirfieldPanel::BindCombo(QComboBox *combo, std::function<void(int entry)> store) {
+    connect(combo, &QComboBox::currentIndexChanged, this, [this, store = std::move(store)](int entry) {
+        if (!airfield_ || entry < 0)
+            return;
+        store(entry);
+        Q_EMIT Changed();
+    });
+}
+
+void AirfieldPanel::ShowAirfield(std::optional<int> airfield) {
+    const bool exists = airfield && *airfield < static_cast<int>(airfieldTotal);
+    const bool missing = airfield && !exists;
+    const QString codeToolTip =
+        missing ? QStringLiteral(
+                      "The target refers to airfield %1, but the last one is 161: there is no record "
+                      "to show or edit")
+                      .arg(*airfield)
+                : QStringLiteral("Index of the airfield's record, 0 to 161");
+    setToolTip(missing ? codeToolTip : panelToolTip);
+    code_->setToolTip(codeToolTip);
+    setEnabled(exists);
+    airfield_ = exists ? airfield : std::nullopt;
+    Refresh();
+    if (!missing)
+        return;
+    code_->setText(QString::number(*airfield));
+    orientation_->ShowRecordValue(0);
+    for (QComboBox *combo : findChildren<QComboBox *>())
+        ShowEntry(combo, -1);
+}
+
+void AirfieldPanel::Refresh() {
+    if (!airfield_)
+        return;
+    const AirfieldRecord &airfield = campaign_.AirfieldTable[static_cast<std::size_t>(*airfield_)];
+    code_->setText(QString::number(*airfield_));
+    orientation_->ShowRecordValue(airfield.airfield_extra_word);
+    ShowEntry(country_, CountryEntryOfCode(airfield.country));
+    for (std::size_t year = 0; year < airfieldYears.size(); ++year) {
+        ShowEntry(models_[year], airfield.*airfieldModels[year]);
+        ShowEntry(aircraft_[year], EntryOfYearSlot(airfield.yearSlots[year]).value_or(-1));
+    }
+}
+
+/// A wheel turned over a list that has no focus would change the airfield unnoticed.
+bool AirfieldPanel::eventFilter(QObject *watched, QEvent *event) {
+    const auto *widget = qobject_cast<QWidget *>(watched);
+    if (event->type() == QEvent::Wheel && widget != nullptr && !widget->hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    return Panel::eventFilter(watched, event);
+}
+
+}  // namespace vtr

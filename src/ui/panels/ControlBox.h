@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Panel.h"
+
+class QLabel;
+
+namespace vtr {
+
+/// fra_control: which frontline, railway line and paths the map shows, and which lines are disabled.
+class ControlBox : public Panel {
+    Q_OBJECT
+
+  public:
+    ControlBox(Campaign &campaign, QWidget *parent);
+
+    /// Shows which railway lines are disabled.
+    void Refresh() override;
+    void ShowDisabledLines(const QString &caption);
+
+  Q_SIGNALS:
+    void ViewFrontlineChanged(int slot);
+    void ViewRailwayChanged(int line);  ///< 0 stands for all
+
+  private:
+    NumberField *AddSelector(const FieldText &text, const QString &toolTip, int row);
+
+    QLabel *disabledLines_;
+};
+
+}  // namespace vtr

@@ -1,0 +1,81 @@
+#include "FrontlinePanel.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+#include "EditCampaign.h"
+#include "NumberField.h"
+
+namespace vtr {
+
+FrontlinePanel::FrontlinePanel(Campaign &campaign, QWidget *parent)
+    : Panel(QStringLiteral("fra_frontline"), QStringLiteral("Frontline"), campaign, parent) {
+    Build();
+    Bind();
+    Refresh();
+}
+
+void FrontlinePanel::Build() {
+    slot_ = AddField({"frnt_num", "&Slot:", "Frontline slot", "", 19}, 0, 0, 2);
+    point_ = AddField({"frnt_pointnum", "Poin&t:", "Point of the frontline", "", 29}, 1, 0, 2);
+    x_ = AddField({"frnt_x", "&X:", "Frontline point column", "map pixels", 639}, 2, 0);
+    y_ = AddField({"frnt_y", "&Y:", "Frontline point row", "map pixels", 319}, 2, 2);
+    onMap_ = new QCheckBox(QStringLiteral("On Map?"), this);
+    onMap_->setObjectName(QStringLiteral("chk_frnt_map"));
+    onMap_->setToolTip(QStringLiteral("Display it on the briefing map?"));
+    Grid().addWidget(onMap_, 3, 0, 1, 4);
+    copy_ = MakeButton(QStringLiteral("cmd_frnt_copy"), QStringLiteral("Copy to All Slots"),
+                       QStringLiteral("Copy all points of this slot into every slot"));
+    Grid().addWidget(copy_, 4, 0, 1, 4);
+    Grid().setRowStretch(5, 1);
+}
+
+void FrontlinePanel::Bind() {
+    for (NumberField *selector : {slot_, point_}) {
+        connect(selector, &NumberField::NumberChanged, this, [this] {
+            Refresh();
+            Q_EMIT Changed();
+        });
+    }
+    const auto store = [this](Axis axis) {
+        return [this, axis](int pixel) {
+            SetFrontlinePixel(campaign_, Slot(), Point(), axis, pixel);
+            Q_EMIT Changed();
+        };
+    };
+    connect(x_, &NumberField::NumberChanged, this, store(Axis::X));
+    connect(y_, &NumberField::NumberChanged, this, store(Axis::Y));
+    connect(onMap_, &QCheckBox::toggled, this, [this](bool onMap) {
+        SetFrontlinePointOnMap(campaign_, Slot(), Point(), onMap);
+        Q_EMIT Changed();
+    });
+    connect(copy_, &QPushButton::clicked, this, &FrontlinePanel::CopyIntoAllSlots);
+}
+
+void FrontlinePanel::Refresh() {
+    const QSignalBlocker blocker(onMap_);
+    const FrontlinePoint &point =
+        campaign_.FrontlineTable[static_cast<std::size_t>(Slot())].points[static_cast<std::size_t>(Point())];
+    x_->ShowRecordValue(point.x);
+    y_->ShowRecordValue(point.y);
+    onMap_->setChecked(point.on_map == flagSet);
+}
+
+int FrontlinePanel::Slot() const {
+    return slot_->value();
+}
+
+int FrontlinePanel::Point() const {
+    return point_->value();
+}
+
+void FrontlinePanel::CopyIntoAllSlots() {
+    if (!AskYesNo(this, QStringLiteral("Copy the current frontlines into all frontline slots?")))
+        return;
+    CopyFrontlineIntoAllSlots(campaign_, Slot());
+    Q_EMIT Changed();
+}
+
+}  // namespace vtr

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Panel.h"
+
+class QCheckBox;
+
+namespace vtr {
+
+/// fra_frontline: one point of one frontline slot.
+class FrontlinePanel : public Panel {
+    Q_OBJECT
+
+  public:
+    FrontlinePanel(Campaign &campaign, QWidget *parent);
+
+    void Refresh() override;
+
+  private:
+    void Build();
+    void Bind();
+    int Slot() const;
+    int Point() const;
+    void CopyIntoAllSlots();
+
+    NumberField *slot_ = nullptr;
+    NumberField *point_ = nullptr;
+    NumberField *x_ = nullptr;
+    NumberField *y_ = nullptr;
+    QCheckBox *onMap_ = nullptr;
+    QPushButton *copy_ = nullptr;
+};
+
+}  // namespace vtr

@@ -1,0 +1,53 @@
+#include "Panel.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "Arithmetic.h"
+#include "NumberField.h"
+#include "ProgramVersion.h"
+
+namespace vtr {
+
+Panel::Panel(const QString &name, const QString &title, Campaign &campaign, QWidget *parent)
+    : QGroupBox(title, parent), campaign_(campaign), grid_(new QGridLayout(this)) {
+    setObjectName(name);
+    grid_->setContentsMargins(6, 3, 6, 5);
+    grid_->setHorizontalSpacing(4);
+    grid_->setVerticalSpacing(3);
+}
+
+NumberField *Panel::AddField(const FieldText &text, int row, int column, int columns) {
+    auto *label = new QLabel(QString::fromUtf8(text.caption), this);
+    auto *field = new NumberField(QString::fromUtf8(text.name), text.maximum, this);
+    const QString meaning = QString::fromUtf8(text.meaning);
+    const QString unit = *text.unit == '\0' ? QString() : QLatin1Char(' ') + QString::fromUtf8(text.unit);
+    field->setAccessibleName(meaning);
+    field->setToolTip(QStringLiteral("%1, 0 to %2%3").arg(meaning).arg(text.maximum).arg(unit));
+    label->setBuddy(field);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    grid_->addWidget(label, row, column, 1, columns);
+    grid_->addWidget(field, row, column + columns, 1, columns);
+    return field;
+}
+
+QPushButton *Panel::MakeButton(const QString &name, const QString &caption, const QString &toolTip) {
+    auto *button = new QPushButton(caption, this);
+    button->setObjectName(name);
+    button->setToolTip(toolTip);
+    button->setAutoDefault(false);
+    return button;
+}
+
+bool AskYesNo(QWidget *parent, const QString &question) {
+    return QMessageBox::question(parent, programTitle, question, QMessageBox::Yes | QMessageBox::No) ==
+           QMessageBox::Yes;
+}
+
+int WholeMetres(const std::string &fineOffset) {
+    return fineOffset.empty() ? 0 : RoundToInt32(NumberOfText(fineOffset));
+}
+
+}  // namespace vtr

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QGroupBox>
+
+#include "Campaign.h"
+
+class QGridLayout;
+class QPushButton;
+
+namespace vtr {
+
+class NumberField;
+
+/// A frame of the main window that shows one item of the campaign and edits it.
+class Panel : public QGroupBox {
+    Q_OBJECT
+
+  public:
+    /// Shows the current item as the campaign holds it; writes nothing and asks for no redraw.
+    virtual void Refresh() = 0;
+
+  Q_SIGNALS:
+    /// What the map shows may have changed: it is to be redrawn once.
+    void Changed();
+
+  protected:
+    Panel(const QString &name, const QString &title, Campaign &campaign, QWidget *parent);
+
+    struct FieldText {
+        const char *name;
+        const char *caption;  ///< of the label before the field, which names it
+        const char *meaning;  ///< for the tooltip and for assistive tools
+        const char *unit;     ///< for the tooltip; may be empty
+        int maximum;
+    };
+    /// Puts a label and its field side by side, each over as many columns of the grid. Fields are made in
+    /// reading order, which is the order of the Tab key too.
+    NumberField *AddField(const FieldText &text, int row, int column, int columns = 1);
+    QPushButton *MakeButton(const QString &name, const QString &caption, const QString &toolTip);
+
+    QGridLayout &Grid() { return *grid_; }
+
+    Campaign &campaign_;
+
+  private:
+    QGridLayout *grid_;
+};
+
+/// Asks question with Yes and No; true for Yes.
+bool AskYesNo(QWidget *parent, const QString &question);
+/// A stored fine offset as the metre fields show it: whole metres. An item that no file filled has none: 0.
+int WholeMetres(const std::string &fineOffset);
+
+}  // namespace vtr

@@ -1,0 +1,110 @@
+#include "RailwayPanel.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QPushButton>
+
+#include "EditCampaign.h"
+#include "MapRedraw.h"
+#include "NumberField.h"
+
+namespace vtr {
+
+RailwayPanel::RailwayPanel(Campaign &campaign, QWidget *parent)
+    : Panel(QStringLiteral("fra_railway"), QStringLiteral("Railway"), campaign, parent) {
+    Build();
+    Bind();
+    Refresh();
+}
+
+void RailwayPanel::Build() {
+    line_ = AddField({"rail_linenum", "&Line:", "Railway line", "", 893}, 0, 0);
+    increment_ = new QCheckBox(QStringLiteral("Automatically Increment Line #?"), this);
+    increment_->setObjectName(QStringLiteral("chk_rail_auto"));
+    increment_->setToolTip(
+        QStringLiteral("Go on to the next line after a Shift + right click has placed the end of this one"));
+    Grid().addWidget(increment_, 0, 2, 1, 3);
+
+    pixels_[X1] = AddField({"rail_x1", "X&1:", "Column of the line's start", "map pixels", 639}, 1, 0);
+    metres_[X1] = AddField({"rail_xm1", "+ m:", "Start: metres from the tile's left edge", "m", 4100}, 1, 2);
+    precise_[0] = AddButton(QStringLiteral("cmd_rail_precise1"), QStringLiteral("Precise 1..."),
+                            QStringLiteral("Place the line's start exactly within its tile"), 1);
+    pixels_[Y1] = AddField({"rail_y1", "Y1:", "Row of the line's start", "map pixels", 319}, 2, 0);
+    metres_[Y1] = AddField({"rail_ym1", "+ m:", "Start: metres from the tile's top edge", "m", 4100}, 2, 2);
+    disable_ = AddButton(QStringLiteral("cmd_rail_disable"), QStringLiteral("Disable Lines"),
+                         QStringLiteral("Clear this line and all lines after it"), 2);
+    pixels_[X2] = AddField({"rail_x2", "X&2:", "Column of the line's end", "map pixels", 639}, 3, 0);
+    metres_[X2] = AddField({"rail_xm2", "+ m:", "End: metres from the tile's left edge", "m", 4100}, 3, 2);
+    precise_[1] = AddButton(QStringLiteral("cmd_rail_precise2"), QStringLiteral("Precise 2..."),
+                            QStringLiteral("Place the line's end exactly within its tile"), 3);
+    pixels_[Y2] = AddField({"rail_y2", "Y2:", "Row of the line's end", "map pixels", 319}, 4, 0);
+    metres_[Y2] = AddField({"rail_ym2", "+ m:", "End: metres from the tile's top edge", "m", 4100}, 4, 2);
+    enable_ = AddButton(QStringLiteral("cmd_Enable"), QStringLiteral("Enable All"),
+                        QStringLiteral("Count no line as disabled; cleared lines are not restored"), 4);
+    Grid().setRowStretch(5, 1);
+}
+
+QPushButton *RailwayPanel::AddButton(const QString &name, const QString &caption, const QString &toolTip,
+                                     int row) {
+    QPushButton *button = MakeButton(name, caption, toolTip);
+    Grid().addWidget(button, row, 4);
+    return button;
+}
+
+void RailwayPanel::Bind() {
+    connect(line_, &NumberField::NumberChanged, this, [this] {
+        Refresh();
+        Q_EMIT Changed();
+    });
+    for (const RailwayCoordinate coordinate : {X1, X2, Y1, Y2}) {
+        connect(pixels_[coordinate], &NumberField::NumberChanged, this, [this, coordinate](int pixel) {
+            SetRailwayPixel(campaign_, Line(), coordinate, pixel);
+            Q_EMIT Changed();
+        });
+        // The map does not show fine offsets.
+        connect(metres_[coordinate], &NumberField::NumberChanged, this, [this, coordinate](int metres) {
+            SetRailwayFineOffset(campaign_, Line(), coordinate, metres);
+        });
+    }
+    connect(precise_[0], &QPushButton::clicked, this, [this] { Q_EMIT PreciseRequested(1); });
+    connect(precise_[1], &QPushButton::clicked, this, [this] { Q_EMIT PreciseRequested(2); });
+    connect(disable_, &QPushButton::clicked, this, &RailwayPanel::DisableLines);
+    connect(enable_, &QPushButton::clicked, this, &RailwayPanel::EnableAll);
+}
+
+void RailwayPanel::Refresh() {
+    const auto index = static_cast<std::size_t>(Line());
+    const RailwayLine &line = campaign_.RailwayTable[index];
+    for (std::size_t coordinate = 0; coordinate < metres_.size(); ++coordinate)
+        metres_[coordinate]->ShowRecordValue(WholeMetres(campaign_.flx_rrd[index][coordinate]));
+    // A row that is only a marker leaves the row field as it was. The second end goes by the first one's
+    // 1760: an all-zero record has it at both ends.
+    pixels_[X1]->ShowRecordValue(line.x1);
+    if (!IsMarkerRow(line.y1))
+        pixels_[Y1]->ShowRecordValue(line.y1);
+    pixels_[X2]->ShowRecordValue(line.x2);
+    if (line.y2 != 1759 && line.y1 != 1760)
+        pixels_[Y2]->ShowRecordValue(line.y2);
+}
+
+int RailwayPanel::Line() const {
+    return line_->value();
+}
+
+void RailwayPanel::DisableLines() {
+    const int first = Line();
+    if (!AskYesNo(this, QStringLiteral("Disable all lines from %1 onwards?").arg(first)))
+        return;
+    DisableRailwayFrom(campaign_, first);
+    Refresh();
+    // Not DisabledLinesText: for that, a first line of 0 means that none is disabled.
+    Q_EMIT DisabledLinesChanged(QStringLiteral("Lines %1+ Disabled").arg(first));
+    Q_EMIT Changed();
+}
+
+void RailwayPanel::EnableAll() {
+    EnableRailway(campaign_);
+    Q_EMIT DisabledLinesChanged(QString::fromStdString(DisabledLinesText(0)));
+}
+
+}  // namespace vtr

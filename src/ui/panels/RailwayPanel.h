@@ -1,0 +1,43 @@
+#pragma once
+
+#include <array>
+
+#include "Panel.h"
+
+class QCheckBox;
+
+namespace vtr {
+
+/// fra_railway: one railway line, and the switch that turns a tail of lines off.
+class RailwayPanel : public Panel {
+    Q_OBJECT
+
+  public:
+    RailwayPanel(Campaign &campaign, QWidget *parent);
+
+    void Refresh() override;
+
+  Q_SIGNALS:
+    /// end is 1 or 2.
+    void PreciseRequested(int end);
+    /// caption tells which lines are disabled.
+    void DisabledLinesChanged(const QString &caption);
+
+  private:
+    void Build();
+    void Bind();
+    int Line() const;
+    QPushButton *AddButton(const QString &name, const QString &caption, const QString &toolTip, int row);
+    void DisableLines();
+    void EnableAll();
+
+    NumberField *line_ = nullptr;
+    std::array<NumberField *, 4> pixels_{};  ///< of x1, x2, y1, y2
+    std::array<NumberField *, 4> metres_{};
+    QCheckBox *increment_ = nullptr;
+    std::array<QPushButton *, 2> precise_{};
+    QPushButton *disable_ = nullptr;
+    QPushButton *enable_ = nullptr;
+};
+
+}  // namespace vtr

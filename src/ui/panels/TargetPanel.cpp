@@ -1,0 +1,161 @@
+#include "TargetPanel.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QValidator>
+#include <functional>
+
+#include "EditCampaign.h"
+#include "GameText.h"
+#include "NumberField.h"
+
+namespace vtr {
+
+namespace {
+
+/// Lets a text be typed that has no objection, and tells of the objection otherwise.
+class ObjectionValidator : public QValidator {
+  public:
+    using Objection = std::function<QString(const QString &)>;
+
+    ObjectionValidator(QObject *parent, Objection objection, std::function<void(const QString &)> tell)
+        : QValidator(parent), objection_(std::move(objection)), tell_(std::move(tell)) {}
+
+    State validate(QString &text, int & /*position*/) const override {
+        const QString objection = objection_(text);
+        if (objection.isEmpty())
+            return Acceptable;
+        tell_(objection);
+        return Invalid;
+    }
+
+  private:
+    Objection objection_;
+    std::function<void(const QString &)> tell_;
+};
+
+/// Why the target cannot get the name; empty when it can.
+QString ObjectionToName(const Campaign &campaign, int target, const QString &name) {
+    const std::optional<std::string> bytes = GameTextOf(name);
+    if (!bytes || bytes->find('\0') != std::string::npos)
+        return QStringLiteral("The game's names cannot hold this character.");
+    if (!TargetNameFits(campaign, target, *bytes))
+        return QStringLiteral("The names file is full: shorten another target's name first.");
+    return {};
+}
+
+}  // namespace
+
+TargetPanel::TargetPanel(Campaign &campaign, QWidget *parent)
+    : Panel(QStringLiteral("fra_target"), QStringLiteral("Target"), campaign, parent) {
+    Build();
+    Bind();
+    Refresh();
+}
+
+void TargetPanel::Build() {
+    code_ = AddField({"tar_code", "&Number:", "Target number", "", 301}, 0, 0);
+    name_ = new QLineEdit(this);
+    name_->setObjectName(QStringLiteral("txt_tar_name"));
+    name_->setAccessibleName(QStringLiteral("Target name"));
+    name_->setToolTip(QStringLiteral("Target name; targets that share a name are renamed together"));
+    Grid().addWidget(name_, 0, 2, 1, 4);
+    find_ = MakeButton(QStringLiteral("cmd_target_search"), QStringLiteral("&Find..."),
+                       QStringLiteral("Find a target by its name"));
+    Grid().addWidget(find_, 0, 6);
+
+    x_ = AddField({"tar_x", "&X:", "Target column", "map pixels", 639}, 1, 0);
+    xMetres_ = AddField({"tar_xm", "+ m:", "Target metres from the left edge of its tile", "m", 4100}, 1, 2);
+    count_ = AddField({"tar_numtargets", "&Objects:", "Number of target objects here", "", 64}, 1, 4);
+    isAirfield_ = new QCheckBox(QStringLiteral("&Airfield"), this);
+    isAirfield_->setObjectName(QStringLiteral("chk_tar_airfield"));
+    isAirfield_->setToolTip(QStringLiteral("This target is an airfield"));
+    Grid().addWidget(isAirfield_, 1, 6);
+
+    y_ = AddField({"tar_y", "&Y:", "Target row", "map pixels", 319}, 2, 0);
+    yMetres_ = AddField({"tar_ym", "+ m:", "Target metres from the top edge of its tile", "m", 4100}, 2, 2);
+    precise_ = MakeButton(QStringLiteral("cmd_tar_precise"), QStringLiteral("Pre&cise..."),
+                          QStringLiteral("Place the target exactly within its tile"));
+    Grid().addWidget(precise_, 2, 4, 1, 2);
+    tile_ = MakeButton(QStringLiteral("cmd_tar_tile"), QStringLiteral("View &Tile..."),
+                       QStringLiteral("Look at the terrain tile under the target"));
+    Grid().addWidget(tile_, 2, 6);
+
+    reorder_ = MakeButton(
+        QStringLiteral("cmd_reorder"), QStringLiteral("Reorder Targets for GRIDDATA.DAT"),
+        QStringLiteral("Sort the targets by position, so that the grid data file can be built from them"));
+    Grid().addWidget(reorder_, 3, 0, 1, 7);
+    Grid().setColumnStretch(6, 1);
+}
+
+void TargetPanel::Bind() {
+    connect(code_, &NumberField::NumberChanged, this, [this] {
+        Refresh();
+        Q_EMIT Changed();
+    });
+    const auto store = [this](NumberField *field, auto set, auto... of) {
+        connect(field, &NumberField::NumberChanged, this, [this, set, of...](int number) {
+            set(campaign_, Target(), of..., number);
+            Q_EMIT Changed();
+        });
+    };
+    store(x_, SetTargetPixel, Axis::X);
+    store(y_, SetTargetPixel, Axis::Y);
+    store(xMetres_, SetTargetFineOffset, Axis::X);
+    store(yMetres_, SetTargetFineOffset, Axis::Y);
+    store(count_, SetTargetCount);
+    name_->setValidator(new ObjectionValidator(
+        name_, [this](const QString &name) { return ObjectionToName(campaign_, Target(), name); },
+        [this](const QString &objection) { Q_EMIT StatusMessage(objection); }));
+    connect(name_, &QLineEdit::textChanged, this, &TargetPanel::StoreName);
+    connect(isAirfield_, &QCheckBox::toggled, this, &TargetPanel::StoreIsAirfield);
+    connect(find_, &QPushButton::clicked, this, &TargetPanel::FindRequested);
+    connect(precise_, &QPushButton::clicked, this, &TargetPanel::PreciseRequested);
+    connect(tile_, &QPushButton::clicked, this, &TargetPanel::TileRequested);
+    connect(reorder_, &QPushButton::clicked, this, &TargetPanel::ReorderRequested);
+}
+
+void TargetPanel::Refresh() {
+    const QSignalBlocker nameBlocker(name_);
+    const QSignalBlocker checkBlocker(isAirfield_);
+    const auto index = static_cast<std::size_t>(Target());
+    const TargetRecord &target = campaign_.TargetTable[index];
+    x_->ShowRecordValue(target.x);
+    y_->ShowRecordValue(target.y);
+    xMetres_->ShowRecordValue(WholeMetres(campaign_.flx_targets[index][0]));
+    yMetres_->ShowRecordValue(WholeMetres(campaign_.flx_targets[index][1]));
+    name_->setText(ShownText(target.name));
+    name_->setCursorPosition(0);
+    count_->ShowRecordValue(target.count);
+    isAirfield_->setChecked(target.airfield_mark != 0);
+    TellAirfield();
+}
+
+int TargetPanel::Target() const {
+    return code_->value();
+}
+
+void TargetPanel::StoreName() {
+    if (!name_->hasAcceptableInput()) {
+        Refresh();
+        return;
+    }
+    RenameTarget(campaign_, Target(), GameTextOf(name_->text()).value());
+    Q_EMIT Changed();
+}
+
+void TargetPanel::StoreIsAirfield() {
+    SetTargetIsAirfield(campaign_, Target(), isAirfield_->isChecked());
+    TellAirfield();
+    Q_EMIT Changed();
+}
+
+void TargetPanel::TellAirfield() {
+    const TargetRecord &target = campaign_.TargetTable[static_cast<std::size_t>(Target())];
+    Q_EMIT AirfieldShown(isAirfield_->isChecked() ? std::optional<int>(target.airfield_ref) : std::nullopt);
+}
+
+}  // namespace vtr

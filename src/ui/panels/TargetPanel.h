@@ -1,0 +1,52 @@
+#pragma once
+
+#include <optional>
+
+#include "Panel.h"
+
+class QCheckBox;
+class QLineEdit;
+
+namespace vtr {
+
+/// fra_target: which target is selected, and all of it but its airfield.
+class TargetPanel : public Panel {
+    Q_OBJECT
+
+  public:
+    TargetPanel(Campaign &campaign, QWidget *parent);
+
+    void Refresh() override;
+
+  Q_SIGNALS:
+    /// The airfield record that the selected target refers to, nothing when it is no airfield.
+    void AirfieldShown(std::optional<int> airfield);
+    void FindRequested();
+    void PreciseRequested();
+    void TileRequested();
+    void ReorderRequested();
+    void StatusMessage(const QString &text);
+
+  private:
+    void Build();
+    void Bind();
+    int Target() const;
+    void StoreName();
+    void StoreIsAirfield();
+    void TellAirfield();
+
+    NumberField *code_ = nullptr;
+    NumberField *x_ = nullptr;
+    NumberField *y_ = nullptr;
+    NumberField *xMetres_ = nullptr;
+    NumberField *yMetres_ = nullptr;
+    NumberField *count_ = nullptr;
+    QLineEdit *name_ = nullptr;
+    QCheckBox *isAirfield_ = nullptr;
+    QPushButton *find_ = nullptr;
+    QPushButton *precise_ = nullptr;
+    QPushButton *tile_ = nullptr;
+    QPushButton *reorder_ = nullptr;
+};
+
+}  // namespace vtr

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <span>
+
+#include "Panel.h"
+
+namespace vtr {
+
+/// fra_roadint and fra_railint: one waypoint of one interdiction path. Its fields take numbers but store
+/// none, because the editor never writes these paths.
+class WaypointPanel : public Panel {
+    Q_OBJECT
+
+  public:
+    enum class Kind { Road, Rail };
+
+    WaypointPanel(Kind kind, Campaign &campaign, QWidget *parent);
+
+    void Refresh() override;
+
+  private:
+    void Build(const char *path, const char *waypoint, const char *x, const char *xMetres, const char *y,
+               const char *yMetres);
+
+    std::span<const WaypointPath> paths_;
+    NumberField *path_ = nullptr;
+    NumberField *waypoint_ = nullptr;
+    NumberField *x_ = nullptr;
+    NumberField *xMetres_ = nullptr;
+    NumberField *y_ = nullptr;
+    NumberField *yMetres_ = nullptr;
+};
+
+}  // namespace vtr

@@ -1,0 +1,165 @@
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QWheelEvent>
+
+#include "AirfieldPanel.h"
+#include "PanelTesting.h"
+
+namespace vtr {
+namespace {
+
+const char *const modelNames[] = {"cbo_air_1940", "cbo_air_1943", "cbo_air_1944", "cbo_air_1945"};
+const char *const sideNames[] = {"cbo_side_1940", "cbo_side_1943", "cbo_side_1944", "cbo_side_1945"};
+
+class AirfieldPanelTest : public ::testing::Test {
+  protected:
+    QComboBox &Combo(const char *name) { return Find<QComboBox>(panel, name); }
+    AirfieldRecord &Record(std::size_t airfield) { return campaign->AirfieldTable[airfield]; }
+
+    std::unique_ptr<Campaign> campaign = FilledCampaign();
+    AirfieldPanel panel{*campaign, nullptr};
+    QSignalSpy changed{&panel, &Panel::Changed};
+};
+
+TEST_F(AirfieldPanelTest, ShowsEveryAirfieldAsTheTableHoldsItAndChangesNothing) {
+    const std::string before = Everything(*campaign);
+    for (int airfield = 0; airfield < 162; ++airfield) {
+        panel.ShowAirfield(airfield);
+        const AirfieldRecord &record = Record(static_cast<std::size_t>(airfield));
+        EXPECT_TRUE(panel.isEnabled());
+        EXPECT_EQ(ShownIn(panel, "txt_air_code"), std::to_string(airfield));
+        EXPECT_EQ(ShownIn(panel, "txt_air_orientation"), std::to_string(record.airfield_extra_word));
+        EXPECT_EQ(Combo("cbo_air_country").currentIndex(), record.country);
+        EXPECT_EQ(Combo("cbo_air_1940").currentIndex(), record.base_1940);
+        EXPECT_EQ(Combo("cbo_air_1943").currentIndex(), record.base_1943);
+        EXPECT_EQ(Combo("cbo_air_1944").currentIndex(), record.base_1944);
+        EXPECT_EQ(Combo("cbo_air_1945").currentIndex(), record.base_1945);
+        for (std::size_t year = 0; year < 4; ++year) {
+            const AirfieldYearSlot &slot = record.yearSlots[year];
+            EXPECT_EQ(Combo(sideNames[year]).currentIndex(), slot.aircraft + (slot.german != 0 ? 16 : 0));
+        }
+    }
+    EXPECT_EQ(Everything(*campaign), before);
+    EXPECT_EQ(changed.size(), 0);
+}
+
+TEST_F(AirfieldPanelTest, TheListsBearTheGamesCaptions) {
+    EXPECT_EQ(Combo("cbo_air_country").count(), 6);
+    EXPECT_EQ(Combo("cbo_air_country").itemText(5), QStringLiteral("(Czech. Rep.)"));
+    EXPECT_EQ(Combo("cbo_air_1944").count(), 11);
+    EXPECT_EQ(Combo("cbo_air_1944").itemText(0), QStringLiteral("NONE"));
+    EXPECT_EQ(Combo("cbo_side_1944").count(), 33);
+    EXPECT_EQ(Combo("cbo_side_1944").itemText(30), QStringLiteral("Allied (No Plane)"));
+    EXPECT_EQ(Combo("cbo_side_1944").itemText(31), QStringLiteral("Allied (No Plane)"));
+    EXPECT_TRUE(Find<QLineEdit>(panel, "txt_air_code").isReadOnly());
+}
+
+TEST_F(AirfieldPanelTest, EveryFieldChangesJustItsField) {
+    panel.ShowAirfield(161);
+    AirfieldRecord expected = Record(161);
+    const auto expectOne = [&](const char *name) {
+        EXPECT_EQ(Record(161), expected) << name;
+        EXPECT_EQ(changed.size(), 1) << name;
+        changed.clear();
+    };
+    expected.airfield_extra_word = 65535;
+    TypeInto(panel, "txt_air_orientation", "65535");
+    EXPECT_EQ(Record(161), expected);
+    changed.clear();
+    std::uint8_t *const models[] = {&expected.base_1940, &expected.base_1943, &expected.base_1944,
+                                    &expected.base_1945};
+    for (std::size_t year = 0; year < 4; ++year) {
+        const int model = (*models[year] + 1) % 11;
+        *models[year] = static_cast<std::uint8_t>(model);
+        Combo(modelNames[year]).setCurrentIndex(model);
+        expectOne(modelNames[year]);
+    }
+    for (std::size_t year = 0; year < 4; ++year) {
+        expected.yearSlots[year] = {.german_no_plane = 65535};
+        Combo(sideNames[year]).setCurrentIndex(32);
+        expectOne(sideNames[year]);
+    }
+    EXPECT_EQ(Record(160), FilledCampaign()->AirfieldTable[160]);
+}
+
+TEST_F(AirfieldPanelTest, ChoosingCountryEntry5Stores6) {
+    panel.ShowAirfield(3);
+    Combo("cbo_air_country").setCurrentIndex(5);
+    EXPECT_EQ(Record(3).country, 6);
+    panel.ShowAirfield(4);
+    panel.ShowAirfield(3);
+    EXPECT_EQ(Combo("cbo_air_country").currentIndex(), 5);
+}
+
+TEST_F(AirfieldPanelTest, ChoosingAnAircraftClearsTheSlotAndSetsIt) {
+    const std::pair<int, AirfieldYearSlot> choices[] = {{15, {.aircraft = 15}},
+                                                        {16, {.aircraft = 0, .german = 65535}},
+                                                        {29, {.aircraft = 13, .german = 65535}},
+                                                        {30, {.allied_no_plane_a = 65535}},
+                                                        {31, {.allied_no_plane_b = 65535}},
+                                                        {32, {.german_no_plane = 65535}},
+                                                        {0, {}}};
+    panel.ShowAirfield(3);
+    for (const auto &[entry, slot] : choices) {
+        Combo("cbo_side_1943").setCurrentIndex(entry);
+        EXPECT_EQ(Record(3).yearSlots[1], slot) << entry;
+        panel.ShowAirfield(4);
+        panel.ShowAirfield(3);
+        EXPECT_EQ(Combo("cbo_side_1943").currentIndex(), entry);
+    }
+}
+
+TEST_F(AirfieldPanelTest, WhatIsNotInItsListShowsNoChoiceAndStaysUntilOneIsPicked) {
+    Record(3).country = 5;
+    Record(3).base_1943 = 11;
+    Record(3).yearSlots[3] = {.aircraft = 200};
+    const AirfieldRecord before = Record(3);
+    panel.ShowAirfield(3);
+    EXPECT_EQ(Combo("cbo_air_country").currentIndex(), -1);
+    EXPECT_EQ(Combo("cbo_air_1943").currentIndex(), -1);
+    EXPECT_EQ(Combo("cbo_side_1945").currentIndex(), -1);
+    EXPECT_EQ(Record(3), before);
+    Combo("cbo_air_1943").setCurrentIndex(0);
+    EXPECT_EQ(Record(3).base_1943, 0);
+    EXPECT_EQ(Record(3).country, 5);
+    EXPECT_EQ(Record(3).yearSlots[3], before.yearSlots[3]);
+}
+
+TEST_F(AirfieldPanelTest, WithoutAnAirfieldThePanelIsDisabledAndStoresNothing) {
+    EXPECT_FALSE(panel.isEnabled());
+    panel.ShowAirfield(3);
+    panel.ShowAirfield(std::nullopt);
+    EXPECT_FALSE(panel.isEnabled());
+    const std::string before = Everything(*campaign);
+    Combo("cbo_air_1940").setCurrentIndex((Record(3).base_1940 + 1) % 11);
+    Field(panel, "upd_air_orientation").SetNumber(1);
+    EXPECT_EQ(Everything(*campaign), before);
+}
+
+TEST_F(AirfieldPanelTest, AnAirfieldAbove161IsShownDisabledWithItsNumberAndTheReason) {
+    panel.ShowAirfield(3);
+    panel.ShowAirfield(162);
+    EXPECT_FALSE(panel.isEnabled());
+    EXPECT_EQ(ShownIn(panel, "txt_air_code"), "162");
+    EXPECT_EQ(Combo("cbo_air_1940").currentIndex(), -1);
+    EXPECT_TRUE(panel.toolTip().contains(QStringLiteral("162"))) << panel.toolTip().toStdString();
+    panel.ShowAirfield(161);
+    EXPECT_TRUE(panel.isEnabled());
+    EXPECT_FALSE(panel.toolTip().contains(QStringLiteral("162")));
+    EXPECT_EQ(Combo("cbo_air_1940").currentIndex(), Record(161).base_1940);
+}
+
+TEST_F(AirfieldPanelTest, TheWheelOverAListWithoutTheFocusChangesNothing) {
+    panel.ShowAirfield(3);
+    panel.show();
+    Combo("cbo_air_1943").setFocus();
+    const std::string before = Everything(*campaign);
+    QWheelEvent event(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&Combo("cbo_air_1940"), &event);
+    EXPECT_EQ(Everything(*campaign), before);
+}
+
+}  // namespace
+}  // namespace vtr

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QTimer>
+#include <QToolButton>
+#include <filesystem>
+#include <memory>
+
+#include "DialogDriver.h"
+#include "NumberField.h"
+#include "SampleCampaign.h"
+#include "TemporaryFolder.h"
+#include "frm_main.h"
+
+namespace vtr {
+
+/// The editor's real main window in a program folder of its own, and a sample campaign beside it.
+class EditorWindow : public ::testing::Test {
+  protected:
+    EditorWindow() {
+        std::filesystem::create_directory(folder.Path() + "program");
+        module->programFolder = folder.Path() + "program/";
+    }
+
+    void WriteSample() { WriteSampleCampaign(folder.Path(), false); }
+    std::string SamplePath() const { return folder.Path() + "sample.prj"; }
+    void StartWithSample() {
+        WriteSample();
+        window().Start(QString::fromStdString(SamplePath()));
+        // Redraws come only from what a test does.
+        Find<QTimer>(window(), QStringLiteral("tmr_TargetFlash")).stop();
+    }
+
+    /// The window is made when it is first asked for, so that a test can prepare files before.
+    frm_main &window() {
+        if (!window_)
+            window_ = std::make_unique<frm_main>(*module);
+        return *window_;
+    }
+
+    NumberField &Number(const char *name) { return Find<NumberField>(window(), QLatin1String(name)); }
+    QAction &Entry(const char *name) { return *window().findChild<QAction *>(QLatin1String(name)); }
+    QString PanelText(const char *key) { return Find<QToolButton>(window(), QLatin1String(key)).text(); }
+
+    TemporaryFolder folder;
+    std::unique_ptr<TargetEditorModule> module = std::make_unique<TargetEditorModule>();
+
+  private:
+    std::unique_ptr<frm_main> window_;
+};
+
+}  // namespace vtr

@@ -1,0 +1,78 @@
+#include <gmock/gmock.h>
+
+#include <stdexcept>
+
+#include "BoundaryModule.h"
+#include "DialogDriver.h"
+#include "EventBoundary.h"
+
+namespace vtr {
+namespace {
+
+using ::testing::HasSubstr;
+
+/// Lets error fly out of an event and runs the event loop until the program ends; the message box is
+/// accepted.
+int ExitStatusAfter(const Error &error, ShownBox &shown) {
+    QTimer::singleShot(0, qApp, [error] { throw error; });
+    AcceptNextBox(shown);
+    return QCoreApplication::exec();
+}
+
+class EventBoundaryTest : public ::testing::Test {
+  protected:
+    void SetUp() override { SetTo(false, QStringLiteral("Loading the project")); }
+    void TearDown() override { SetTo(false, QStringLiteral("Your last action")); }
+    static void SetTo(bool projectLoaded, const QString &operation) {
+        BoundaryModule().campaign.ProjectLoaded = projectLoaded;
+        BoundaryModule().operation = operation;
+    }
+};
+
+TEST_F(EventBoundaryTest, AnErrorEndsTheProgramWithOneCriticalMessageThatSaysAll) {
+    ShownBox shown;
+    const Error error(ErrorKind::IndexOutOfRange,
+                      {.file = "/c/TARGET.DAT", .offset = 20, .item = "target", .index = 5},
+                      "an index from 0 to 307", "308");
+    EXPECT_EQ(ExitStatusAfter(error, shown), 1);
+    EXPECT_EQ(shown.count, 1);
+    EXPECT_EQ(shown.icon, QMessageBox::Critical);
+    EXPECT_EQ(shown.title, "VTR Target Editor");
+    EXPECT_EQ(shown.text,
+              "Loading the project failed.\n\nIndex out of range.\nFile: /c/TARGET.DAT\nPlace: offset 20, "
+              "target 5\n"
+              "Expected: an index from 0 to 307\nFound: 308\n\n"
+              "The program ends now. No project was loaded, so no edits are lost.");
+}
+
+TEST_F(EventBoundaryTest, ASecondErrorShowsNoSecondMessage) {
+    QTimer::singleShot(0, qApp, [] { throw Error(ErrorKind::Overflow, {.file = "/first"}, "a", "b"); });
+    ShownBox shown;
+    EXPECT_EQ(ExitStatusAfter(Error(ErrorKind::Overflow, {.file = "/second"}, "a", "b"), shown), 1);
+    EXPECT_EQ(shown.count, 1);
+    EXPECT_THAT(shown.text.toStdString(), HasSubstr("File: /first\n"));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(EventBoundaryTest, AnErrorOfTheLibrariesEndsTheProgramTheSameWay) {
+    QTimer::singleShot(0, qApp, [] { throw std::runtime_error("in the library's words"); });
+    ShownBox shown;
+    AcceptNextBox(shown);
+    EXPECT_EQ(QCoreApplication::exec(), 1);
+    EXPECT_EQ(shown.icon, QMessageBox::Critical);
+    EXPECT_EQ(shown.text,
+              "Loading the project failed.\n\nin the library's words\n\n"
+              "The program ends now. No project was loaded, so no edits are lost.");
+}
+
+TEST_F(EventBoundaryTest, WithAProjectOpenTheMessageSaysWhatBecameOfTheEdits) {
+    SetTo(true, QStringLiteral("Drawing the map"));
+    ShownBox shown;
+    EXPECT_EQ(ExitStatusAfter(Error(ErrorKind::Overflow, {}, "a", "b"), shown), 1);
+    EXPECT_THAT(shown.text.toStdString(),
+                HasSubstr("Edits that you had not saved, if any, are lost; the files that you saved "
+                          "are as you saved them."));
+}
+
+}  // namespace
+}  // namespace vtr

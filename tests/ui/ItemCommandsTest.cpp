@@ -1,0 +1,291 @@
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRadioButton>
+#include <memory>
+
+#include "EditorWindow.h"
+#include "MapSurface.h"
+#include "PanelTesting.h"
+#include "TilePicture.h"
+
+namespace vtr {
+namespace {
+
+/// Notes the captions that frm_progress has when it comes up.
+class ProgressCaptions : public QObject {
+  public:
+    ProgressCaptions() { qApp->installEventFilter(this); }
+    QStringList captions;
+
+  protected:
+    bool eventFilter(QObject *watched, QEvent *event) override {
+        if (event->type() == QEvent::Show && watched->objectName() == "frm_progress" &&
+            watched->isWidgetType())
+            captions << static_cast<QWidget *>(watched)->windowTitle();
+        return false;
+    }
+};
+
+class ItemCommandsTest : public EditorWindow {
+  protected:
+    void SetUp() override { StartWithSample(); }
+
+    Campaign &campaign() { return module->campaign; }
+    void PressButton(const char *name) { Press<QPushButton>(window(), QString::fromLatin1(name)); }
+    QString Text(const char *name) { return Find<QLineEdit>(window(), name).text(); }
+
+    /// The targets from right to left, so that a reorder turns them round: target t becomes 301 - t.
+    void PlaceFromRightToLeft() {
+        for (std::size_t t = 0; t < targetTotal; ++t) {
+            campaign().TargetTable[t].x = static_cast<std::int16_t>(600 - t);
+            campaign().TargetTable[t].y = 100;
+            campaign().flx_targets[t] = {std::to_string(t) + ".25", std::to_string(t) + ".75"};
+        }
+    }
+
+    /// A colour that no map has, which the next redraw paints over.
+    void SpoilSurface() { Pixels().front() = 0x12345678; }
+    bool Redrawn() { return Pixels().front() != 0x12345678; }
+    std::vector<std::uint32_t> &Pixels() { return Find<MapSurface>(window(), "Img_Map").surface.pixels; }
+
+    void SetTerrain(int x, int y, std::uint8_t byte) {
+        campaign().terrain[static_cast<std::size_t>(y) * 640 + static_cast<std::size_t>(x)] = byte;
+    }
+
+    /// Presses button and does act in the dialog that comes up, which must be a modal frm_precise over the
+    /// window; true when one did.
+    bool InPreciseDialog(const char *button, const std::function<void(QWidget &)> &act) {
+        bool shown = false;
+        WhenModalOpens([&](QWidget &dialog) {
+            shown = true;
+            EXPECT_EQ(dialog.objectName(), "frm_precise");
+            EXPECT_TRUE(dialog.isModal());
+            EXPECT_EQ(dialog.parentWidget(), &window());
+            act(dialog);
+        });
+        PressButton(button);
+        return shown;
+    }
+    /// A click in the middle of the tile's left half and lower half: 1025 m and 3075 m.
+    static void ClickTile(QWidget &dialog) {
+        auto &tile = Find<TilePicture>(dialog, "pic_tile");
+        ASSERT_EQ(tile.size(), QSize(256, 256));
+        QTest::mouseClick(&tile, Qt::LeftButton, Qt::NoModifier, QPoint(64, 192));
+    }
+    static void ClickTileAndPressOk(QWidget &dialog) {
+        ClickTile(dialog);
+        Press<QPushButton>(dialog, QStringLiteral("cmd_OK"));
+    }
+    static void ClickTileAndPressCancel(QWidget &dialog) {
+        ClickTile(dialog);
+        Press<QPushButton>(dialog, QStringLiteral("cmd_cancel"));
+    }
+};
+
+TEST_F(ItemCommandsTest, ReorderShowsItsProgressUnderItsCaption) {
+    const ProgressCaptions progress;
+    PressButton("cmd_reorder");
+    EXPECT_EQ(progress.captions, QStringList{"Reorder Targets..."});
+    EXPECT_FALSE(QApplication::activeModalWidget());
+}
+
+TEST_F(ItemCommandsTest, ReorderMovesRecordsAndFineOffsetsFollowsTheSelectionAndRedraws) {
+    PlaceFromRightToLeft();
+    Number("upd_tar_code").SetNumber(20);
+    const auto before = std::make_unique<Campaign>(campaign());
+    SpoilSurface();
+    PressButton("cmd_reorder");
+    for (std::size_t t = 0; t < targetTotal; ++t) {
+        ASSERT_EQ(campaign().TargetTable[t], before->TargetTable[301 - t]) << t;
+        ASSERT_EQ(campaign().flx_targets[t], before->flx_targets[301 - t]) << t;
+    }
+    EXPECT_EQ(Number("upd_tar_code").value(), 281);
+    EXPECT_EQ(Text("txt_tar_code"), "281");
+    EXPECT_EQ(Text("txt_tar_x"), "580");
+    EXPECT_EQ(Text("txt_tar_y"), "100");
+    EXPECT_EQ(Text("txt_tar_xm"), "20");
+    EXPECT_EQ(Text("txt_tar_ym"), "21");
+    EXPECT_EQ(Text("txt_tar_name"), QString::fromLatin1(before->TargetTable[20].name));
+    EXPECT_TRUE(Redrawn());
+}
+
+TEST_F(ItemCommandsTest, AfterAReorderTheOldIndexSelectsTheTargetThatIsThereNow) {
+    PlaceFromRightToLeft();
+    Number("upd_tar_code").SetNumber(20);
+    PressButton("cmd_reorder");
+    Number("upd_tar_code").SetNumber(20);
+    EXPECT_EQ(Text("txt_tar_x"), "319");
+    EXPECT_EQ(Text("txt_tar_xm"), "281");
+    Number("upd_tar_x").SetNumber(5);
+    EXPECT_EQ(campaign().TargetTable[20].x, 5);
+    EXPECT_EQ(campaign().TargetTable[281].x, 580);
+}
+
+TEST_F(ItemCommandsTest, AReorderThatFailsSaysSoAndLeavesTheTables) {
+    PlaceFromRightToLeft();
+    campaign().TargetTable[7].y = 320;
+    Number("upd_tar_code").SetNumber(20);
+    const std::string before = Everything(campaign());
+    const ShownBox box = BoxShownBy([this] { PressButton("cmd_reorder"); });
+    EXPECT_EQ(box.text, "GRIDDATA reordering failed somewhere.  BUGGER!");
+    EXPECT_EQ(box.title, "VTR Target Editor");
+    EXPECT_EQ(box.buttons, QMessageBox::Ok);
+    EXPECT_EQ(Everything(campaign()), before);
+    EXPECT_EQ(Number("upd_tar_code").value(), 20);
+}
+
+TEST_F(ItemCommandsTest, ANameInSmallLettersFindsTheFirstTargetOfThatNameAndShowsIt) {
+    campaign().TargetTable[77].name = campaign().TargetTable[200].name = "BERLIN";
+    QString dialogName;
+    bool closed = false;
+    WhenModalOpens([&](QWidget &dialog) {
+        dialogName = dialog.objectName();
+        QTest::keyClicks(&Find<QLineEdit>(dialog, "txt_name"), "berlin");
+        Press<QPushButton>(dialog, QStringLiteral("cmd_find"));
+        closed = !dialog.isVisible();
+    });
+    PressButton("cmd_target_search");
+    EXPECT_EQ(dialogName, "frm_findtarget");
+    EXPECT_TRUE(closed);
+    EXPECT_EQ(Number("upd_tar_code").value(), 77);
+    EXPECT_EQ(Text("txt_tar_name"), "BERLIN");
+    EXPECT_EQ(Number("upd_tar_x").value(), campaign().TargetTable[77].x);
+}
+
+TEST_F(ItemCommandsTest, ANameThatNoTargetHasIsToldAndTheSelectionStays) {
+    campaign().TargetTable[77].name = "BERLIN";
+    Number("upd_tar_code").SetNumber(20);
+    ShownBox box;
+    bool stayed = false;
+    WhenModalOpens([&](QWidget &dialog) {
+        QTest::keyClicks(&Find<QLineEdit>(dialog, "txt_name"), "Berl");
+        AcceptNextBox(box);
+        Press<QPushButton>(dialog, QStringLiteral("cmd_find"));
+        stayed = dialog.isVisible();
+        Press<QPushButton>(dialog, QStringLiteral("cmd_cancel"));
+    });
+    PressButton("cmd_target_search");
+    EXPECT_EQ(box.count, 1);
+    EXPECT_EQ(box.text, "Could not find target named 'Berl'!");
+    EXPECT_EQ(box.title, "VTR Target Editor");
+    EXPECT_EQ(box.icon, QMessageBox::Information);
+    EXPECT_TRUE(stayed);
+    EXPECT_EQ(Number("upd_tar_code").value(), 20);
+}
+
+TEST_F(ItemCommandsTest, APreciseTargetGetsJustItsTwoFineOffsets) {
+    campaign().flx_targets[20] = {"7.5", "8.5"};
+    Number("upd_tar_code").SetNumber(20);
+    const auto expected = std::make_unique<Campaign>(campaign());
+    ASSERT_TRUE(InPreciseDialog("cmd_tar_precise", ClickTileAndPressOk));
+    expected->flx_targets[20] = {"1025", "3075"};
+    EXPECT_EQ(Everything(campaign()), Everything(*expected));
+    EXPECT_EQ(Text("txt_tar_xm"), "1025");
+    EXPECT_EQ(Text("txt_tar_ym"), "3075");
+}
+
+TEST_F(ItemCommandsTest, EachPreciseEndOfARailwayLineGetsJustItsTwoFineOffsets) {
+    Entry("mnu_e_railway").trigger();
+    campaign().flx_rrd[12] = {"1.5", "2.5", "3.5", "4.5"};
+    Number("upd_rail_linenum").SetNumber(12);
+    const auto expected = std::make_unique<Campaign>(campaign());
+    ASSERT_TRUE(InPreciseDialog("cmd_rail_precise1", ClickTileAndPressOk));
+    expected->flx_rrd[12] = {"1025", "2.5", "3075", "4.5"};
+    EXPECT_EQ(Everything(campaign()), Everything(*expected));
+    EXPECT_EQ(Text("txt_rail_xm1"), "1025");
+    EXPECT_EQ(Text("txt_rail_ym1"), "3075");
+
+    campaign().flx_rrd[13] = {"1.5", "2.5", "3.5", "4.5"};
+    Number("upd_rail_linenum").SetNumber(13);
+    ASSERT_TRUE(InPreciseDialog("cmd_rail_precise2", ClickTileAndPressOk));
+    expected->flx_rrd[13] = {"1.5", "1025", "3.5", "3075"};
+    EXPECT_EQ(Everything(campaign()), Everything(*expected));
+    EXPECT_EQ(Text("txt_rail_xm2"), "1025");
+    EXPECT_EQ(Text("txt_rail_ym2"), "3075");
+}
+
+TEST_F(ItemCommandsTest, CancelAfterAClickLeavesAllAsItWasAlsoTheFractions) {
+    campaign().flx_targets[20] = {"7.25", "8.5"};
+    campaign().flx_rrd[12] = {"1.25", "2.5", "3.75", "4.5"};
+    Number("upd_tar_code").SetNumber(20);
+    Number("upd_rail_linenum").SetNumber(12);
+    const std::string before = Everything(campaign());
+    EXPECT_TRUE(InPreciseDialog("cmd_tar_precise", ClickTileAndPressCancel));
+    EXPECT_EQ(Text("txt_tar_xm"), "7");
+    EXPECT_EQ(Text("txt_tar_ym"), "8");
+    Entry("mnu_e_railway").trigger();
+    EXPECT_TRUE(InPreciseDialog("cmd_rail_precise1", ClickTileAndPressCancel));
+    EXPECT_TRUE(InPreciseDialog("cmd_rail_precise2", ClickTileAndPressCancel));
+    EXPECT_EQ(Everything(campaign()), before);
+}
+
+TEST_F(ItemCommandsTest, TheTileAndItsOrientationAreThoseOfTheTerrainUnderThePosition) {
+    struct Row {
+        std::uint8_t byte;
+        int listRow;
+        const char *option;
+    };
+    Entry("mnu_e_railway").trigger();
+    Number("upd_rail_linenum").SetNumber(12);
+    Number("upd_rail_x1").SetNumber(639);
+    Number("upd_rail_y1").SetNumber(319);
+    Number("upd_rail_x2").SetNumber(0);
+    Number("upd_rail_y2").SetNumber(0);
+    Entry("mnu_e_target").trigger();
+    Number("upd_tar_code").SetNumber(20);
+    Number("upd_tar_x").SetNumber(123);
+    Number("upd_tar_y").SetNumber(45);
+    const auto expectShown = [](QWidget &dialog, const Row &row) {
+        EXPECT_EQ(Find<QListWidget>(dialog, "lst_tiles").currentRow(), row.listRow);
+        EXPECT_TRUE(Find<QRadioButton>(dialog, row.option).isChecked()) << row.option;
+        Press<QPushButton>(dialog, QStringLiteral("cmd_cancel"));
+    };
+    for (const Row &row :
+         {Row{0xC1, 1, "Opt_W"}, Row{0x8A, 10, "Opt_S"}, Row{0x7A, 58, "Opt_E"}, Row{0x00, 0, "opt_N"}}) {
+        // Every other tile is another one.
+        campaign().terrain.assign(terrainSize, static_cast<std::uint8_t>(row.byte ^ 0x45));
+        SetTerrain(123, 45, row.byte);
+        const auto check = [&](QWidget &dialog) { expectShown(dialog, row); };
+        EXPECT_TRUE(InPreciseDialog("cmd_tar_precise", check));
+        EXPECT_TRUE(InPreciseDialog("cmd_tar_tile", check));
+    }
+    Entry("mnu_e_railway").trigger();
+    SetTerrain(639, 319, 0xC1);
+    SetTerrain(0, 0, 0x8A);
+    const auto checkStart = [&](QWidget &dialog) { expectShown(dialog, {0xC1, 1, "Opt_W"}); };
+    const auto checkEnd = [&](QWidget &dialog) { expectShown(dialog, {0x8A, 10, "Opt_S"}); };
+    EXPECT_TRUE(InPreciseDialog("cmd_rail_precise1", checkStart));
+    EXPECT_TRUE(InPreciseDialog("cmd_rail_precise2", checkEnd));
+}
+
+TEST_F(ItemCommandsTest, ViewingTheTileOfATargetWritesNothing) {
+    EXPECT_TRUE(Find<QPushButton>(window(), "cmd_tar_tile").isEnabled());
+    campaign().flx_targets[20] = {"7.25", "8.5"};
+    Number("upd_tar_code").SetNumber(20);
+    const std::string before = Everything(campaign());
+    EXPECT_TRUE(InPreciseDialog("cmd_tar_tile", ClickTileAndPressOk));
+    EXPECT_EQ(Everything(campaign()), before);
+    EXPECT_EQ(Text("txt_tar_xm"), "7");
+    EXPECT_EQ(Text("txt_tar_ym"), "8");
+}
+
+TEST_F(ItemCommandsTest, APositionThatLiesOnNoTileBringsAWarningAndNoDialog) {
+    campaign().TargetTable[20].y = 1760;
+    Number("upd_tar_code").SetNumber(20);
+    const std::string before = Everything(campaign());
+    for (const char *button : {"cmd_tar_precise", "cmd_tar_tile"}) {
+        const ShownBox box = BoxShownBy([&] { PressButton(button); });
+        EXPECT_EQ(box.icon, QMessageBox::Warning) << button;
+        EXPECT_TRUE(box.text.contains("VTR.TM")) << box.text.toStdString();
+        EXPECT_TRUE(box.text.contains("Nothing was changed.")) << box.text.toStdString();
+        EXPECT_EQ(window().findChild<QWidget *>("frm_precise"), nullptr);
+    }
+    EXPECT_EQ(Everything(campaign()), before);
+    EXPECT_EQ(Text("txt_tar_y"), "1760");
+}
+
+}  // namespace
+}  // namespace vtr

@@ -1,0 +1,176 @@
+#include <gmock/gmock.h>
+
+#include <QFileDialog>
+#include <QLineEdit>
+#include <array>
+
+#include "EditorWindow.h"
+#include "MessageBoxAnswer.h"
+#include "frm_newproject.h"
+
+namespace vtr {
+namespace {
+
+using ::testing::HasSubstr;
+
+/// "&New Project..." on the main window, with the sample's files as those of the game.
+class NewProjectCommand : public EditorWindow {
+  protected:
+    NewProjectCommand() {
+        WriteSample();
+        std::filesystem::copy_file(VTR_PROGRAM_FOLDER "/map.dat", folder.Path() + "program/map.dat");
+        std::filesystem::create_directory(folder.Path() + "new");
+    }
+
+    std::string NewPath() const { return folder.Path() + "new/north.prj"; }
+
+    /// Does "&New Project..."; fill is run on the dialog that opens.
+    void MakeNewProject(const std::function<void(frm_newproject &)> &fill) {
+        WhenModalOpens([this, fill](QWidget &opened) {
+            ++dialogs;
+            auto *const dialog = qobject_cast<frm_newproject *>(&opened);
+            if (dialog == nullptr) {
+                ADD_FAILURE() << "another window than the new-project dialog came";
+                opened.close();
+                return;
+            }
+            EXPECT_TRUE(dialog->isModal());
+            fill(*dialog);
+            if (dialog->isVisible())
+                dialog->reject();
+        });
+        Entry("mnu_p_new").trigger();
+        EXPECT_EQ(dialogs, 1);
+    }
+
+    /// Browses for the sample's files in all rows; for the map's too when there is to be one.
+    void BrowseAll(frm_newproject &dialog, bool withMap) {
+        constexpr std::array<const char *, 13> files = {"TARGET.DAT",   "GRIDDATA.DAT", "tiles/BNGrass.pcx",
+                                                        "FRNTLINE.DAT", "AIRFIELD.DAT", "VTR_RRD.DAT",
+                                                        "ROADLIST.DAT", "ROADWPT.DAT",  "RAILLIST.DAT",
+                                                        "RAILWPT.DAT",  "TARNAMES.STR", "VTR.TM",
+                                                        "map.bmp"};
+        std::filesystem::create_directory(folder.Path() + "tiles");
+        for (const char *name : {"GRIDDATA.DAT", "ROADLIST.DAT", "RAILLIST.DAT", "tiles/BNGrass.pcx"})
+            if (!std::filesystem::exists(folder.Path() + name))
+                folder.Make(name, "");
+        for (std::size_t i = 0; i < (withMap ? 13U : 12U); ++i) {
+            ChooseNext(folder.Path() + files.at(i));
+            Press<QPushButton>(dialog, QStringLiteral("cmd_browse(%1)").arg(i));
+        }
+    }
+
+    /// Gives path to the file chooser that opens next; cancels that when path is empty.
+    static void ChooseNext(const std::string &path) {
+        WhenModalOpens([path](QWidget &opened) {
+            auto *const chooser = qobject_cast<QFileDialog *>(&opened);
+            ASSERT_NE(chooser, nullptr);
+            if (path.empty())
+                return chooser->reject();
+            Find<QLineEdit>(*chooser, "fileNameEdit").setText(QString::fromStdString(path));
+            static_cast<QDialog *>(chooser)->accept();
+        });
+    }
+    static void Create(frm_newproject &dialog, const std::string &path) {
+        ChooseNext(path);
+        Press<QPushButton>(dialog, "cmd_ok");
+    }
+
+    int dialogs = 0;
+};
+
+TEST_F(NewProjectCommand, OpensItsDialogModallyWithoutAskingAboutAnExport) {
+    StartWithSample();
+    MakeNewProject([this](frm_newproject &dialog) {
+        EXPECT_EQ(dialog.parentWidget(), &window());
+        Press<QPushButton>(dialog, "cmd_cancel");
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    EXPECT_EQ(module->campaign.paths.ProjectFile, "sample.prj");
+}
+
+TEST_F(NewProjectCommand, LoadsTheProjectThatItMade) {
+    window().Start(QString());
+    MakeNewProject([this](frm_newproject &dialog) {
+        BrowseAll(dialog, true);
+        Find<QLineEdit>(dialog, "txt_prjname").setText("North front");
+        Create(dialog, NewPath());
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    EXPECT_TRUE(module->campaign.ProjectLoaded);
+    EXPECT_EQ(module->campaign.paths.ProjectDir, folder.Path() + "new/");
+    EXPECT_EQ(module->campaign.paths.ProjectFile, "north.prj");
+    EXPECT_EQ(PanelText("project"), "  North front  ");
+    EXPECT_EQ(module->preferences.RecentProjectFiles[0], NewPath());
+}
+
+TEST_F(NewProjectCommand, LoadsAProjectWhoseMapItGenerated) {
+    window().Start(QString());
+    MakeNewProject([this](frm_newproject &dialog) {
+        BrowseAll(dialog, false);
+        Create(dialog, NewPath());
+    });
+    EXPECT_TRUE(module->campaign.ProjectLoaded);
+    EXPECT_EQ(module->campaign.paths.Map, "worldmap.bmp");
+    EXPECT_EQ(folder.Content("new/worldmap.bmp").size(), 205878U);
+    EXPECT_EQ(module->map.width, 640);
+    EXPECT_EQ(module->map.height, 320);
+}
+
+TEST_F(NewProjectCommand, WithoutAPlaceToSaveItWarnsAndTheProgramGoesOn) {
+    StartWithSample();
+    const MessageBoxAnswer warning(QMessageBox::Ok);
+    MakeNewProject([this](frm_newproject &dialog) {
+        BrowseAll(dialog, true);
+        Create(dialog, "");
+    });
+    EXPECT_EQ(warning.Icon(), QMessageBox::Warning);
+    EXPECT_EQ(warning.Title(), "VTR Target Editor");
+    EXPECT_THAT(warning.Text().toStdString(), HasSubstr("Loading the project failed."));
+    EXPECT_THAT(warning.Text().toStdString(), HasSubstr("Found: no path at all"));
+    EXPECT_EQ(module->campaign.paths.ProjectFile, "sample.prj");
+    EXPECT_TRUE(window().isVisible());
+}
+
+TEST_F(NewProjectCommand, ACopyThatFailsEndsTheProgramWithTheFileAndTheReason) {
+    window().Start(QString());
+    const std::string gone = folder.Path() + "gone.dat";
+    const MessageBoxAnswer message(QMessageBox::Ok);
+    QTimer::singleShot(0, qApp, [&] {
+        MakeNewProject([&](frm_newproject &dialog) {
+            BrowseAll(dialog, true);
+            Find<QLineEdit>(dialog, "txt_filename(4)").setText(QString::fromStdString(gone));
+            ChooseNext(NewPath());
+            // The signal alone: a click would leave the guards of the button's own code behind.
+            Q_EMIT Find<QPushButton>(dialog, "cmd_ok").clicked();
+        });
+    });
+    EXPECT_EQ(QCoreApplication::exec(), 1);
+    EXPECT_EQ(message.Icon(), QMessageBox::Critical);
+    EXPECT_THAT(message.Text().toStdString(), HasSubstr("File: " + gone));
+    EXPECT_THAT(message.Text().toStdString(), HasSubstr("No such file or directory"));
+    EXPECT_FALSE(std::filesystem::exists(NewPath()));
+    EXPECT_FALSE(module->campaign.ProjectLoaded);
+}
+
+TEST_F(NewProjectCommand, AfterAFailedGenerationTheFailedLoadIsAWarningAndTheProgramGoesOn) {
+    std::filesystem::remove(folder.Path() + "program/map.dat");
+    folder.Make("new/worldmap.bmp", "a map of another terrain");
+    window().Start(QString());
+    const MessageBoxAnswer warning(QMessageBox::Ok);
+    MakeNewProject([this](frm_newproject &dialog) {
+        BrowseAll(dialog, false);
+        Create(dialog, NewPath());
+    });
+    EXPECT_EQ(warning.Icon(), QMessageBox::Warning);
+    EXPECT_THAT(warning.Text().toStdString(), HasSubstr("Loading the new project failed."));
+    EXPECT_THAT(warning.Text().toStdString(), HasSubstr("File: " + folder.Path() + "new/worldmap.bmp"));
+    EXPECT_TRUE(std::filesystem::exists(NewPath()));
+    EXPECT_FALSE(std::filesystem::exists(folder.Path() + "new/worldmap.bmp"));
+    EXPECT_FALSE(module->campaign.ProjectLoaded);
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_FALSE(Find<QWidget>(window(), "frm_progress").isVisible());
+}
+
+}  // namespace
+}  // namespace vtr

@@ -1,0 +1,117 @@
+#include <gtest/gtest.h>
+
+#include <QVBoxLayout>
+
+#include "AirfieldPanel.h"
+#include "ControlBox.h"
+#include "FrontlinePanel.h"
+#include "Panel.h"
+#include "PanelTesting.h"
+#include "RailwayPanel.h"
+#include "TargetPanel.h"
+#include "WaypointPanel.h"
+
+namespace vtr {
+namespace {
+
+class EveryPanelTest : public ::testing::Test {
+  protected:
+    EveryPanelTest() {
+        auto *airfield = new AirfieldPanel(*campaign, &window);
+        airfield->ShowAirfield(1);
+        panels = {new TargetPanel(*campaign, &window),
+                  airfield,
+                  new FrontlinePanel(*campaign, &window),
+                  new RailwayPanel(*campaign, &window),
+                  new WaypointPanel(WaypointPanel::Kind::Road, *campaign, &window),
+                  new WaypointPanel(WaypointPanel::Kind::Rail, *campaign, &window),
+                  new ControlBox(*campaign, &window)};
+        auto *layout = new QVBoxLayout(&window);
+        for (Panel *panel : panels)
+            layout->addWidget(panel);
+        window.show();
+    }
+
+    std::unique_ptr<Campaign> campaign = FilledCampaign();
+    QWidget window;
+    std::vector<Panel *> panels;
+};
+
+/// The controls of the panel that the Tab key stops at, in its order.
+std::vector<QWidget *> TabStops(Panel &panel) {
+    std::vector<QWidget *> stops;
+    for (QWidget *next = panel.nextInFocusChain(); next != &panel; next = next->nextInFocusChain()) {
+        const bool stops_here = (next->focusPolicy() & Qt::TabFocus) != 0 && next->focusProxy() == nullptr;
+        if (stops_here && next->parentWidget() == &panel)
+            stops.push_back(next);
+    }
+    return stops;
+}
+
+TEST_F(EveryPanelTest, EveryFieldHasANameAndATooltip) {
+    for (const Panel *panel : panels) {
+        for (const NumberField *field : panel->findChildren<NumberField *>()) {
+            EXPECT_FALSE(field->accessibleName().isEmpty()) << field->objectName().toStdString();
+            EXPECT_TRUE(field->toolTip().contains(QString::number(field->maximum())))
+                << field->objectName().toStdString();
+        }
+    }
+}
+
+TEST_F(EveryPanelTest, TabGoesThroughTheControlsInReadingOrder) {
+    for (Panel *panel : panels) {
+        const std::vector<QWidget *> stops = TabStops(*panel);
+        EXPECT_GE(stops.size(), 4U) << panel->objectName().toStdString();
+        for (std::size_t i = 1; i < stops.size(); ++i) {
+            const QPoint before = stops[i - 1]->geometry().center();
+            const QPoint here = stops[i]->geometry().center();
+            const bool sameRow = std::abs(before.y() - here.y()) < 8;
+            EXPECT_TRUE(sameRow ? before.x() < here.x() : before.y() < here.y() || before.x() < here.x())
+                << stops[i - 1]->objectName().toStdString() << " before "
+                << stops[i]->objectName().toStdString();
+        }
+    }
+}
+
+TEST_F(EveryPanelTest, NothingIsClipped) {
+    for (const Panel *panel : panels) {
+        for (const QWidget *child : panel->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+            EXPECT_GE(child->width(), child->minimumSizeHint().width()) << child->objectName().toStdString();
+            EXPECT_GE(child->height(), child->minimumSizeHint().height())
+                << child->objectName().toStdString();
+            EXPECT_TRUE(panel->rect().contains(child->geometry())) << child->objectName().toStdString();
+        }
+    }
+}
+
+TEST(PanelsTogether, FitIntoTwoRowsBelowTheMap) {
+    const auto campaign = FilledCampaign();
+    const auto width = [](std::initializer_list<const Panel *> row) {
+        int total = 0;
+        for (const Panel *panel : row)
+            total += panel->minimumSizeHint().width();
+        return total;
+    };
+    const TargetPanel target(*campaign, nullptr);
+    const AirfieldPanel airfield(*campaign, nullptr);
+    const FrontlinePanel frontline(*campaign, nullptr);
+    const RailwayPanel railway(*campaign, nullptr);
+    const WaypointPanel road(WaypointPanel::Kind::Road, *campaign, nullptr);
+    const WaypointPanel rail(WaypointPanel::Kind::Rail, *campaign, nullptr);
+    EXPECT_LE(width({&target, &airfield}), 870);
+    EXPECT_LE(width({&frontline, &railway, &road, &rail}), 870);
+    EXPECT_LE(target.minimumSizeHint().height() + railway.minimumSizeHint().height(), 320);
+}
+
+TEST(PanelsTogether, ACampaignThatHoldsNothingYetIsShownAsZeros) {
+    const auto campaign = std::make_unique<Campaign>();
+    const std::string before = Everything(*campaign);
+    const TargetPanel target(*campaign, nullptr);
+    const RailwayPanel railway(*campaign, nullptr);
+    EXPECT_EQ(ShownIn(target, "txt_tar_xm"), "0");
+    EXPECT_EQ(ShownIn(railway, "txt_rail_ym2"), "0");
+    EXPECT_EQ(Everything(*campaign), before);
+}
+
+}  // namespace
+}  // namespace vtr

@@ -1,0 +1,124 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <functional>
+#include <memory>
+
+#include "DialogDriver.h"
+#include "frm_precise.h"
+
+namespace vtr {
+
+constexpr std::uint32_t red = 0xFFFF0000;
+
+/// The colour that index has in the test's PCX files.
+inline std::uint32_t ColourOf(int index) {
+    const auto value = static_cast<std::uint32_t>(index);
+    return 0xFF000000U | value << 16 | (value / 2) << 8 | (191 - value);
+}
+
+/// A PCX file of 256 colours, width even, whose pixel at (x, y) has the colour index (below 192) of pixelOf.
+inline QByteArray PcxFile(int width, int height, const std::function<int(int, int)> &pixelOf) {
+    QByteArray file(128, '\0');
+    const auto word = [&file](int offset, int value) {
+        file[offset] = static_cast<char>(value & 255);
+        file[offset + 1] = static_cast<char>(value >> 8);
+    };
+    file[0] = 10;
+    file[1] = 5;
+    file[2] = 1;
+    file[3] = 8;
+    word(8, width - 1);
+    word(10, height - 1);
+    file[65] = 1;
+    word(66, width);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            file.append(static_cast<char>(pixelOf(x, y)));
+    file.append('\x0C');
+    for (int index = 0; index < 256; ++index) {
+        const std::uint32_t colour = ColourOf(index);
+        for (const int shift : {16, 8, 0})
+            file.append(static_cast<char>(colour >> shift & 255));
+    }
+    return file;
+}
+
+/// Differs at every pixel from its neighbours and from its own turns.
+inline int Pattern(int x, int y) {
+    return (x * 7 + y * 13) % 190;
+}
+
+/// The dialog, which takes its tiles from a folder of the test.
+class PreciseDialog : public ::testing::Test {
+  protected:
+    PreciseDialog() { Open(); }
+
+    void Open() { dialog = std::make_unique<frm_precise>(folder.path().toStdString()); }
+    void Write(const QString &name, const QByteArray &bytes) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    void WriteTile(const QString &name, int width = 256, int height = 256) {
+        Write(name, PcxFile(width, height, Pattern));
+    }
+    TilePicture &Tile() { return Find<TilePicture>(*dialog, "pic_tile"); }
+    std::uint32_t Pixel(int x, int y) {
+        const Picture &picture = Tile().Shown();
+        return picture.pixels.at(static_cast<std::size_t>(y * picture.width + x));
+    }
+    /// A click with the left button, also at (0, 0), which QTest would take for "in the middle".
+    void Click(int x, int y) {
+        const QPointF at(x, y);
+        const QPointF global = Tile().mapToGlobal(at);
+        for (const auto &[type, held] : {std::pair(QEvent::MouseButtonPress, Qt::LeftButton),
+                                         std::pair(QEvent::MouseButtonRelease, Qt::NoButton)}) {
+            QMouseEvent event(type, at, global, Qt::LeftButton, held, Qt::NoModifier);
+            QCoreApplication::sendEvent(&Tile(), &event);
+        }
+    }
+    void ClickOk() { Press<QPushButton>(*dialog, "cmd_OK"); }
+    QString CheckedOption() {
+        QString checked;
+        for (const QString name : {"opt_N", "Opt_E", "Opt_S", "Opt_W"})
+            if (Find<QRadioButton>(*dialog, name).isChecked())
+                checked += name;
+        return checked;
+    }
+    QString Reason() { return Find<QLabel>(*dialog, "lbl_reason").text(); }
+    void ExpectMetres(double x, double y) {
+        EXPECT_EQ(dialog->MetresX(), x);
+        EXPECT_EQ(dialog->MetresY(), y);
+    }
+    /// The cross with its middle at (x, y), and nothing else red in the picture.
+    void ExpectCross(int x, int y) {
+        const Picture &picture = Tile().Shown();
+        for (int row = 0; row < picture.height; ++row)
+            for (int column = 0; column < picture.width; ++column) {
+                const bool upright = column == x && row >= y - 5 && row <= y + 6;
+                const bool level = row == y && column >= x - 5 && column <= x + 6;
+                ASSERT_EQ(Pixel(column, row) == red, upright || level) << column << ", " << row;
+            }
+    }
+
+    /// Showing tile 1 brings that message and leaves an empty tile.
+    void ExpectRefused(const QString &message, QMessageBox::Icon icon) {
+        const ShownBox box = BoxShownBy([this] { dialog->ShowTile(1, 0.5F); });
+        EXPECT_EQ(box.text, message);
+        EXPECT_EQ(box.icon, icon);
+        EXPECT_EQ(box.buttons, QMessageBox::Ok);
+        EXPECT_EQ(Tile().size(), QSize(256, 256));
+    }
+
+    QTemporaryDir folder;
+    std::unique_ptr<frm_precise> dialog;
+};
+
+}  // namespace vtr

@@ -1,0 +1,141 @@
+#include <gmock/gmock.h>
+
+#include <QDragEnterEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QUrl>
+
+#include "EditorWindow.h"
+#include "frm_save.h"
+
+namespace vtr {
+namespace {
+
+class ProjectDrop : public EditorWindow {
+  protected:
+    static QUrl LocalUrl(const std::string &path) {
+        return QUrl::fromLocalFile(QString::fromStdString(path));
+    }
+
+    /// Drags what data holds onto widget; true when it is taken, and then drops it there.
+    bool Drop(QWidget &widget, const QMimeData &data) {
+        const QPoint at = widget.rect().center();
+        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QCoreApplication::sendEvent(&widget, &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&widget, &drop);
+        return true;
+    }
+    bool Drop(QWidget &widget, const QList<QUrl> &urls) {
+        QMimeData data;
+        data.setUrls(urls);
+        return Drop(widget, data);
+    }
+    bool DropSample() { return Drop(window(), {LocalUrl(SamplePath())}); }
+
+    /// Opens the sample and changes a target, by which a load shows.
+    void StartWithChangedSample() {
+        StartWithSample();
+        module->campaign.TargetTable[100].x = 7;
+    }
+    bool SampleWasLoadedAgain() const { return module->campaign.TargetTable[100].x != 7; }
+
+    /// Drops the sample's file and answers the question that comes.
+    ShownBox AnswerAfterDrop(QMessageBox::StandardButton answer) {
+        ShownBox question;
+        AnswerNextBox(question, answer);
+        EXPECT_TRUE(DropSample());
+        EXPECT_EQ(question.count, 0) << "the question comes while the file manager waits";
+        QCoreApplication::processEvents();
+        EXPECT_EQ(question.count, 1);
+        return question;
+    }
+};
+
+TEST_F(ProjectDrop, OfAProjectFileLoadsItWhenTheDropIsOver) {
+    WriteSample();
+    window().Start(QString());
+    EXPECT_TRUE(DropSample());
+    EXPECT_FALSE(module->campaign.ProjectLoaded);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(module->campaign.ProjectLoaded);
+    EXPECT_EQ(module->campaign.paths.ProjectFile, "sample.prj");
+    EXPECT_EQ(module->campaign.paths.ProjectDir, folder.Path());
+}
+
+TEST_F(ProjectDrop, TakesTheSuffixInAnyLetterCase) {
+    WriteSample();
+    std::filesystem::rename(SamplePath(), folder.Path() + "SAMPLE.PRJ");
+    window().Start(QString());
+    EXPECT_TRUE(Drop(window(), {LocalUrl(folder.Path() + "SAMPLE.PRJ")}));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(module->campaign.ProjectLoaded);
+    EXPECT_EQ(module->campaign.paths.ProjectFile, "SAMPLE.PRJ");
+}
+
+TEST_F(ProjectDrop, WithAProjectOpenAsksAndCancelKeepsIt) {
+    StartWithChangedSample();
+    const ShownBox question = AnswerAfterDrop(QMessageBox::Cancel);
+    EXPECT_EQ(question.text, "Do you wish to export this project?");
+    EXPECT_EQ(question.title, "VTR Target Editor");
+    EXPECT_EQ(question.icon, QMessageBox::Question);
+    EXPECT_EQ(question.buttons, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    EXPECT_FALSE(SampleWasLoadedAgain());
+    EXPECT_EQ(window().findChild<frm_save *>(), nullptr);
+}
+
+TEST_F(ProjectDrop, WithAProjectOpenAndNoLoadsTheOther) {
+    StartWithChangedSample();
+    AnswerAfterDrop(QMessageBox::No);
+    EXPECT_TRUE(SampleWasLoadedAgain());
+    EXPECT_EQ(window().findChild<frm_save *>(), nullptr);
+}
+
+TEST_F(ProjectDrop, WithAProjectOpenAndYesOpensTheSaveDialogAndGoesOn) {
+    StartWithChangedSample();
+    AnswerAfterDrop(QMessageBox::Yes);
+    ASSERT_NE(window().findChild<frm_save *>(), nullptr);
+    EXPECT_TRUE(window().findChild<frm_save *>()->isVisible());
+    EXPECT_TRUE(SampleWasLoadedAgain());
+}
+
+TEST_F(ProjectDrop, OfAnythingElseIsRefused) {
+    WriteSample();
+    window().Start(QString());
+    EXPECT_FALSE(Drop(window(), {LocalUrl(folder.Path() + "TARGET.DAT")}));
+    EXPECT_FALSE(Drop(window(), {LocalUrl(folder.Path() + "sample.prj.bak")}));
+    EXPECT_FALSE(Drop(window(), {LocalUrl(folder.Path())}));
+    EXPECT_FALSE(Drop(window(), {LocalUrl(SamplePath()), LocalUrl(SamplePath())}));
+    EXPECT_FALSE(Drop(window(), {QUrl("https://example.org/sample.prj")}));
+    QMimeData text;
+    text.setText(QString::fromStdString(SamplePath()));
+    EXPECT_FALSE(Drop(window(), text));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(module->campaign.ProjectLoaded);
+}
+
+TEST_F(ProjectDrop, OntoATextFieldIsForTheWindow) {
+    StartWithChangedSample();
+    const QList<QLineEdit *> fields = window().findChildren<QLineEdit *>();
+    ASSERT_GT(fields.size(), 20);
+    for (const QLineEdit *field : fields)
+        EXPECT_FALSE(field->acceptDrops()) << field->objectName().toStdString();
+    QMimeData text;
+    text.setText("123");
+    NumberField &x = Number("upd_tar_x");
+    const QString before = x.text();
+    EXPECT_FALSE(Drop(*x.findChild<QLineEdit *>(), text));
+    EXPECT_EQ(x.text(), before);
+
+    ShownBox question;
+    AnswerNextBox(question, QMessageBox::No);
+    EXPECT_TRUE(Drop(*x.findChild<QLineEdit *>(), {LocalUrl(SamplePath())}));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(SampleWasLoadedAgain());
+}
+
+}  // namespace
+}  // namespace vtr

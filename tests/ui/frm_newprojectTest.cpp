@@ -1,0 +1,320 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMimeData>
+#include <QUrl>
+#include <filesystem>
+#include <vector>
+
+#include "DialogDriver.h"
+#include "Errors.h"
+#include "TemporaryFolder.h"
+#include "frm_newproject.h"
+
+namespace vtr {
+namespace {
+
+/// What a file chooser looked like when it opened.
+struct ShownChooser {
+    int count = 0;
+    QString title;
+    QStringList filters;
+    QFileDialog::AcceptMode mode = QFileDialog::AcceptOpen;
+};
+
+/// Chooses path in the next file chooser; cancels it when path is empty.
+void ChooseNext(ShownChooser &shown, const std::string &path) {
+    WhenModalOpens([&shown, path](QWidget &window) {
+        auto *const chooser = qobject_cast<QFileDialog *>(&window);
+        ASSERT_NE(chooser, nullptr);
+        EXPECT_EQ(chooser->objectName(), "cmdiag");
+        ++shown.count;
+        shown.title = chooser->windowTitle();
+        shown.filters = chooser->nameFilters();
+        shown.mode = chooser->acceptMode();
+        if (path.empty()) {
+            chooser->reject();
+            return;
+        }
+        Find<QLineEdit>(*chooser, "fileNameEdit").setText(QString::fromStdString(path));
+        QMetaObject::invokeMethod(chooser, "accept");
+    });
+}
+
+struct ExpectedRow {
+    int index;
+    QString caption;
+    QString title;
+    QString filter;
+    std::string file;
+};
+
+const std::vector<ExpectedRow> rows{
+    {12, "BMP MAP:", "Browse for BMP MAP", "BMP MAP (*.bmp)", "campaign.bmp"},
+    {11, "VTR.TM:", "Browse for VTR.TM", "VTR.TM (*.tm)", "vtr.tm"},
+    {2, "TILES DIR.:", "DIRECTORY CONTAINING TILES", "*.pcx (*.pcx)", "BNGrass.pcx"},
+    {0, "TARGET.DAT:", "Browse for TARGET.DAT", "TARGET.DAT (*.dat)", "TARGET.DAT"},
+    {10, "TARNAMES.STR:", "Browse for TARNAMES.STR", "TARNAMES.STR (*.str)", "Tarnames.Str"},
+    {1, "GRIDDATA.DAT:", "Browse for GRIDDATA.DAT", "GRIDDATA.DAT (*.dat)", "GRIDDATA.DAT"},
+    {3, "FRNTLINE.DAT:", "Browse for FRNTLINE.DAT", "FRNTLINE.DAT (*.dat)", "FRNTLINE.DAT"},
+    {4, "AIRFIELD.DAT:", "Browse for AIRFIELD.DAT", "AIRFIELD.DAT (*.dat)", "AIRFIELD.DAT"},
+    {5, "VTR_RRD.DAT:", "Browse for VTR_RRD.DAT", "VTR_RRD.DAT (*.dat)", "vtr_rrd.dat"},
+    {6, "ROADLIST.DAT", "Browse for ROADLIST.DA", "ROADLIST.DA (*.dat)", "ROADLIST.DAT"},
+    {7, "ROADWPT.DAT:", "Browse for ROADWPT.DAT", "ROADWPT.DAT (*.dat)", "ROADWPT.DAT"},
+    {8, "RAILLIST.DAT:", "Browse for RAILLIST.DAT", "RAILLIST.DAT (*.dat)", "RAILLIST.DAT"},
+    {9, "RAILWPT.DAT:", "Browse for RAILWPT.DAT", "RAILWPT.DAT (*.dat)", "RAILWPT.DAT"},
+};
+
+class NewProjectDialog : public ::testing::Test {
+  protected:
+    NewProjectDialog() {
+        for (const ExpectedRow &row : rows)
+            game.Make(row.file, "content of " + row.file);
+        program.Make("map.dat", std::string(1078, 'M'));
+        dialog.show();
+    }
+
+    QLineEdit &Field(int index) { return Find<QLineEdit>(dialog, QString("txt_filename(%1)").arg(index)); }
+    ShownChooser Choose(const QString &button, const std::string &path) {
+        ShownChooser chooser;
+        ChooseNext(chooser, path);
+        Press<QPushButton>(dialog, button);
+        EXPECT_EQ(chooser.count, 1);
+        return chooser;
+    }
+    ShownChooser Browse(int index, const std::string &path) {
+        return Choose(QString("cmd_browse(%1)").arg(index), path);
+    }
+    void BrowseAllBut(int left) {
+        for (const ExpectedRow &row : rows)
+            if (row.index != left)
+                Browse(row.index, game.Path() + row.file);
+    }
+    ShownChooser Create(const std::string &path) { return Choose("cmd_ok", path); }
+    /// Drags the path onto widget and, when it is taken, drops it there.
+    bool Drop(QWidget &widget, const std::string &path) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+        return Drop(widget, data);
+    }
+    bool Drop(QWidget &widget, const QMimeData &data) {
+        const QPoint at = widget.rect().center();
+        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QCoreApplication::sendEvent(&widget, &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&widget, &drop);
+        return true;
+    }
+
+    TemporaryFolder game;
+    TemporaryFolder program;
+    TemporaryFolder target;
+    frm_newproject dialog{program.Path()};
+};
+
+TEST_F(NewProjectDialog, ShowsItsRowsFromTopToBottomWithTheirCaptionsAndTheTooltip) {
+    EXPECT_EQ(dialog.objectName(), "frm_newproject");
+    EXPECT_EQ(dialog.windowTitle(), "New Project");
+    EXPECT_EQ(Find<QPushButton>(dialog, "cmd_ok").text(), "&Create");
+    EXPECT_EQ(Find<QPushButton>(dialog, "cmd_cancel").text(), "Cancel");
+    int above = -1;
+    for (const ExpectedRow &row : rows) {
+        const auto &label = Find<QLabel>(dialog, QString("lbl_file(%1)").arg(row.index));
+        EXPECT_EQ(label.text(), row.caption);
+        EXPECT_EQ(Field(row.index).toolTip(), "Airfield Code");
+        EXPECT_EQ(Find<QPushButton>(dialog, QString("cmd_browse(%1)").arg(row.index)).text(), "...");
+        EXPECT_GT(Field(row.index).y(), above);
+        above = Field(row.index).y();
+    }
+    QStringList labels;
+    for (const QLabel *label : dialog.findChildren<QLabel *>())
+        labels << label->text();
+    EXPECT_TRUE(labels.contains("PROJECT NAME:"));
+}
+
+TEST_F(NewProjectDialog, OnlyTheMapsRowIsMarkedAsOptional) {
+    std::vector<QLabel *> notes;
+    for (QLabel *label : dialog.findChildren<QLabel *>())
+        if (label->text().contains("OPT", Qt::CaseInsensitive))
+            notes.push_back(label);
+    ASSERT_EQ(notes.size(), 1U);
+    EXPECT_EQ(notes[0]->text(), "(OPT)");
+    EXPECT_TRUE(notes[0]->isVisible());
+    EXPECT_EQ(notes[0]->geometry().center().y(), Field(12).geometry().center().y());
+}
+
+TEST_F(NewProjectDialog, EachRowBrowsesUnderItsOwnTitleAndFilter) {
+    for (const ExpectedRow &row : rows) {
+        const ShownChooser chooser = Browse(row.index, game.Path() + row.file);
+        EXPECT_EQ(chooser.title, row.title);
+        EXPECT_EQ(chooser.filters, QStringList{row.filter});
+        EXPECT_EQ(chooser.mode, QFileDialog::AcceptOpen);
+        const std::string shown =
+            row.index == 2 ? game.Path().substr(0, game.Path().size() - 1) : game.Path() + row.file;
+        EXPECT_EQ(Field(row.index).text().toStdString(), shown);
+    }
+}
+
+TEST_F(NewProjectDialog, BrowsingThatIsCancelledLeavesTheRow) {
+    Field(4).setText("typed");
+    Browse(4, "");
+    EXPECT_EQ(Field(4).text(), "typed");
+}
+
+TEST_F(NewProjectDialog, EveryRowButTheMapHasToBeFilled) {
+    for (int missing = 0; missing < 12; ++missing) {
+        for (int index = 0; index < 12; ++index)
+            Field(index).setText(index == missing ? "" : "x");
+        const ShownBox box = BoxShownBy([this] { Press<QPushButton>(dialog, "cmd_ok"); });
+        EXPECT_EQ(box.text, "Please Fill in ALL Fields");
+        EXPECT_EQ(box.title, "New Project");
+        EXPECT_EQ(box.icon, QMessageBox::Critical);
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(dialog.focusWidget(), &Field(missing));
+    }
+}
+
+TEST_F(NewProjectDialog, MakesTheProjectWhereTheUserWantsIt) {
+    BrowseAllBut(-1);
+    Find<QLineEdit>(dialog, "txt_prjname").setText(QStringLiteral("N\u00F6rd = Front"));
+    const ShownChooser chooser = Create(target.Path() + "north.prj");
+    EXPECT_EQ(chooser.title, "Save Project As...");
+    EXPECT_EQ(chooser.filters, QStringList{"Target Editor Projects (*.prj)"});
+    EXPECT_EQ(chooser.mode, QFileDialog::AcceptSave);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(dialog.ProjectPath(), target.Path() + "north.prj");
+    EXPECT_EQ(target.Content("north.prj"),
+              "Name=N\xF6rd = Front\r\nMap=campaign.bmp\r\nMapTM=vtr.tm\r\nTARGETS=TARGET.DAT\r\n"
+              "TARNAMES=Tarnames.Str\r\nGridData=GRIDDATA.DAT\r\nFrontline=FRNTLINE.DAT\r\n"
+              "Airfield=AIRFIELD.DAT\r\nRailway=vtr_rrd.dat\r\nROADWPT=ROADWPT.DAT\r\n"
+              "RoadList=ROADLIST.DAT\r\nRAILWPT=RAILWPT.DAT\r\nRailList=RAILLIST.DAT\r\n");
+    for (const ExpectedRow &row : rows) {
+        if (row.index != 2) {
+            EXPECT_EQ(target.Content(row.file), "content of " + row.file);
+        }
+    }
+    EXPECT_EQ(target.Names().count("BNGrass.pcx"), 0U);
+}
+
+TEST_F(NewProjectDialog, AnEmptyMapRowGeneratesTheMapAndWritesItsName) {
+    BrowseAllBut(12);
+    Create(target.Path() + "a.prj");
+    EXPECT_THAT(target.Content("a.prj"), ::testing::HasSubstr("\r\nMap=worldmap.bmp\r\n"));
+    EXPECT_EQ(target.Content("worldmap.bmp").size(), 205878U);
+}
+
+TEST_F(NewProjectDialog, AMapTypedByHandIsCopiedButNotNamed) {
+    BrowseAllBut(12);
+    Field(12).setText(QString::fromStdString(game.Path() + "campaign.bmp"));
+    Create(target.Path() + "a.prj");
+    EXPECT_THAT(target.Content("a.prj"), ::testing::HasSubstr("\r\nMap=\r\n"));
+    EXPECT_EQ(target.Content("campaign.bmp"), "content of campaign.bmp");
+}
+
+TEST_F(NewProjectDialog, AProjectIsNamedWithItsSuffixWhenTheUserLeavesItOut) {
+    BrowseAllBut(-1);
+    Create(target.Path() + "bare");
+    EXPECT_EQ(dialog.ProjectPath(), target.Path() + "bare.prj");
+}
+
+TEST_F(NewProjectDialog, WithoutAPlaceToSaveItTheDialogClosesWithAnEmptyPath) {
+    BrowseAllBut(-1);
+    Create("");
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(dialog.ProjectPath(), "");
+    EXPECT_TRUE(target.Names().empty());
+}
+
+TEST_F(NewProjectDialog, ACopyThatFailsIsAnErrorThatNamesTheFile) {
+    BrowseAllBut(-1);
+    Field(4).setText(QString::fromStdString(game.Path() + "gone.dat"));
+    ShownChooser chooser;
+    ChooseNext(chooser, target.Path() + "a.prj");
+    try {
+        // The signal alone: a click would leave the guards of the button's own code behind.
+        Q_EMIT Find<QPushButton>(dialog, "cmd_ok").clicked();
+        FAIL() << "nothing was thrown";
+    } catch (const Error &error) {
+        EXPECT_EQ(error.File(), game.Path() + "gone.dat");
+    }
+}
+
+TEST_F(NewProjectDialog, CancelAndEscapeDoNothing) {
+    BrowseAllBut(-1);
+    ExpectClosedBy(dialog, "cmd_cancel");
+    EXPECT_EQ(dialog.result(), QDialog::Rejected);
+    EXPECT_TRUE(target.Names().empty());
+}
+
+TEST_F(NewProjectDialog, AFileDroppedOntoARowCountsAsBrowsingForIt) {
+    for (const ExpectedRow &row : rows)
+        EXPECT_TRUE(Drop(Field(row.index), game.Path() + row.file));
+    EXPECT_EQ(Field(2).text().toStdString() + "/", game.Path());
+    EXPECT_EQ(Field(5).text().toStdString(), game.Path() + "vtr_rrd.dat");
+    Create(target.Path() + "a.prj");
+    EXPECT_THAT(target.Content("a.prj"), ::testing::HasSubstr("\r\nRailway=vtr_rrd.dat\r\n"));
+}
+
+TEST_F(NewProjectDialog, AFolderDroppedOntoTheDialogFillsEveryRowWhoseFileItHolds) {
+    Field(12).setText("kept");
+    std::filesystem::remove(game.Path() + "AIRFIELD.DAT");
+    EXPECT_TRUE(Drop(dialog, game.Path()));
+    for (const ExpectedRow &row : rows) {
+        std::string expected = game.Path() + row.file;
+        if (row.index == 12)
+            expected = "kept";  // its usual name is worldmap.bmp
+        else if (row.index == 2)
+            expected = game.Path().substr(0, game.Path().size() - 1);
+        else if (row.index == 4)
+            expected = "";
+        EXPECT_EQ(Field(row.index).text().toStdString(), expected) << row.index;
+    }
+}
+
+TEST_F(NewProjectDialog, AFolderDroppedOntoARowFillsAllRowsAndOntoTheTilesRowThatRowAlone) {
+    EXPECT_TRUE(Drop(Field(2), game.Path()));
+    EXPECT_EQ(Field(2).text().toStdString() + "/", game.Path());
+    EXPECT_EQ(Field(0).text(), "");
+    EXPECT_TRUE(Drop(Field(7), game.Path()));
+    EXPECT_EQ(Field(0).text().toStdString(), game.Path() + "TARGET.DAT");
+}
+
+TEST_F(NewProjectDialog, TextAndPagesOfTheWebAreNotTakenByTheRows) {
+    QMimeData text;
+    text.setText("TARGET.DAT");
+    QMimeData page;
+    page.setUrls({QUrl("https://example.org/TARGET.DAT")});
+    page.setText("https://example.org/TARGET.DAT");
+    for (const ExpectedRow &row : rows)
+        for (const QMimeData *data : {&text, &page}) {
+            EXPECT_FALSE(Drop(Field(row.index), *data)) << row.index;
+            EXPECT_EQ(Field(row.index).text(), "");
+        }
+}
+
+TEST_F(NewProjectDialog, AFolderDroppedOntoTheProjectsNameIsForTheRows) {
+    auto &name = Find<QLineEdit>(dialog, "txt_prjname");
+    EXPECT_FALSE(name.acceptDrops());
+    Drop(name, game.Path());
+    EXPECT_EQ(name.text(), "");
+    EXPECT_EQ(Field(0).text().toStdString(), game.Path() + "TARGET.DAT");
+    QMimeData text;
+    text.setText("front");
+    EXPECT_FALSE(Drop(name, text));
+    EXPECT_EQ(name.text(), "");
+}
+
+TEST_F(NewProjectDialog, AFileDroppedBesideTheRowsIsNotTaken) {
+    EXPECT_FALSE(Drop(dialog, game.Path() + "TARGET.DAT"));
+}
+
+}  // namespace
+}  // namespace vtr

@@ -1,0 +1,133 @@
+#include <vector>
+
+#include "Arithmetic.h"
+#include "PreciseDialog.h"
+#include "TileTypes.h"
+
+namespace vtr {
+namespace {
+
+TEST_F(PreciseDialog, TerrainByteC1OpensGrassWithWestSelectedAndTheTileTurned) {
+    WriteTile("BNGrass.pcx");
+    dialog->SetPosition(0, 4100);
+    dialog->ShowTile(ToByte(TileTypeOf(0xC1)), static_cast<float>(TileRotationOf(0xC1)));
+    EXPECT_EQ(Find<QListWidget>(*dialog, "lst_tiles").currentRow(), 1);
+    EXPECT_EQ(CheckedOption(), "Opt_W");
+    EXPECT_EQ(Reason(), "");
+    // Half a half turn: what lies at offset (-b, a) from the source's middle comes to (a, b).
+    for (int b = -100; b <= 100; b += 20)
+        for (int a = -100; a <= 100; a += 20)
+            EXPECT_EQ(Pixel(128 + a, 128 + b), ColourOf(Pattern(128 - b, 128 + a))) << a << ", " << b;
+    EXPECT_EQ(Find<TilePicture>(*dialog, "pic_hidden").Shown().pixels.at(0), ColourOf(Pattern(0, 0)));
+    EXPECT_FALSE(Find<TilePicture>(*dialog, "pic_hidden").isVisible());
+}
+
+TEST_F(PreciseDialog, EachRotationSelectsItsOptionAndWhateverIsNoneOfThemSelectsSouth) {
+    WriteTile("BNGrass.pcx");
+    for (const auto &[rotation, option] : std::vector<std::pair<float, QString>>{
+             {0.0F, "opt_N"}, {-0.5F, "Opt_E"}, {-1.0F, "Opt_S"}, {0.5F, "Opt_W"}, {1.0F, "Opt_S"}}) {
+        dialog->ShowTile(1, rotation);
+        EXPECT_EQ(CheckedOption(), option);
+    }
+}
+
+TEST_F(PreciseDialog, PickingAnotherTileShowsItInTheSameOrientation) {
+    WriteTile("BNGrass.pcx");
+    Write("BNWater.pcx", PcxFile(256, 256, [](int x, int) { return x / 2; }));
+    dialog->SetPosition(0, 0);
+    dialog->ShowTile(1, -0.5F);
+    dialog->show();
+    Find<QListWidget>(*dialog, "lst_tiles").setCurrentRow(2);
+    EXPECT_EQ(CheckedOption(), "Opt_E");
+    // A quarter turn the other way: what lies at offset (b, -a) comes to (a, b).
+    EXPECT_EQ(Pixel(128 + 50, 128 + 20), ColourOf((128 + 20) / 2));
+    EXPECT_EQ(Pixel(128 - 50, 128 - 90), ColourOf((128 - 90) / 2));
+}
+
+TEST_F(PreciseDialog, PickingAnOrientationTurnsTheTile) {
+    WriteTile("BNGrass.pcx");
+    dialog->ShowTile(1, 0);
+    dialog->show();
+    Find<QRadioButton>(*dialog, "Opt_S").click();
+    EXPECT_EQ(Pixel(128 + 50, 128 + 20), ColourOf(Pattern(128 - 50, 128 - 20)));
+    Find<QRadioButton>(*dialog, "Opt_W").click();
+    EXPECT_EQ(Pixel(128 + 50, 128 + 20), ColourOf(Pattern(128 - 20, 128 + 50)));
+    Find<QRadioButton>(*dialog, "Opt_E").click();
+    EXPECT_EQ(Pixel(128 + 50, 128 + 20), ColourOf(Pattern(128 + 20, 128 - 50)));
+    Find<QRadioButton>(*dialog, "opt_N").click();
+    EXPECT_EQ(Pixel(128 + 50, 128 + 20), ColourOf(Pattern(128 + 50, 128 + 20)));
+    Click(20, 30);
+    EXPECT_EQ(CheckedOption(), "opt_N");
+    ExpectCross(20, 30);
+}
+
+TEST_F(PreciseDialog, TheUserCanActAfterEachColumnWhileATileTurns) {
+    WriteTile("BNGrass.pcx");
+    dialog->show();
+    int events = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&events] { ++events; });
+    timer.start(0);
+    dialog->ShowTile(1, 0);
+    EXPECT_EQ(events, 0);
+    dialog->ShowTile(1, -0.5F);
+    EXPECT_GE(events, 128);
+}
+
+TEST_F(PreciseDialog, ASecondRotationAskedForMeanwhileWaitsForTheFirst) {
+    WriteTile("BNGrass.pcx");
+    Write("BNWater.pcx", PcxFile(128, 64, Pattern));
+    dialog->show();
+    int calls = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [this, &calls] {
+        if (++calls > 3)
+            return;
+        dialog->ShowTile(2, calls < 3 ? 0.5F : -1.0F);
+        EXPECT_EQ(Tile().Shown().width, 256);  // still the first
+    });
+    timer.start(0);
+    dialog->SetPosition(0, 0);
+    dialog->ShowTile(1, -0.5F);
+    ASSERT_GE(calls, 3);
+    ASSERT_EQ(Tile().Shown().width, 128);
+    EXPECT_EQ(Find<QListWidget>(*dialog, "lst_tiles").currentRow(), 2);
+    EXPECT_EQ(CheckedOption(), "Opt_S");
+    EXPECT_EQ(Pixel(64 + 10, 32 + 20), ColourOf(Pattern(64 - 10, 32 - 20)));
+}
+
+TEST_F(PreciseDialog, AClickOnTheTileWhileItTurnsCounts) {
+    WriteTile("BNGrass.pcx");
+    dialog->show();
+    QTimer::singleShot(0, dialog.get(), [this] { Click(192, 64); });
+    dialog->ShowTile(1, 0.5F);
+    ExpectCross(192, 64);
+    EXPECT_EQ(CheckedOption(), "Opt_W");
+}
+
+TEST_F(PreciseDialog, TheListAndTheOptionsAreDeafWhileATileTurns) {
+    WriteTile("BNGrass.pcx");
+    WriteTile("BNWater.pcx", 32, 32);
+    dialog->show();
+    QTimer::singleShot(0, dialog.get(), [this] {
+        Find<QListWidget>(*dialog, "lst_tiles").setCurrentRow(2);
+        Find<QRadioButton>(*dialog, "opt_N").click();
+    });
+    dialog->ShowTile(1, 0.5F);
+    EXPECT_EQ(Tile().Shown().width, 256);
+    EXPECT_EQ(Find<QListWidget>(*dialog, "lst_tiles").currentRow(), 1);
+    EXPECT_EQ(CheckedOption(), "Opt_W");
+}
+
+TEST_F(PreciseDialog, ClosingItWhileATileTurnsLetsTheTurnEnd) {
+    WriteTile("BNGrass.pcx");
+    dialog->SetPosition(100, 200);
+    dialog->show();
+    QTimer::singleShot(0, dialog.get(), [this] { dialog->reject(); });
+    dialog->ShowTile(1, 0.5F);
+    EXPECT_FALSE(dialog->isVisible());
+    ExpectMetres(100, 200);
+}
+
+}  // namespace
+}  // namespace vtr
