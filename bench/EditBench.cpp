@@ -1,0 +1,67 @@
+// From a value set in a field of the main window to the finished map surface, beside setting a bare spin box
+// and one full redraw.
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QSpinBox>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+
+#include "Comparison.h"
+#include "MapRedraw.h"
+#include "NumberField.h"
+#include "SampleCampaign.h"
+#include "frm_main.h"
+
+namespace {
+
+using namespace vtr;
+
+int Run(int argc, char **argv, const std::string &folder) {
+    const QApplication application(argc, argv);
+    WriteSampleCampaign(folder, false);
+    const auto module = std::make_unique<TargetEditorModule>();
+    module->programFolder = folder;
+    frm_main window(*module);
+    window.Start(QString::fromStdString(folder + "sample.prj"));
+    auto &field = *window.findChild<NumberField *>(QStringLiteral("upd_tar_x"));
+
+    QMainWindow bareWindow;
+    auto *bareField = new QSpinBox;
+    bareField->setMaximum(639);
+    bareWindow.setCentralWidget(bareField);
+    bareWindow.show();
+    QCoreApplication::processEvents();
+
+    Picture surface;
+    MapView view = module->view;
+    int x = 0;
+    const auto setField = [&] {
+        x = 1 - x;
+        const bool phase = module->view.TargetFlashPhase;
+        field.SetNumber(100 + x);
+        // The phase of the selected target's ring moves with every redraw.
+        if (module->campaign.TargetTable[0].x != 100 + x || module->view.TargetFlashPhase == phase)
+            std::abort();
+    };
+    int bareX = 0;
+    const auto setBareField = [&] {
+        bareX = 1 - bareX;
+        bareField->setValue(100 + bareX);
+        Redraw(surface, module->map, module->campaign, module->preferences, MapDisplay{}, view);
+    };
+    ReportAtMost("a value set in a field", Compare(2000, setField, setBareField), "QSpinBox and one redraw",
+                 1.5);
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char **argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const std::string folder = std::filesystem::temp_directory_path().string() + "/vtr-edit-bench/";
+    const int status = Run(argc, argv, folder);
+    std::filesystem::remove_all(folder);
+    return status;
+}
