@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
 #include "AirfieldPanel.h"
@@ -53,6 +54,21 @@ TEST_F(AirfieldPanelTest, TheListsBearTheGamesCaptions) {
     EXPECT_EQ(Combo("cbo_side_1944").itemText(30), QStringLiteral("Allied (No Plane)"));
     EXPECT_EQ(Combo("cbo_side_1944").itemText(31), QStringLiteral("Allied (No Plane)"));
     EXPECT_TRUE(Find<QLineEdit>(panel, "txt_air_code").isReadOnly());
+}
+
+TEST_F(AirfieldPanelTest, EveryCaptionFitsIntoItsList) {
+    panel.show();
+    for (const QComboBox *list : panel.findChildren<QComboBox *>()) {
+        QStyleOptionComboBox option;
+        option.initFrom(list);
+        const int room =
+            list->style()
+                ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, list)
+                .width();
+        for (int entry = 0; entry < list->count(); ++entry)
+            EXPECT_LE(list->fontMetrics().horizontalAdvance(list->itemText(entry)), room)
+                << list->objectName().toStdString() << ": " << list->itemText(entry).toStdString();
+    }
 }
 
 TEST_F(AirfieldPanelTest, EveryFieldChangesJustItsField) {

@@ -10,6 +10,8 @@ namespace {
 
 class ControlBoxTest : public ::testing::Test {
   protected:
+    ControlBoxTest() { box.setEnabled(true); }
+
     std::string DisabledLines() { return Find<QLabel>(box, "lbl_disabled").text().toStdString(); }
 
     std::unique_ptr<Campaign> campaign = FilledCampaign();

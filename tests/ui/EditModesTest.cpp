@@ -146,7 +146,7 @@ TEST_F(EditModesTest, ADoubleClickOnAnyOtherPanelAndASingleClickOnTheVersionOpen
 }
 
 TEST_F(EditModesTest, AHiddenLayerThatItsModeSwitchesOnIsDrawnAtOnce) {
-    const auto &pixels = Find<MapSurface>(window(), QStringLiteral("Img_Map")).surface.pixels;
+    const auto &pixels = Find<MapSurface>(window(), QStringLiteral("Img_Map")).Surface().pixels;
     for (const std::size_t index : {1U, 2U, 3U, 4U, 0U}) {
         if (Entry(modes[index].layer).isChecked())
             Entry(modes[index].layer).trigger();
@@ -160,7 +160,7 @@ TEST_F(EditModesTest, TheEditedRailwayLineIsDrawnInYellow) {
     Entry("mnu_e_railway").trigger();
     Number("upd_rail_linenum").SetNumber(10);
     const RailwayLine &line = module->campaign.RailwayTable[10];
-    const auto &pixels = Find<MapSurface>(window(), QStringLiteral("Img_Map")).surface.pixels;
+    const auto &pixels = Find<MapSurface>(window(), QStringLiteral("Img_Map")).Surface().pixels;
     int yellow = 0;
     for (int y = std::min(line.y1, line.y2); y <= std::max(line.y1, line.y2); ++y)
         for (int x = std::min(line.x1, line.x2); x <= std::max(line.x1, line.x2); ++x)

@@ -11,6 +11,8 @@ namespace {
 
 class FrontlinePanelTest : public ::testing::Test {
   protected:
+    FrontlinePanelTest() { panel.setEnabled(true); }
+
     void Select(int slot, int point) {
         Field(panel, "upd_frnt_num").SetNumber(slot);
         Field(panel, "upd_frnt_pointnum").SetNumber(point);

@@ -49,7 +49,7 @@ class ItemCommandsTest : public EditorWindow {
     /// A colour that no map has, which the next redraw paints over.
     void SpoilSurface() { Pixels().front() = 0x12345678; }
     bool Redrawn() { return Pixels().front() != 0x12345678; }
-    std::vector<std::uint32_t> &Pixels() { return Find<MapSurface>(window(), "Img_Map").surface.pixels; }
+    std::vector<std::uint32_t> &Pixels() { return Find<MapSurface>(window(), "Img_Map").Surface().pixels; }
 
     void SetTerrain(int x, int y, std::uint8_t byte) {
         campaign().terrain[static_cast<std::size_t>(y) * 640 + static_cast<std::size_t>(x)] = byte;

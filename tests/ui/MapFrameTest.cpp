@@ -20,7 +20,7 @@ class MapFrameTest : public EditorWindow {
     MapSurface &Map() { return Find<MapSurface>(window(), QStringLiteral("Img_Map")); }
     QWidget &Area() { return Find<QWidget>(window(), QStringLiteral("shp_area")); }
     QWidget &SmallMap() { return Find<QWidget>(window(), QStringLiteral("Img_SmallMap")); }
-    std::vector<std::uint32_t> Pixels() { return Map().surface.pixels; }
+    std::vector<std::uint32_t> Pixels() { return Map().Surface().pixels; }
     /// Its ring comes and goes with each redraw: away from the picture it cannot pass for another change.
     void MoveTheSelectedTargetOutOfThePicture() {
         module->campaign.TargetTable[0].x = 5000;

@@ -27,8 +27,11 @@ class EveryPanelTest : public ::testing::Test {
                   new WaypointPanel(WaypointPanel::Kind::Rail, *campaign, &window),
                   new ControlBox(*campaign, &window)};
         auto *layout = new QVBoxLayout(&window);
-        for (Panel *panel : panels)
+        for (Panel *panel : panels) {
+            EXPECT_FALSE(panel->isEnabled() && panel != airfield) << "until there is something to edit";
+            panel->setEnabled(true);
             layout->addWidget(panel);
+        }
         window.show();
     }
 

@@ -31,7 +31,7 @@ class PanelsInWindowTest : public EditorWindow {
     bool Enabled(const char *name) { return Find<QWidget>(window(), name).isEnabled(); }
     QString StatusMessage() { return Find<QStatusBar>(window(), "sb_status").currentMessage(); }
     std::string DisabledLines() { return Find<QLabel>(window(), "lbl_disabled").text().toStdString(); }
-    std::vector<std::uint32_t> &Pixels() { return Find<MapSurface>(window(), "Img_Map").surface.pixels; }
+    std::vector<std::uint32_t> &Pixels() { return Find<MapSurface>(window(), "Img_Map").Surface().pixels; }
     /// Takes the loaded campaign's tables for ones with values, fractions and letters of all kinds.
     void UseFilledTables() {
         const auto filled = FilledCampaign();

@@ -20,14 +20,14 @@ QImage Shown(MapSurface &map, int ratio) {
 TEST(PixelRatio, EveryPixelOfTheSurfaceIsEnlargedToAWholeBlockAndNeverBlurred) {
     MapSurface map(nullptr);
     std::mt19937 random(7);
-    for (std::uint32_t &pixel : map.surface.pixels)
+    for (std::uint32_t &pixel : map.Surface().pixels)
         pixel = 0xFF000000U | (random() & 0xFFFFFFU);
     for (const int ratio : {1, 2, 3}) {
         const QImage shown = Shown(map, ratio);
         for (int y = 0; y < shown.height(); ++y)
             for (int x = 0; x < shown.width(); ++x)
                 ASSERT_EQ(shown.pixel(x, y),
-                          map.surface.pixels[static_cast<std::size_t>(y / ratio * 640 + x / ratio)])
+                          map.Surface().pixels[static_cast<std::size_t>(y / ratio * 640 + x / ratio)])
                     << x << ", " << y << " at a ratio of " << ratio;
     }
 }

@@ -169,18 +169,18 @@ TEST_F(PreferencesCommandsTest, ColoursSwitchAndRecentProjectsAreThereAtTheNextS
 TEST_F(PreferencesCommandsTest, OKChangesTheValuesButNeitherTheMapNorTheFileUntilTheWindowCloses) {
     folder.Make("program/prefs.cfg", shipped);
     StartWithSample();
-    const auto &map = Find<MapSurface>(window(), QStringLiteral("Img_Map"));
-    const auto pixels = map.surface.pixels;
+    auto &map = Find<MapSurface>(window(), QStringLiteral("Img_Map"));
+    const auto pixels = map.Surface().pixels;
     const bool phase = module->view.TargetFlashPhase;
     EditPreferences("cmd_OK");
     QCoreApplication::processEvents();
     EXPECT_EQ(module->preferences.FrontlineColour, 9 + 256 * 8 + 65536 * 7);
     EXPECT_EQ(module->preferences.FlashTarget, 0);
     EXPECT_EQ(module->view.TargetFlashPhase, phase);
-    EXPECT_EQ(map.surface.pixels, pixels);
+    EXPECT_EQ(map.Surface().pixels, pixels);
     EXPECT_EQ(OnDisk(), shipped);
     window().Redraw();
-    EXPECT_THAT(map.surface.pixels, Contains(0xFF090807U)) << "the next redraw has the new colour";
+    EXPECT_THAT(map.Surface().pixels, Contains(0xFF090807U)) << "the next redraw has the new colour";
     window().close();
     EXPECT_THAT(OnDisk(), testing::StartsWith("FRONTLINECOLOUR= 460809\r\n"));
     EXPECT_THAT(OnDisk(), testing::EndsWith("FLASHTARGET=0\r\n"));

@@ -11,6 +11,8 @@ namespace {
 
 class RailwayPanelTest : public ::testing::Test {
   protected:
+    RailwayPanelTest() { panel.setEnabled(true); }
+
     void Select(int line) {
         Field(panel, "upd_rail_linenum").SetNumber(line);
         changed.clear();

@@ -14,6 +14,7 @@ namespace {
 class TargetPanelTest : public ::testing::Test {
   protected:
     TargetPanelTest() {
+        panel.setEnabled(true);
         QObject::connect(&panel, &TargetPanel::AirfieldShown, &panel,
                          [this](std::optional<int> airfield) { airfields.push_back(airfield); });
     }

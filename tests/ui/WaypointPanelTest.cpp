@@ -14,6 +14,8 @@ struct Frame {
 
 class WaypointPanelTest : public ::testing::TestWithParam<Frame> {
   protected:
+    WaypointPanelTest() { panel.setEnabled(true); }
+
     std::string Text(const char *name) { return ShownIn(panel, ("txt_" + GetParam().prefix + name).c_str()); }
     NumberField &UpDown(const char *name) {
         return Field(panel, ("upd_" + GetParam().prefix + name).c_str());

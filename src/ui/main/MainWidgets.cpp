@@ -34,10 +34,8 @@ MainWidgets::MainWidgets(QMainWindow *window, TargetEditorModule &module)
     LayOut(centre);
     window->setCentralWidget(centre);
     window->setStatusBar(sb_status);
-    for (QWidget *frame :
-         std::initializer_list<QWidget *>{fra_control, fra_target, fra_airfield, fra_frontline, fra_railway,
-                                          fra_roadint, fra_railint, menu.mnu_m_zoom, menu.mnu_view})
-        frame->setEnabled(false);
+    menu.mnu_m_zoom->setEnabled(false);
+    menu.mnu_view->setEnabled(false);
     menu.mnu_p_export->setEnabled(false);
 }
 

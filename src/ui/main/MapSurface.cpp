@@ -9,12 +9,7 @@
 
 namespace vtr {
 
-MapSurface::MapSurface(QWidget *parent)
-    : QWidget(parent),
-      surface{mapWidth, mapHeight,
-              std::vector<std::uint32_t>(std::size_t{mapWidth} * mapHeight, 0xFF000000U)},
-      image_(reinterpret_cast<const uchar *>(surface.pixels.data()), mapWidth, mapHeight,
-             QImage::Format_RGB32) {
+MapSurface::MapSurface(QWidget *parent) : QWidget(parent) {
     setObjectName(QStringLiteral("Img_Map"));
     setAccessibleName(tr("Campaign map"));
     setFixedSize(mapWidth, mapHeight);
@@ -24,8 +19,22 @@ MapSurface::MapSurface(QWidget *parent)
     setCursor(Qt::CrossCursor);
 }
 
+Picture &MapSurface::Surface() {
+    if (surface_.Empty())
+        surface_ = {mapWidth, mapHeight,
+                    std::vector<std::uint32_t>(std::size_t{mapWidth} * mapHeight, 0xFF000000U)};
+    return surface_;
+}
+
 void MapSurface::paintEvent(QPaintEvent *event) {
-    QPainter(this).drawImage(event->rect(), image_, event->rect());
+    QPainter painter(this);
+    if (surface_.Empty()) {
+        painter.fillRect(event->rect(), Qt::black);
+        return;
+    }
+    const QImage image(reinterpret_cast<const uchar *>(surface_.pixels.data()), mapWidth, mapHeight,
+                       QImage::Format_RGB32);
+    painter.drawImage(event->rect(), image, event->rect());
 }
 
 void MapSurface::keyPressEvent(QKeyEvent *event) {

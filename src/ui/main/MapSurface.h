@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QImage>
 #include <QWidget>
 
 #include "Picture.h"
@@ -14,8 +13,8 @@ class MapSurface : public QWidget {
   public:
     explicit MapSurface(QWidget *parent);
 
-    /// What redraws draw on: 640 x 320 pixels. Call update() after drawing.
-    Picture surface;
+    /// What redraws draw on: 640 x 320 pixels, black at first. Call update() after drawing.
+    Picture &Surface();
 
   Q_SIGNALS:
     void MouseMoved(QMouseEvent *event);
@@ -33,7 +32,7 @@ class MapSurface : public QWidget {
     void contextMenuEvent(QContextMenuEvent *event) override;
 
   private:
-    QImage image_;  ///< looks at the pixels of surface
+    Picture surface_;  ///< empty until it is asked for: the window opens sooner without 800 KB of black
 };
 
 }  // namespace vtr

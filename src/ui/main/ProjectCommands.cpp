@@ -194,13 +194,13 @@ void ProjectCommands::EnableProjectControls() {
 
 void ProjectCommands::CopyMapPicture() {
     module_.map = std::move(overviewPicture_);
-    Canvas(widgets_.mapFrame->Img_Map->surface).Stretch(module_.map, 0, 0, 1);
+    Canvas(widgets_.mapFrame->Img_Map->Surface()).Stretch(module_.map, 0, 0, 1);
 }
 
 void ProjectCommands::DrawFrontlines() {
     if (!widgets_.menu.mnu_v_frontlines->isChecked())
         return;
-    Canvas canvas(widgets_.mapFrame->Img_Map->surface);
+    Canvas canvas(widgets_.mapFrame->Img_Map->Surface());
     DrawFrontlineLayer(canvas, module_.view, module_.campaign, module_.preferences,
                        module_.view.ViewFrontline, -1);
 }
@@ -208,7 +208,7 @@ void ProjectCommands::DrawFrontlines() {
 void ProjectCommands::DrawRailways() {
     if (!widgets_.menu.mnu_v_railways->isChecked())
         return;
-    Canvas canvas(widgets_.mapFrame->Img_Map->surface);
+    Canvas canvas(widgets_.mapFrame->Img_Map->Surface());
     DrawRailwayLayer(canvas, module_.view, module_.campaign, module_.preferences);
 }
 

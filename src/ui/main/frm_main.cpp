@@ -85,7 +85,7 @@ void frm_main::Start(const QString &commandLine) {
 void frm_main::Redraw() {
     const Operation drawing(module_.operation, tr("Drawing the map"));
     MapSurface &map = *widgets_.mapFrame->Img_Map;
-    const auto disabledLines = vtr::Redraw(map.surface, module_.map, module_.campaign, module_.preferences,
+    const auto disabledLines = vtr::Redraw(map.Surface(), module_.map, module_.campaign, module_.preferences,
                                            widgets_.Display(), module_.view);
     if (disabledLines)
         widgets_.fra_control->ShowDisabledLines(QString::fromStdString(*disabledLines));

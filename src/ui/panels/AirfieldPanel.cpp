@@ -1,14 +1,12 @@
 #include "AirfieldPanel.h"
 
-#include <QComboBox>
-#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QSignalBlocker>
 #include <algorithm>
 
 #include "AirfieldLists.h"
+#include "ChoiceField.h"
 #include "EditCampaign.h"
 #include "GameText.h"
 #include "NumberField.h"
@@ -25,12 +23,6 @@ void AddLabel(QGridLayout &grid, const QString &caption, QWidget *field, int row
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     grid.addWidget(label, row, column);
     grid.addWidget(field, row, column + 1);
-}
-
-/// Shows that entry, or none for one that the list does not have.
-void ShowEntry(QComboBox *combo, int entry) {
-    const QSignalBlocker blocker(combo);
-    combo->setCurrentIndex(entry < combo->count() ? entry : -1);
 }
 
 int CountryEntryOfCode(std::uint8_t code) {
@@ -55,7 +47,7 @@ void AirfieldPanel::Build() {
     code_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     AddLabel(Grid(), QStringLiteral("Airfield:"), code_, 0, 0);
     orientation_ = AddField({"air_orientation", "O&rientation:", "Airfield orientation", "", 65535}, 1, 0);
-    country_ = MakeCombo(QStringLiteral("cbo_air_country"), QStringLiteral("Country of the airfield"), 11);
+    country_ = MakeList(QStringLiteral("cbo_air_country"), QStringLiteral("Country of the airfield"), 11);
     for (const CountryEntry &entry : countryEntries)
         country_->addItem(ShownText(entry.caption));
     auto *countryLabel = new QLabel(QStringLiteral("Co&untry:"), this);
@@ -66,11 +58,11 @@ void AirfieldPanel::Build() {
     for (std::size_t year = 0; year < airfieldYears.size(); ++year) {
         const QString number = QString::number(airfieldYears[year]);
         models_[year] =
-            MakeCombo(QStringLiteral("cbo_air_") + number, QStringLiteral("Airfield model of ") + number, 7);
+            MakeList(QStringLiteral("cbo_air_") + number, QStringLiteral("Airfield model of ") + number, 9);
         for (const std::string_view caption : airfieldModelCaptions)
             models_[year]->addItem(ShownText(caption));
-        aircraft_[year] = MakeCombo(QStringLiteral("cbo_side_") + number,
-                                    QStringLiteral("Aircraft based here in ") + number, 12);
+        aircraft_[year] = MakeList(QStringLiteral("cbo_side_") + number,
+                                   QStringLiteral("Aircraft based here in ") + number, 14);
         for (const std::string_view caption : aircraftCaptions)
             aircraft_[year]->addItem(ShownText(caption));
         const int row = static_cast<int>(year);
@@ -79,19 +71,11 @@ void AirfieldPanel::Build() {
     }
 }
 
-QComboBox *AirfieldPanel::MakeCombo(const QString &name, const QString &meaning, int widestLetters) {
-    auto *combo = new QComboBox(this);
-    combo->setObjectName(name);
-    combo->setAccessibleName(meaning);
-    combo->setToolTip(meaning);
-    combo->setFocusPolicy(Qt::StrongFocus);
-    combo->setMaxVisibleItems(33);
-    // Room for the longest caption. Left to itself each list measures all of its captions, which takes a
-    // tenth of the time in which the program starts.
-    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    combo->setMinimumContentsLength(widestLetters);
-    combo->installEventFilter(this);
-    return combo;
+ChoiceField *AirfieldPanel::MakeList(const QString &name, const QString &meaning, int letters) {
+    auto *list = new ChoiceField(name, letters, this);
+    list->setAccessibleName(meaning);
+    list->setToolTip(meaning);
+    return list;
 }
 
 void AirfieldPanel::Bind() {
@@ -101,20 +85,20 @@ void AirfieldPanel::Bind() {
         SetAirfieldExtraWord(campaign_, *airfield_, word);
         Q_EMIT Changed();
     });
-    BindCombo(country_, [this](int entry) {
+    BindList(country_, [this](int entry) {
         SetAirfieldCountry(campaign_, *airfield_, countryEntries.at(static_cast<std::size_t>(entry)).code);
     });
     for (std::size_t year = 0; year < airfieldYears.size(); ++year) {
-        BindCombo(models_[year],
-                  [this, year](int entry) { SetAirfieldModel(campaign_, *airfield_, year, entry); });
-        BindCombo(aircraft_[year], [this, year](int entry) {
+        BindList(models_[year],
+                 [this, year](int entry) { SetAirfieldModel(campaign_, *airfield_, year, entry); });
+        BindList(aircraft_[year], [this, year](int entry) {
             SetAirfieldYearSlot(campaign_, *airfield_, year, YearSlotOfEntry(entry));
         });
     }
 }
 
-void AirfieldPanel::BindCombo(QComboBox *combo, std::function<void(int entry)> store) {
-    connect(combo, &QComboBox::currentIndexChanged, this, [this, store = std::move(store)](int entry) {
+void AirfieldPanel::BindList(ChoiceField *list, std::function<void(int entry)> store) {
+    connect(list, &ChoiceField::currentIndexChanged, this, [this, store = std::move(store)](int entry) {
         if (!airfield_ || entry < 0)
             return;
         store(entry);
@@ -140,8 +124,8 @@ void AirfieldPanel::ShowAirfield(std::optional<int> airfield) {
         return;
     code_->setText(QString::number(*airfield));
     orientation_->ShowRecordValue(0);
-    for (QComboBox *combo : findChildren<QComboBox *>())
-        ShowEntry(combo, -1);
+    for (ChoiceField *list : findChildren<ChoiceField *>())
+        list->ShowEntry(-1);
 }
 
 void AirfieldPanel::Refresh() {
@@ -150,21 +134,11 @@ void AirfieldPanel::Refresh() {
     const AirfieldRecord &airfield = campaign_.AirfieldTable[static_cast<std::size_t>(*airfield_)];
     code_->setText(QString::number(*airfield_));
     orientation_->ShowRecordValue(airfield.airfield_extra_word);
-    ShowEntry(country_, CountryEntryOfCode(airfield.country));
+    country_->ShowEntry(CountryEntryOfCode(airfield.country));
     for (std::size_t year = 0; year < airfieldYears.size(); ++year) {
-        ShowEntry(models_[year], airfield.*airfieldModels[year]);
-        ShowEntry(aircraft_[year], EntryOfYearSlot(airfield.yearSlots[year]).value_or(-1));
+        models_[year]->ShowEntry(airfield.*airfieldModels[year]);
+        aircraft_[year]->ShowEntry(EntryOfYearSlot(airfield.yearSlots[year]).value_or(-1));
     }
-}
-
-/// A wheel turned over a list that has no focus would change the airfield unnoticed.
-bool AirfieldPanel::eventFilter(QObject *watched, QEvent *event) {
-    const auto *widget = qobject_cast<QWidget *>(watched);
-    if (event->type() == QEvent::Wheel && widget != nullptr && !widget->hasFocus()) {
-        event->ignore();
-        return true;
-    }
-    return Panel::eventFilter(watched, event);
 }
 
 }  // namespace vtr

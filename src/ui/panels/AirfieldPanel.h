@@ -6,10 +6,11 @@
 
 #include "Panel.h"
 
-class QComboBox;
 class QLineEdit;
 
 namespace vtr {
+
+class ChoiceField;
 
 /// fra_airfield: the airfield record that the selected target refers to.
 class AirfieldPanel : public Panel {
@@ -23,22 +24,18 @@ class AirfieldPanel : public Panel {
     void ShowAirfield(std::optional<int> airfield);
     void Refresh() override;
 
-  protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
   private:
     void Build();
     void Bind();
-    /// widestLetters is the room for captions, in letters as wide as an X.
-    QComboBox *MakeCombo(const QString &name, const QString &meaning, int widestLetters);
-    void BindCombo(QComboBox *combo, std::function<void(int entry)> store);
+    ChoiceField *MakeList(const QString &name, const QString &meaning, int letters);
+    void BindList(ChoiceField *list, std::function<void(int entry)> store);
 
     std::optional<int> airfield_;  ///< the record being edited
     QLineEdit *code_ = nullptr;
     NumberField *orientation_ = nullptr;
-    QComboBox *country_ = nullptr;
-    std::array<QComboBox *, 4> models_{};
-    std::array<QComboBox *, 4> aircraft_{};
+    ChoiceField *country_ = nullptr;
+    std::array<ChoiceField *, 4> models_{};
+    std::array<ChoiceField *, 4> aircraft_{};
 };
 
 }  // namespace vtr

@@ -14,6 +14,8 @@ namespace vtr {
 Panel::Panel(const QString &name, const QString &title, Campaign &campaign, QWidget *parent)
     : QGroupBox(title, parent), campaign_(campaign), grid_(new QGridLayout(this)) {
     setObjectName(name);
+    // There is nothing to edit yet. Later on all children would have to be told.
+    setEnabled(false);
     grid_->setContentsMargins(6, 3, 6, 5);
     grid_->setHorizontalSpacing(4);
     grid_->setVerticalSpacing(3);

@@ -11,7 +11,7 @@ namespace vtr {
 
 class NumberField;
 
-/// A frame of the main window that shows one item of the campaign and edits it.
+/// A frame of the main window that shows one item of the campaign and edits it. Disabled until it is enabled.
 class Panel : public QGroupBox {
     Q_OBJECT
 
