@@ -87,13 +87,12 @@ void EncodeGamePosition(Axis axis, std::int16_t pixel, const std::string &fineOf
                         std::span<std::uint8_t, gamePositionSize> bytes, const Place &place) {
     const std::uint16_t upper = StoredUpperHalf(axis, pixel, place);
     const double ratio = NumberOfText(fineOffset, place) / tileMetres;
-    const auto floorOf = [&place](double value) { return FloorToInt32(value, place); };
-    const auto restOf = [&floorOf](double value) { return value - floorOf(value); };
-    const std::uint8_t quarter = ToByte(upper % 256 + std::int64_t{floorOf(4 * ratio)}, place);
-    const std::uint8_t high = ToByte(floorOf(restOf(4 * ratio) * 256), place);
-    const std::uint8_t low = ToByte(floorOf(restOf(1024 * ratio) * 256), place);
-    bytes[lowerHalf] = low;
-    bytes[lowerHalf + 1] = high;
+    const std::uint8_t quarter = ToByte(upper % 256 + std::int64_t{FloorToInt32(4 * ratio, place)}, place);
+    // A quarter tile in 65536 steps. Powers of two multiply without rounding, so the two bytes of the steps
+    // are floor(rest(4 * ratio) * 256) and floor(rest(1024 * ratio) * 256) to the last bit.
+    const std::int32_t steps = FloorToInt32(262144 * ratio, place);
+    bytes[lowerHalf] = static_cast<std::uint8_t>(steps & 255);
+    bytes[lowerHalf + 1] = static_cast<std::uint8_t>((steps >> 8) & 255);
     bytes[upperHalf] = quarter;
     bytes[upperHalf + 1] = ToByte(upper / 256, place);
 }
