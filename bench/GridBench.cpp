@@ -9,7 +9,8 @@
 #include <random>
 #include <vector>
 
-#include "../tests/project/LiteralSteps.h"
+#include "../tests/project/LiteralGrid.h"
+#include "../tests/project/LiteralSweep.h"
 #include "GridData.h"
 #include "ReorderTargets.h"
 

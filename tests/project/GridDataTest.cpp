@@ -4,7 +4,7 @@
 #include <random>
 
 #include "GridData.h"
-#include "LiteralSteps.h"
+#include "LiteralGrid.h"
 #include "ReorderTargets.h"
 #include "TemporaryFolder.h"
 

@@ -2,12 +2,11 @@
 
 #include <array>
 #include <optional>
-#include <vector>
 
 #include "GridData.h"
 
-// The grid and the reordering step by step, without a thought for time: what the tests hold the editor's own
-// against, and what the benchmarks measure it by.
+// The grid step by step, without a thought for time: what the tests hold the editor's own against, and what
+// the benchmarks measure it by.
 
 namespace vtr {
 
@@ -82,20 +81,6 @@ inline LiteralGrid LiteralBuildGrid(const std::array<TargetRecord, targetTotal> 
         }
     }
     return grid;
-}
-
-/// The old index of each target in its new order; fewer than 302 when some were never met.
-inline std::vector<std::size_t> LiteralSweep(const std::array<TargetRecord, targetTotal> &targets) {
-    std::vector<std::size_t> order;
-    std::array<bool, targetTotal> taken{};
-    for (int x = 0; x <= 639; ++x)
-        for (int y = 0; y <= 319; ++y)
-            for (std::size_t t = 0; t < targetTotal; ++t)
-                if (!taken[t] && x <= targets[t].x && targets[t].x <= x + 3 && targets[t].y == y) {
-                    order.push_back(t);
-                    taken[t] = true;
-                }
-    return order;
 }
 
 }  // namespace vtr
