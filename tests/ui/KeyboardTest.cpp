@@ -34,6 +34,18 @@ bool IsTabStop(const QWidget &widget) {
            widget.focusProxy() == nullptr;
 }
 
+/// Counts how often a widget is painted.
+class PaintCount : public QObject {
+  public:
+    explicit PaintCount(QWidget &widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+    int count = 0;
+};
+
 class KeyboardTest : public EditorWindow {
   protected:
     void SetUp() override {
@@ -91,6 +103,12 @@ class KeyboardTest : public EditorWindow {
         Number("upd_frnt_y").SetNumber(y);
     }
     void Arrow(Qt::Key key) { QTest::keyClick(&Map(), key); }
+    /// The map, its scroll bars and what lies between them, as the window shows them.
+    QImage ShownMapFrame() {
+        const QWidget &frame = *Map().parentWidget();
+        const QRect place(frame.mapTo(&window(), QPoint()), frame.size());
+        return window().grab().toImage().copy(place).convertToFormat(QImage::Format_RGB32);
+    }
 };
 
 TEST_F(KeyboardTest, TheKeysF2ToF6SwitchTheMode) {
@@ -212,6 +230,73 @@ TEST_F(KeyboardTest, TabGoesThroughEveryControlOfAnInterdictionPathInReadingOrde
     Entry("mnu_e_railint").trigger();
     ExpectTabWalk({"upd_viewfrontline", "upd_view_railway", "upd_view_roadint"},
                   {"upd_rai_num", "upd_rai_wptnum", "upd_rai_x", "upd_rai_xm", "upd_rai_y", "upd_rai_ym"});
+}
+
+TEST_F(KeyboardTest, AFrameAroundTheMapComesAndGoesWithTheFocusAndMovesNothing) {
+    const QColor frameColour = window().palette().color(QPalette::Highlight);
+    const QColor between = window().palette().color(QPalette::Window);
+    const QRect map = Map().geometry();
+    const QRect frame = map.adjusted(-2, -2, 2, 2);
+    for (const char *zoom : {"mnu_m_z_100", "mnu_m_z_400"}) {
+        Entry(zoom).trigger();
+        Number("upd_tar_x").setFocus();
+        const QImage without = ShownMapFrame();
+        Map().setFocus();
+        const QImage with = ShownMapFrame();
+        const std::vector<std::uint32_t> &pixels =
+            Find<MapSurface>(window(), QStringLiteral("Img_Map")).Surface().pixels;
+        ASSERT_EQ(with.size(), without.size());
+        ASSERT_TRUE(with.rect().contains(frame));
+        for (int y = 0; y < with.height(); ++y)
+            for (int x = 0; x < with.width(); ++x) {
+                SCOPED_TRACE(std::to_string(x) + ", " + std::to_string(y));
+                if (map.contains(x, y)) {
+                    const auto index = static_cast<std::size_t>((y - map.top()) * 640 + x - map.left());
+                    ASSERT_EQ(with.pixel(x, y), pixels[index]);
+                    ASSERT_EQ(without.pixel(x, y), pixels[index]);
+                } else if (frame.contains(x, y)) {
+                    ASSERT_EQ(with.pixelColor(x, y), frameColour);
+                    ASSERT_EQ(without.pixelColor(x, y), between);
+                } else {
+                    ASSERT_EQ(with.pixel(x, y), without.pixel(x, y));
+                }
+            }
+        Number("upd_tar_x").setFocus();
+        EXPECT_EQ(ShownMapFrame(), without);
+    }
+}
+
+TEST_F(KeyboardTest, TheFocusFrameLeavesTheWindowItsSize) {
+    for (QWidget *focus : std::initializer_list<QWidget *>{&Map(), &Number("upd_tar_x")}) {
+        focus->setFocus();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(window().frameGeometry().size(), QSize(888, 742));
+        EXPECT_EQ(window().minimumSizeHint().boundedTo(QSize(888, 742)), window().minimumSizeHint());
+        EXPECT_EQ(Map().size(), QSize(640, 320));
+    }
+}
+
+TEST_F(KeyboardTest, TheFocusFrameIsPaintedWithoutBeingAskedForAndIsNoRedraw) {
+    Number("upd_tar_x").setFocus();
+    QCoreApplication::processEvents();
+    const bool phase = module->view.TargetFlashPhase;
+    PaintCount paints(*Map().parentWidget());
+    Map().setFocus();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(paints.count, 1);
+    Number("upd_tar_x").setFocus();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(paints.count, 2);
+    EXPECT_EQ(module->view.TargetFlashPhase, phase);
+}
+
+TEST_F(KeyboardTest, TheMapIsAPictureForAssistiveTools) {
+    QAccessibleInterface *const accessible = QAccessible::queryAccessibleInterface(&Map());
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_EQ(accessible->role(), QAccessible::Graphic);
+    EXPECT_EQ(accessible->text(QAccessible::Name), "Campaign map");
+    EXPECT_TRUE(accessible->state().focusable);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(Map().parentWidget())->role(), QAccessible::Client);
 }
 
 TEST_F(KeyboardTest, EveryControlThatTakesTheFocusHasANameForAssistiveTools) {

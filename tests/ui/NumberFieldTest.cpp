@@ -119,13 +119,70 @@ TEST_F(NumberFieldTest, PastedNumbersOfAnySizeAreHeldInTheRange) {
     EXPECT_EQ(Told(), (Numbers{639, 0, 639}));
 }
 
-TEST_F(NumberFieldTest, APastedFractionIsCutToTheWholeNumber) {
-    Paste(QStringLiteral("12.7"));
+TEST_F(NumberFieldTest, AFractionIsRoundedAndHalvesGoToTheEvenNumber) {
+    const std::pair<const char *, const char *> cases[] = {
+        {"12.7", "13"},
+        {"12.5", "12"},
+        {"13.5", "14"},
+        {"12.500", "12"},
+        {"12.501", "13"},
+        {"12.49", "12"},
+        {"12.05", "12"},
+        {"12.0", "12"},
+        {"12.", "12"},
+        {"0.5", "0"},
+        {"1.5", "2"},
+        {"009.6", "10"},
+        {"-0.4", "0"},
+        {"-0.6", "0"},
+        {"-1.5", "0"},
+        {"638.5", "638"},
+        {"639.4", "639"},
+        {"639.6", "639"},
+        {"9999999999.5", "639"},
+        {"12.50000000000000000000000000000000000001", "13"}};
+    for (const auto &[fraction, shown] : cases) {
+        field.SetNumber(100);
+        told.clear();
+        Paste(QString::fromLatin1(fraction));
+        EXPECT_EQ(Text(), QString::fromLatin1(shown)) << "pasted " << fraction;
+        EXPECT_EQ(Told(), Numbers{QString::fromLatin1(shown).toInt()}) << "pasted " << fraction;
+        field.SetNumber(100);
+        told.clear();
+        edit.setText(QString::fromLatin1(fraction));
+        EXPECT_EQ(Text(), QString::fromLatin1(shown)) << "set to " << fraction;
+        EXPECT_EQ(Told(), Numbers{QString::fromLatin1(shown).toInt()}) << "set to " << fraction;
+    }
+}
+
+TEST_F(NumberFieldTest, AFractionThatIsNoNumberIsNotPasted) {
+    field.SetNumber(12);
+    told.clear();
+    for (const char *pasted : {"1.x", ".5", ".", "1.2.3", "1.-2", "1,5", "1e1"}) {
+        Paste(QString::fromLatin1(pasted));
+        EXPECT_EQ(Text(), QStringLiteral("12")) << pasted;
+    }
+    EXPECT_EQ(Told(), Numbers{});
+}
+
+TEST_F(NumberFieldTest, APointTypedBehindANumberIsDropped) {
+    Type("12.");
     EXPECT_EQ(Text(), QStringLiteral("12"));
-    Paste(QStringLiteral("-0.5"));
-    EXPECT_EQ(Text(), QStringLiteral("0"));
-    Paste(QStringLiteral("1.x"));
-    EXPECT_EQ(Text(), QStringLiteral("0"));
+    Type("7");
+    EXPECT_EQ(Text(), QStringLiteral("127"));
+    EXPECT_EQ(Told(), (Numbers{1, 12, 127}));
+}
+
+TEST_F(NumberFieldTest, AFieldThatCutsDropsTheFraction) {
+    field.CutFraction();
+    for (const auto &[fraction, shown] :
+         {std::pair("12.7", "12"), {"13.5", "13"}, {"-0.6", "0"}, {"639.9", "639"}, {"640.0", "639"}}) {
+        Paste(QString::fromLatin1(fraction));
+        EXPECT_EQ(Text(), QString::fromLatin1(shown)) << "pasted " << fraction;
+        field.SetNumber(100);
+        edit.setText(QString::fromLatin1(fraction));
+        EXPECT_EQ(Text(), QString::fromLatin1(shown)) << "set to " << fraction;
+    }
 }
 
 TEST_F(NumberFieldTest, LeadingZerosStayWhileTypedAndGoWhenTheFieldIsLeft) {

@@ -112,6 +112,24 @@ TEST_F(TargetPanelTest, EveryFieldIsHeldAtItsMaximum) {
     }
 }
 
+TEST_F(TargetPanelTest, APastedFractionIsCutInTheTargetNumberAndRoundedInEveryOtherField) {
+    Select(7);
+    for (const auto &[name, shown] : {std::pair("txt_tar_x", "13"),
+                                      {"txt_tar_y", "13"},
+                                      {"txt_tar_xm", "13"},
+                                      {"txt_tar_ym", "13"},
+                                      {"txt_tar_numtargets", "13"},
+                                      {"txt_tar_code", "12"}}) {
+        auto &edit = Find<QLineEdit>(panel, name);
+        QApplication::clipboard()->setText(QStringLiteral("12.7"));
+        edit.selectAll();
+        edit.paste();
+        EXPECT_EQ(ShownIn(panel, name), shown) << name;
+    }
+    EXPECT_EQ(Record(7).x, 13);
+    EXPECT_EQ(ShownIn(panel, "txt_tar_x"), std::to_string(Record(12).x));
+}
+
 TEST_F(TargetPanelTest, EveryFieldChangesJustItsFieldAndAsksForOneRedraw) {
     Select(7);
     const std::string before = Everything(*campaign);

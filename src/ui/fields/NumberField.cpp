@@ -20,17 +20,28 @@ bool AllDigits(QStringView text) {
 
 constexpr int aboveEveryMaximum = 1'000'000;
 
-/// The whole part of the number that text holds; a fraction is cut off.
-std::optional<int> WholeNumber(QStringView text) {
+/// Whether number and the digits behind its point round up to the next number; halves go to the even one.
+bool RoundsUp(int number, QStringView fraction) {
+    while (fraction.endsWith(u'0'))
+        fraction.chop(1);
+    const int fromHalf = fraction.compare(u"5");
+    return fromHalf > 0 || (fromHalf == 0 && number % 2 != 0);
+}
+
+/// The number that text holds, its fraction cut off or rounded.
+std::optional<int> WholeNumber(QStringView text, bool cutsFraction) {
     const bool negative = text.startsWith(u'-');
     const QStringView parts = text.mid(negative ? 1 : 0);
     const qsizetype point = parts.indexOf(u'.');
     const QStringView digits = point < 0 ? parts : parts.first(point);
-    if (digits.isEmpty() || !AllDigits(digits) || (point >= 0 && !AllDigits(parts.mid(point + 1))))
+    const QStringView fraction = point < 0 ? QStringView() : parts.mid(point + 1);
+    if (digits.isEmpty() || !AllDigits(digits) || !AllDigits(fraction))
         return std::nullopt;
     int number = 0;
     for (const QChar digit : digits)
         number = std::min(number * 10 + (digit.unicode() - u'0'), aboveEveryMaximum);
+    if (!cutsFraction && RoundsUp(number, fraction))
+        ++number;
     return negative ? -number : number;
 }
 
@@ -87,7 +98,7 @@ QValidator::State NumberField::validate(QString &text, int &position) const {
             return QValidator::Acceptable;
         return bare == text || zeroText_.contains(text) ? QValidator::Intermediate : QValidator::Invalid;
     }
-    const std::optional<int> number = WholeNumber(bare);
+    const std::optional<int> number = WholeNumber(bare, cutsFraction_);
     if (!number)
         return QValidator::Invalid;
     const int held = std::clamp(*number, 0, maximum_);
@@ -106,7 +117,7 @@ QString NumberField::textFromValue(int number) const {
 int NumberField::valueFromText(const QString &text) const {
     if (text == QString::number(value()))
         return value();
-    return std::clamp(WholeNumber(WithoutZeroText(text)).value_or(0), 0, maximum_);
+    return std::clamp(WholeNumber(WithoutZeroText(text), cutsFraction_).value_or(0), 0, maximum_);
 }
 
 QAbstractSpinBox::StepEnabled NumberField::stepEnabled() const {

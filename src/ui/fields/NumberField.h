@@ -5,7 +5,7 @@
 namespace vtr {
 
 /// A numeric field: a whole number from 0 to a maximum, typed or stepped. Typing is held within the range at
-/// every key.
+/// every key; a pasted fraction is rounded, halves to the even number.
 class NumberField : public QSpinBox {
     Q_OBJECT
 
@@ -20,6 +20,8 @@ class NumberField : public QSpinBox {
     void ShowRecordValue(int number);
     /// Shows text instead of "0". A digit typed into it replaces it.
     void SetZeroText(const QString &text);
+    /// From now on a pasted fraction is cut off instead of rounded.
+    void CutFraction() { cutsFraction_ = true; }
 
     void stepBy(int steps) override;
     /// Rewrites text to the nearest number of the range; an empty text and a lone "-" are left alone.
@@ -50,6 +52,7 @@ class NumberField : public QSpinBox {
     int maximum_;
     int told_ = 0;
     QString zeroText_;
+    bool cutsFraction_ = false;
 };
 
 }  // namespace vtr

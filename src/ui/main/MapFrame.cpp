@@ -1,12 +1,16 @@
 #include "MapFrame.h"
 
 #include <QGridLayout>
+#include <QPainter>
 
 #include "Arithmetic.h"
 
 namespace vtr {
 
 namespace {
+
+/// The room between the map and what stands around it, which the focus frame fills.
+constexpr int focusFrameWidth = 2;
 
 class BarControl : public ScrollBarControl {
   public:
@@ -29,11 +33,12 @@ MapFrame::MapFrame(MapView &view, QWidget *parent)
       h_scroll_(AddScrollBar("h_scroll", Qt::Horizontal, HScrollChanged)),
       v_scroll_(AddScrollBar("v_scroll", Qt::Vertical, VScrollChanged)) {
     auto *layout = new QGridLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    layout->setContentsMargins(focusFrameWidth, focusFrameWidth, 0, 0);
+    layout->setSpacing(focusFrameWidth);
     layout->addWidget(Img_Map, 0, 0);
     layout->addWidget(v_scroll_, 0, 1);
     layout->addWidget(h_scroll_, 1, 0);
+    connect(Img_Map, &MapSurface::FocusChanged, this, [this] { update(); });
 }
 
 QScrollBar *MapFrame::AddScrollBar(const char *name, Qt::Orientation orientation,
@@ -56,6 +61,13 @@ void MapFrame::Zoom(void (*command)(MapView &view, ScrollBars bars)) {
     BarControl vertical(*v_scroll_);
     command(view_, {horizontal, vertical});
     Q_EMIT AreaChanged();
+}
+
+void MapFrame::paintEvent(QPaintEvent * /*event*/) {
+    if (!Img_Map->hasFocus())
+        return;
+    const QMargins frame(focusFrameWidth, focusFrameWidth, focusFrameWidth, focusFrameWidth);
+    QPainter(this).fillRect(Img_Map->geometry() + frame, palette().highlight());
 }
 
 }  // namespace vtr

@@ -8,7 +8,8 @@
 
 namespace vtr {
 
-/// Img_Map between its scroll bars h_scroll and v_scroll, whose changes move the view.
+/// Img_Map between its scroll bars h_scroll and v_scroll, whose changes move the view. A frame around it
+/// shows that it has the keyboard focus.
 class MapFrame : public QWidget {
     Q_OBJECT
 
@@ -22,6 +23,9 @@ class MapFrame : public QWidget {
   Q_SIGNALS:
     /// The part that the viewport shows has moved; the map itself waits for the next redraw.
     void AreaChanged();
+
+  protected:
+    void paintEvent(QPaintEvent *event) override;
 
   private:
     QScrollBar *AddScrollBar(const char *name, Qt::Orientation orientation,

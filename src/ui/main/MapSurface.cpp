@@ -1,5 +1,6 @@
 #include "MapSurface.h"
 
+#include <QAccessibleWidget>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPaintEvent>
@@ -9,7 +10,18 @@
 
 namespace vtr {
 
+namespace {
+
+/// Tells assistive tools that the map is a picture.
+QAccessibleInterface *AccessibleMap(const QString & /*className*/, QObject *object) {
+    auto *map = qobject_cast<MapSurface *>(object);
+    return map == nullptr ? nullptr : new QAccessibleWidget(map, QAccessible::Graphic);
+}
+
+}  // namespace
+
 MapSurface::MapSurface(QWidget *parent) : QWidget(parent) {
+    QAccessible::installFactory(AccessibleMap);
     setObjectName(QStringLiteral("Img_Map"));
     setAccessibleName(tr("Campaign map"));
     setFixedSize(mapWidth, mapHeight);

@@ -22,6 +22,8 @@ class MapSurface : public QWidget {
     void MouseReleased(QMouseEvent *event);
     /// An arrow key: the current item is to move by (dx, dy) map pixels.
     void NudgeRequested(int dx, int dy);
+    /// The map got the keyboard focus or lost it.
+    void FocusChanged();
 
   protected:
     void paintEvent(QPaintEvent *event) override;
@@ -29,6 +31,8 @@ class MapSurface : public QWidget {
     void mousePressEvent(QMouseEvent *event) override { Q_EMIT MousePressed(event); }
     void mouseReleaseEvent(QMouseEvent *event) override { Q_EMIT MouseReleased(event); }
     void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent * /*event*/) override { Q_EMIT FocusChanged(); }
+    void focusOutEvent(QFocusEvent * /*event*/) override { Q_EMIT FocusChanged(); }
     void contextMenuEvent(QContextMenuEvent *event) override;
 
   private:

@@ -58,6 +58,7 @@ TargetPanel::TargetPanel(Campaign &campaign, QWidget *parent)
 
 void TargetPanel::Build() {
     code_ = AddField({"tar_code", "&Number:", "Target number", "", 301}, 0, 0);
+    code_->CutFraction();
     name_ = new QLineEdit(this);
     name_->setObjectName(QStringLiteral("txt_tar_name"));
     name_->setAccessibleName(QStringLiteral("Target name"));
