@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "FineOffset.h"
 #include "ProjectPaths.h"
 #include "TerrainMap.h"
 
@@ -138,10 +139,10 @@ struct Campaign {
     std::array<WaypointPath, roadPathTotal> RoadWaypointTable;
     std::array<WaypointPath, railPathTotal> RailWaypointTable;
 
-    /// Fine offsets in metres (0 to 4100) as the shortest decimal text: of each target its X and Y, ...
-    std::array<std::array<std::string, 2>, targetTotal> flx_targets;
+    /// The fine offsets: of each target its X and Y, ...
+    std::array<std::array<FineOffset, 2>, targetTotal> flx_targets;
     /// ... and of each railway line those of x1, x2, y1, y2.
-    std::array<std::array<std::string, 4>, railwayLineTotal> flx_rrd;
+    std::array<std::array<FineOffset, 4>, railwayLineTotal> flx_rrd;
 };
 
 }  // namespace vtr

@@ -44,7 +44,7 @@ void SetTargetPixel(Campaign &campaign, int target, Axis axis, int pixel) {
 
 void SetTargetFineOffset(Campaign &campaign, int target, Axis axis, int metres) {
     auto &offsets = campaign.flx_targets[IndexOf("target", target, targetTotal)];
-    offsets[axis == Axis::X ? 0 : 1] = std::to_string(metres);
+    offsets[axis == Axis::X ? 0 : 1] = static_cast<double>(metres);
 }
 
 void SetTargetCount(Campaign &campaign, int target, int count) {
@@ -109,7 +109,7 @@ void SetRailwayPixel(Campaign &campaign, int line, RailwayCoordinate coordinate,
 
 void SetRailwayFineOffset(Campaign &campaign, int line, RailwayCoordinate coordinate, int metres) {
     auto &offsets = campaign.flx_rrd[IndexOf("railway line", line, railwayLineTotal)];
-    offsets[coordinate] = std::to_string(metres);
+    offsets[coordinate] = static_cast<double>(metres);
 }
 
 void DisableRailwayFrom(Campaign &campaign, int line) {

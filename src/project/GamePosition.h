@@ -3,10 +3,10 @@
 #include <array>
 #include <cstdint>
 #include <span>
-#include <string>
 
 #include "Bytes.h"
 #include "Errors.h"
+#include "FineOffset.h"
 
 namespace vtr {
 
@@ -20,16 +20,15 @@ constexpr std::size_t gamePositionSize = 4;
 /// leaves 16 bits.
 std::int16_t PixelOfGamePosition(Axis axis, std::span<const std::uint8_t, gamePositionSize> bytes,
                                  const Place &place = {});
-/// The offset within the tile in metres, 0 to below 4100, as the shortest text that reads back to the same
-/// double.
-std::string FineOffsetOfGamePosition(Axis axis, std::span<const std::uint8_t, gamePositionSize> bytes);
+/// The offset within the tile, 0 to below 4100 metres.
+FineOffset FineOffsetOfGamePosition(Axis axis, std::span<const std::uint8_t, gamePositionSize> bytes);
 
 /// The upper half that a pixel is stored as. Throws an overflow Error where an intermediate leaves 16 bits.
 std::uint16_t StoredUpperHalf(Axis axis, std::int16_t pixel, const Place &place = {});
 
-/// Writes the position of a pixel and its fine offset text (metres). Throws overflow and type-mismatch
+/// Writes the position of a pixel and its fine offset. Throws overflow and type-mismatch
 /// Errors.
-void EncodeGamePosition(Axis axis, std::int16_t pixel, const std::string &fineOffset,
+void EncodeGamePosition(Axis axis, std::int16_t pixel, const FineOffset &fineOffset,
                         std::span<std::uint8_t, gamePositionSize> bytes, const Place &place = {});
 
 /// first + 256 * second, but 0 for the pair 255, 255, which the game reads as "none".

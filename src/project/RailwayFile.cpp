@@ -45,7 +45,7 @@ Place RecordPlace(const std::string &path, std::size_t i) {
 }  // namespace
 
 void DecodeRailwayLine(std::span<const std::uint8_t, railwayRecordSize> record, RailwayLine &line,
-                       std::array<std::string, 4> &fineOffsets, const Place &place) {
+                       std::array<FineOffset, 4> &fineOffsets, const Place &place) {
     for (std::size_t i = 0; i < lineFields.size(); ++i) {
         const LineField &field = lineFields[i];
         const auto position = record.subspan(field.offset).first<gamePositionSize>();
@@ -54,7 +54,7 @@ void DecodeRailwayLine(std::span<const std::uint8_t, railwayRecordSize> record, 
     }
 }
 
-void EncodeRailwayLine(const RailwayLine &line, const std::array<std::string, 4> &fineOffsets,
+void EncodeRailwayLine(const RailwayLine &line, const std::array<FineOffset, 4> &fineOffsets,
                        std::span<std::uint8_t, railwayRecordSize> record, const Place &place) {
     for (std::size_t i = 0; i < lineFields.size(); ++i) {
         const LineField &field = lineFields[i];

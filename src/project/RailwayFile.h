@@ -12,10 +12,10 @@ constexpr std::size_t railwayRecordSize = 24;
 /// Fills a line and the fine offsets of its ends from its record of the file, which lies at place. Throws an
 /// overflow Error for a position that leaves 16 bits.
 void DecodeRailwayLine(std::span<const std::uint8_t, railwayRecordSize> record, RailwayLine &line,
-                       std::array<std::string, 4> &fineOffsets, const Place &place = {});
+                       std::array<FineOffset, 4> &fineOffsets, const Place &place = {});
 /// Puts the positions of a line's ends into its record of the file; the bytes without a meaning stay as they
 /// are. Throws overflow and type-mismatch Errors.
-void EncodeRailwayLine(const RailwayLine &line, const std::array<std::string, 4> &fineOffsets,
+void EncodeRailwayLine(const RailwayLine &line, const std::array<FineOffset, 4> &fineOffsets,
                        std::span<std::uint8_t, railwayRecordSize> record, const Place &place = {});
 
 /// Fills RailwayTable, flx_rrd and RailwayLineCount from a whole file's bytes; path is for messages.

@@ -111,7 +111,7 @@ TEST_F(EditCampaignTest, ARailwayLinesCoordinatesGoWhereTheFileHasThem) {
         ++pixel;
     }
     EXPECT_EQ(campaign->RailwayTable[893], (RailwayLine{.x1 = 1, .x2 = 2, .y1 = 3, .y2 = 4}));
-    EXPECT_EQ(campaign->flx_rrd[893], (std::array<std::string, 4>{"1001", "1002", "1003", "1004"}));
+    EXPECT_EQ(campaign->flx_rrd[893], (std::array<FineOffset, 4>{"1001", "1002", "1003", "1004"}));
 }
 
 TEST_F(EditCampaignTest, DisablingClearsBothEndsFromALineOnAndKeepsTheFineOffsets) {

@@ -91,7 +91,7 @@ TEST(GamePosition, StoringTrapsEachStepBeyond16Bits) {
         EXPECT_EQ(KindThrownBy([pixel] { StoredUpperHalf(Axis::Y, pixel); }), ErrorKind::Overflow) << pixel;
 }
 
-Position Encoded(Axis axis, std::int16_t pixel, const std::string &fine) {
+Position Encoded(Axis axis, std::int16_t pixel, const FineOffset &fine) {
     Position bytes{};
     EncodeGamePosition(axis, pixel, fine, bytes);
     return bytes;
@@ -130,8 +130,8 @@ TEST(GamePosition, EveryFineOffsetIsTheShortestTextOfItsMetres) {
     for (int fractions = 0; fractions < 4 * 65536; ++fractions) {
         std::array<char, 32> text;
         const auto end = std::to_chars(text.data(), text.data() + text.size(), fractions / 262144.0 * 4100);
-        ASSERT_EQ(FineOffsetOfGamePosition(Axis::X, PositionOf(fractions / 65536, fractions % 65536)),
-                  std::string_view(text.data(), end.ptr));
+        const Position bytes = PositionOf(fractions / 65536, fractions % 65536);
+        ASSERT_EQ(FineOffsetOfGamePosition(Axis::X, bytes).Text(), std::string_view(text.data(), end.ptr));
     }
 }
 
@@ -139,10 +139,12 @@ TEST(GamePosition, EveryFractionOfATileSurvivesLoadingAndSaving) {
     for (const int tile : {-640, -32768, 0, 252, 32124})
         for (int fractions = 0; fractions < 4 * 65536; ++fractions) {
             const Position bytes = PositionOf(tile + fractions / 65536, fractions % 65536);
-            const std::string fine = FineOffsetOfGamePosition(Axis::X, bytes);
-            const double metres = std::strtod(fine.c_str(), nullptr);
-            ASSERT_EQ(metres, fractions / 262144.0 * 4100) << fine;
-            ASSERT_EQ(Encoded(Axis::X, PixelOfGamePosition(Axis::X, bytes), fine), bytes) << fine;
+            const FineOffset read = FineOffsetOfGamePosition(Axis::X, bytes);
+            const std::string text = read.Text();
+            const std::int16_t pixel = PixelOfGamePosition(Axis::X, bytes);
+            ASSERT_EQ(std::strtod(text.c_str(), nullptr), fractions / 262144.0 * 4100) << text;
+            ASSERT_EQ(Encoded(Axis::X, pixel, read), bytes) << text;
+            ASSERT_EQ(Encoded(Axis::X, pixel, text), bytes) << text;
         }
 }
 

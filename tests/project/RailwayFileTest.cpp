@@ -11,7 +11,7 @@ namespace vtr {
 namespace {
 
 using Record = std::array<std::uint8_t, 24>;
-using FineOffsets = std::array<std::string, 4>;
+using FineOffsets = std::array<FineOffset, 4>;
 
 // Bytes that no writer of ours makes stand where the record has no meaning.
 constexpr Record recordByHand{0x00, 0x80, 0x11, 0xFF,  // 0: x1, -239.5 quarter tiles

@@ -36,7 +36,7 @@ std::string RandomName(std::size_t longest, std::mt19937 &random) {
     return name;
 }
 
-void FillTarget(TargetRecord &target, std::array<std::string, 2> &fine, std::mt19937 &random) {
+void FillTarget(TargetRecord &target, std::array<FineOffset, 2> &fine, std::mt19937 &random) {
     target.x = UpTo(std::int16_t{639}, random);
     target.y = UpTo(std::int16_t{319}, random);
     fine = {RandomFineOffset(random), RandomFineOffset(random)};

@@ -32,7 +32,7 @@ void FillWithRandomLines(Campaign &campaign, std::mt19937 &random) {
             continue;
         campaign.RailwayTable[i] = {Below(640, random), Below(640, random), Below(320, random),
                                     Below(320, random)};
-        for (std::string &fineOffset : campaign.flx_rrd[i])
+        for (FineOffset &fineOffset : campaign.flx_rrd[i])
             fineOffset = RandomMetres(random);
     }
     for (std::size_t slot = 0; slot < frontlineTotal; ++slot) {

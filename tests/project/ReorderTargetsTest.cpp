@@ -113,7 +113,7 @@ TEST(ReorderTargets, TellsWhereTheSelectedTargetWentAndTakesItsFineOffsetsAlong)
     ASSERT_TRUE(newIndices);
     EXPECT_EQ((*newIndices)[0], 301U);
     EXPECT_EQ((*newIndices)[300], 1U);
-    EXPECT_EQ(campaign->flx_targets[1], (std::array<std::string, 2>{"300.25", "300.75"}));
+    EXPECT_EQ(campaign->flx_targets[1], (std::array<FineOffset, 2>{"300.25", "300.75"}));
 }
 
 TEST(ReorderTargets, LeavesEverythingAsItIsWhenATargetIsNeverMet) {

@@ -11,7 +11,7 @@ namespace vtr {
 namespace {
 
 using Record = std::array<std::uint8_t, 32>;
-using FineOffsets = std::array<std::array<std::string, 2>, targetTotal>;
+using FineOffsets = std::array<std::array<FineOffset, 2>, targetTotal>;
 
 constexpr std::size_t fileSize = 4 + 32 * 302;
 
@@ -291,8 +291,8 @@ TEST_F(TargetFile, AThousandRandomTablesComeBackAndAreWrittenAsTheSameBytes) {
         ASSERT_EQ(campaign->TargetTable, targets);
         for (std::size_t i = 0; i < targetTotal; ++i)
             for (const std::size_t axis : std::initializer_list<std::size_t>{0, 1}) {
-                const double metres = std::stod(fine[i][axis]);
-                const double read = std::stod(campaign->flx_targets[i][axis]);
+                const double metres = std::stod(fine[i][axis].Text());
+                const double read = std::stod(campaign->flx_targets[i][axis].Text());
                 // The file counts in steps of 4100 / 262144 metres, rounded down.
                 ASSERT_LE(read, metres);
                 ASSERT_GT(read, metres - 4100.0 / 262144);

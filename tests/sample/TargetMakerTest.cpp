@@ -98,7 +98,8 @@ TEST(TargetMaker, UsesTheWholeRangeOfFineOffsets) {
     double least = 4100;
     double most = 0;
     for (const auto &row : Sample().flx_targets)
-        for (const std::string &text : row) {
+        for (const FineOffset &fine : row) {
+            const std::string text = fine.Text();
             const double metres = std::stod(text);
             least = std::min(least, metres);
             most = std::max(most, metres);

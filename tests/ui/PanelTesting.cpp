@@ -5,8 +5,8 @@
 
 namespace vtr {
 
-std::string RoundedMetres(const std::string &fineOffset) {
-    const double value = std::stod(fineOffset);
+std::string RoundedMetres(const FineOffset &fineOffset) {
+    const double value = std::stod(fineOffset.Text());
     const double low = std::floor(value);
     const bool up = value - low > 0.5 || (value - low == 0.5 && std::fmod(low, 2) == 1);
     return std::to_string(static_cast<int>(low) + (up ? 1 : 0));
@@ -45,9 +45,10 @@ std::string Everything(const Campaign &campaign) {
     addPaths(campaign.RoadWaypointTable);
     addPaths(campaign.RailWaypointTable);
     for (const auto &row : campaign.flx_targets)
-        all << row[0] << ' ' << row[1] << '\n';
+        all << row[0].Text() << ' ' << row[1].Text() << '\n';
     for (const auto &row : campaign.flx_rrd)
-        all << row[0] << ' ' << row[1] << ' ' << row[2] << ' ' << row[3] << '\n';
+        for (const FineOffset &offset : row)
+            all << offset.Text() << '\n';
     return all.str();
 }
 

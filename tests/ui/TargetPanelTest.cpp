@@ -98,7 +98,7 @@ TEST_F(TargetPanelTest, TypingMinus3IntoAnyFieldTurnsIntoZero) {
     }
     EXPECT_EQ(Record(7).x, 0);
     EXPECT_EQ(Record(7).y, 0);
-    EXPECT_EQ(campaign->flx_targets[7], (std::array<std::string, 2>{"0", "0"}));
+    EXPECT_EQ(campaign->flx_targets[7], (std::array<FineOffset, 2>{"0", "0"}));
     EXPECT_EQ(Record(7).count, 0);
 }
 

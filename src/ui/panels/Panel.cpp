@@ -48,8 +48,8 @@ bool AskYesNo(QWidget *parent, const QString &question) {
            QMessageBox::Yes;
 }
 
-int WholeMetres(const std::string &fineOffset) {
-    return fineOffset.empty() ? 0 : RoundToInt32(NumberOfText(fineOffset));
+int WholeMetres(const FineOffset &fineOffset) {
+    return fineOffset == FineOffset() ? 0 : RoundToInt32(fineOffset.Metres());
 }
 
 }  // namespace vtr
