@@ -194,15 +194,20 @@ TEST_F(PreciseDialog, AMissingTileShowsWhyAndClickAndOKStillWork) {
     ExpectMetres(1025, 3075);
 }
 
-TEST_F(PreciseDialog, AnUnreadableKindIsRefusedWithTheReadersMessageOnceATile) {
+TEST_F(PreciseDialog, AnUnreadableKindIsRefusedWithTheReadersMessageWheneverItIsShownAndClicksCount) {
     QByteArray file = PcxFile(4, 4, Pattern);
     file[3] = 4;
     Write("BNGrass.pcx", file);
     ExpectRefused("Sorry, can't load that pcx file!", QMessageBox::NoIcon);
     EXPECT_EQ(Reason(), "Sorry, can't load that pcx file!");
     dialog->show();
-    Click(128, 128);  // would wait for a box for ever
-    ExpectCross(128, 128);
+    const QString message = "Sorry, can't load that pcx file!";
+    EXPECT_EQ(BoxShownBy([this] { Click(128, 64); }).text, message);
+    ExpectCross(128, 64);
+    EXPECT_EQ(BoxShownBy([this] { Press<QRadioButton>(*dialog, "Opt_S"); }).text, message);
+    EXPECT_EQ(Reason(), message);
+    ClickOk();
+    ExpectMetres(2050, 1025);
 }
 
 TEST_F(PreciseDialog, AMissingPaletteIsRefusedWithAnExclamation) {

@@ -222,7 +222,6 @@ void frm_precise::ShowTile(std::uint8_t type, float rotation) {
 }
 
 void frm_precise::Draw(Tile tile) {
-    const bool another = type_ != tile.type;
     type_ = tile.type;
     rotation_ = Orientations()[OrientationOf(tile.rotation)].rotation;
     SelectControls();
@@ -240,7 +239,7 @@ void frm_precise::Draw(Tile tile) {
     DrawCross();
     // A click that passed unheeded while the tile turned has moved the marks all the same.
     SelectControls();
-    if (another && loaded.refusal)
+    if (loaded.refusal)
         ShowMessage(isVisible() ? this : parentWidget(),
                     loaded.refusal->icon == PcxIcon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon,
                     loaded.reason);
