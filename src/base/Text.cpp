@@ -67,7 +67,7 @@ bool IsUtf8(std::string_view bytes) {
     return true;
 }
 
-std::string FileNameText(std::string_view bytes) {
+std::string Utf8OfProjectText(std::string_view bytes) {
     return IsUtf8(bytes) ? std::string(bytes) : Utf8OfWindows1252(bytes);
 }
 

@@ -97,7 +97,7 @@ void LoadProject(const std::string &path, Campaign &campaign, LoadProjectWindow 
         return;
     }
 
-    window.LoadMapPicture(paths.ProjectDir + FileNameText(paths.Map));
+    window.LoadMapPicture(paths.ProjectDir + Utf8OfProjectText(paths.Map));
     steps.AddProgress(5);
     campaign.ProjectLoaded = true;
     window.EnableProjectControls();

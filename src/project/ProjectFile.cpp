@@ -75,7 +75,7 @@ void DecodeProjectFile(ConstByteSpan bytes, const std::string &path, ProjectPath
 void DeriveFolders(const std::string &path, ProjectPaths &paths) {
     paths.ProjectFile = FileNameOf(path);
     paths.ProjectDir = FolderOf(path);
-    paths.TilesDir = FileNameText(paths.TilesDir);
+    paths.TilesDir = Utf8OfProjectText(paths.TilesDir);
     if (!IsAbsoluteTilesDir(paths.TilesDir))
         paths.TilesDir.insert(0, paths.ProjectDir);
     if (!paths.TilesDir.empty() && IsSeparator(paths.TilesDir.back()))

@@ -5,7 +5,7 @@
 namespace vtr {
 
 std::string ProjectPaths::PathOf(const std::string &value) const {
-    return value.empty() ? std::string() : ProjectDir + FileNameText(value);
+    return value.empty() ? std::string() : ProjectDir + Utf8OfProjectText(value);
 }
 
 }  // namespace vtr

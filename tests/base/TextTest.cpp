@@ -78,9 +78,9 @@ TEST(Text, KnowsMalformedUtf8) {
 }
 
 TEST(Text, TakesAFileNameAsUtf8WhenItIsAndAsWindows1252WhenItIsNot) {
-    EXPECT_EQ(FileNameText("M\xC3\xBCnchen.bmp"), "München.bmp");
-    EXPECT_EQ(FileNameText("M\xFCnchen.bmp"), "München.bmp");
-    EXPECT_EQ(FileNameText("VTR.TM"), "VTR.TM");
+    EXPECT_EQ(Utf8OfProjectText("M\xC3\xBCnchen.bmp"), "München.bmp");
+    EXPECT_EQ(Utf8OfProjectText("M\xFCnchen.bmp"), "München.bmp");
+    EXPECT_EQ(Utf8OfProjectText("VTR.TM"), "VTR.TM");
 }
 
 TEST(Text, RaisesOnlyAsciiLetters) {

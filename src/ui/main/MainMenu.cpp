@@ -1,6 +1,6 @@
 #include "MainMenu.h"
 
-#include "GameText.h"
+#include "Text.h"
 
 namespace vtr {
 
@@ -85,7 +85,8 @@ void MainMenu::ShowRecentProjects(const std::array<std::string, 4> &names) const
         if (names[i].empty())
             continue;
         mnu_p_last[i]->setText(QStringLiteral("&%1 ").arg(i + 1) +
-                               ShownText(names[i]).replace(QLatin1Char('&'), QLatin1String("&&")));
+                               QString::fromStdString(Utf8OfProjectText(names[i]))
+                                   .replace(QLatin1Char('&'), QLatin1String("&&")));
         mnu_p_div3->setVisible(true);
     }
 }

@@ -10,7 +10,6 @@
 #include "ErrorReport.h"
 #include "FileChooser.h"
 #include "FrontlinePanel.h"
-#include "GameText.h"
 #include "GridData.h"
 #include "MapFrame.h"
 #include "MapLayers.h"
@@ -23,6 +22,7 @@
 #include "ShowMessage.h"
 #include "StatusBar.h"
 #include "TargetPanel.h"
+#include "Text.h"
 #include "WaypointPanel.h"
 #include "frm_newproject.h"
 #include "frm_progress.h"
@@ -167,7 +167,8 @@ void ProjectCommands::SetProgress(double value) {
 }
 
 void ProjectCommands::ShowProjectName(const std::string &name) {
-    widgets_.sb_status->project->setText(QStringLiteral("  ") + ShownText(name) + QStringLiteral("  "));
+    widgets_.sb_status->project->setText(
+        QStringLiteral("  ") + QString::fromStdString(Utf8OfProjectText(name)) + QStringLiteral("  "));
 }
 
 void ProjectCommands::TellNoMap() {
