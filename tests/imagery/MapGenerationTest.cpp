@@ -176,11 +176,15 @@ TEST_F(BuiltTemplate, All256ColoursDifferAndTheirFourthByteIsZero) {
     EXPECT_EQ(colours.size(), 256U);
 }
 
-TEST_F(BuiltTemplate, WaterIsBlueForestGreenCityRedAndRoadBright) {
+TEST_F(BuiltTemplate, WaterIsBlueForestGreenCityRedRoadBrightAndLandNotBlue) {
     for (int turn = 0; turn < 4; ++turn) {
         const Colour water = ColourOf(64 * turn + 2);
         EXPECT_GT(water.blue, water.red + 60);
         EXPECT_GT(water.blue, water.green + 40);
+        for (const int type : {0, 1, 6, 7, 8, 9, 38, 47, 22, 23, 24, 25}) {
+            const Colour land = ColourOf(64 * turn + type);
+            EXPECT_TRUE(land.green > land.blue + 20 || land.red > land.blue + 20) << type;
+        }
         for (const int type : {26, 27, 28, 29, 30, 31, 41}) {
             const Colour forest = ColourOf(64 * turn + type);
             EXPECT_GT(forest.green, forest.red + 20) << type;

@@ -243,6 +243,21 @@ TEST_F(CreatingAProject, InTheGameFilesOwnFolderLeavesThemAsTheyAre) {
     EXPECT_THAT(game_.Names(), Contains("north.prj"));
 }
 
+TEST_F(CreatingAProject, AFileOfAnotherNameForTheSameOneIsLeftAsItIs) {
+    const std::filesystem::file_time_type old{std::chrono::seconds(1000000000)};
+    const std::string target = game_.Path() + "TARGET.DAT";
+    std::filesystem::create_symlink(target, target_.Path() + "TARGET.DAT");
+    std::filesystem::create_hard_link(game_.Path() + "GRIDDATA.DAT", target_.Path() + "GRIDDATA.DAT");
+    for (const char *name : {"TARGET.DAT", "GRIDDATA.DAT"})
+        std::filesystem::last_write_time(game_.Path() + name, old);
+    Create();
+    EXPECT_TRUE(std::filesystem::is_symlink(target_.Path() + "TARGET.DAT"));
+    for (const char *name : {"TARGET.DAT", "GRIDDATA.DAT"}) {
+        EXPECT_EQ(game_.Content(name), std::string("content of ") + name);
+        EXPECT_EQ(std::filesystem::last_write_time(game_.Path() + name), old) << name;
+    }
+}
+
 TEST_F(CreatingAProject, AMissingFileIsNamedAndNoProjectFileIsLeft) {
     project_.filenames[4] = game_.Path() + "GONE.DAT";
     const Error error = ErrorOfCreate();
@@ -305,6 +320,17 @@ TEST_F(CreatingAProject, AFailedGenerationIsPassedOverAndTheProjectFileWritten) 
     Create();
     EXPECT_THAT(target_.Names(), Not(Contains("worldmap.bmp")));
     EXPECT_THAT(target_.Content("north.prj"), testing::HasSubstr("\r\nMap=worldmap.bmp\r\n"));
+}
+
+TEST_F(CreatingAProject, AProjectFileThatCannotBeWrittenBehindAGenerationIsPassedOverToo) {
+    project_.filenames[12].clear();
+    // The old map's name leads to a folder and the project file's into it: both go when the map is made.
+    std::filesystem::create_directory(target_.Path() + "deep");
+    std::filesystem::create_symlink("deep", target_.Path() + "worldmap.bmp");
+    std::filesystem::create_symlink("worldmap.bmp/north.prj", target_.Path() + "north.prj");
+    EXPECT_NO_THROW(Create());
+    EXPECT_EQ(target_.Content("worldmap.bmp").size(), 205878U);
+    EXPECT_FALSE(std::filesystem::exists(target_.Path() + "north.prj"));
 }
 
 }  // namespace

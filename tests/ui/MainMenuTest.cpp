@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QMimeData>
 
+#include "Dropping.h"
 #include "EditorWindow.h"
 #include "MainMenu.h"
 
@@ -24,10 +25,7 @@ class MainMenuTest : public EditorWindow {
         AnswerNextBox(question, QMessageBox::No);
         QMimeData file;
         file.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
-        QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&window(), &enter);
-        QDropEvent drop(QPointF(9, 9), Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&window(), &drop);
+        ASSERT_TRUE(DropOn(window(), file));
         QCoreApplication::processEvents();
         ASSERT_EQ(question.count, 1);
         ASSERT_EQ(module->campaign.paths.ProjectDir + module->campaign.paths.ProjectFile, path);
@@ -143,6 +141,12 @@ TEST_F(MainMenuTest, EveryMenuAndEntryHasItsNameCaptionKeyAndFirstMark) {
 TEST_F(MainMenuTest, NoRecentProjectIsShownWhileNoneIsKnown) {
     window().Start(QString());
     EXPECT_EQ(Recent(), QStringList());
+}
+
+TEST_F(MainMenuTest, ARecentProjectsNameIsUTF8OrElse1252) {
+    StartWithRecent({"\xD0\xA4\xD1\x80", "N\xF6rd", "", ""}, {});
+    EXPECT_EQ(Recent(),
+              (QStringList{QStringLiteral("&1 \u0424\u0440"), QStringLiteral("&2 N\u00F6rd"), "-"}));
 }
 
 TEST_F(MainMenuTest, TheRecentProjectsAreShownWithTheirNumbersAndASeparator) {

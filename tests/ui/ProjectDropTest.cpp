@@ -5,6 +5,7 @@
 #include <QMimeData>
 #include <QUrl>
 
+#include "Dropping.h"
 #include "EditorWindow.h"
 #include "frm_save.h"
 
@@ -17,22 +18,10 @@ class ProjectDrop : public EditorWindow {
         return QUrl::fromLocalFile(QString::fromStdString(path));
     }
 
-    /// Drags what data holds onto widget; true when it is taken, and then drops it there.
-    bool Drop(QWidget &widget, const QMimeData &data) {
-        const QPoint at = widget.rect().center();
-        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        enter.ignore();
-        QCoreApplication::sendEvent(&widget, &enter);
-        if (!enter.isAccepted())
-            return false;
-        QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&widget, &drop);
-        return true;
-    }
     bool Drop(QWidget &widget, const QList<QUrl> &urls) {
         QMimeData data;
         data.setUrls(urls);
-        return Drop(widget, data);
+        return DropOn(widget, data);
     }
     bool DropSample() { return Drop(window(), {LocalUrl(SamplePath())}); }
 
@@ -112,7 +101,7 @@ TEST_F(ProjectDrop, OfAnythingElseIsRefused) {
     EXPECT_FALSE(Drop(window(), {QUrl("https://example.org/sample.prj")}));
     QMimeData text;
     text.setText(QString::fromStdString(SamplePath()));
-    EXPECT_FALSE(Drop(window(), text));
+    EXPECT_FALSE(DropOn(window(), text));
     QCoreApplication::processEvents();
     EXPECT_FALSE(module->campaign.ProjectLoaded);
 }
@@ -127,7 +116,7 @@ TEST_F(ProjectDrop, OntoATextFieldIsForTheWindow) {
     text.setText("123");
     NumberField &x = Number("upd_tar_x");
     const QString before = x.text();
-    EXPECT_FALSE(Drop(*x.findChild<QLineEdit *>(), text));
+    EXPECT_FALSE(DropOn(*x.findChild<QLineEdit *>(), text));
     EXPECT_EQ(x.text(), before);
 
     ShownBox question;

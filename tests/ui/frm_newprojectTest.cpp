@@ -1,15 +1,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QLabel>
-#include <QMimeData>
 #include <QUrl>
 #include <filesystem>
 #include <vector>
 
 #include "DialogDriver.h"
+#include "Dropping.h"
 #include "Errors.h"
 #include "TemporaryFolder.h"
 #include "frm_newproject.h"
@@ -98,20 +97,8 @@ class NewProjectDialog : public ::testing::Test {
     bool Drop(QWidget &widget, const std::string &path) {
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
-        return Drop(widget, data);
+        return DropOn(widget, data);
     }
-    bool Drop(QWidget &widget, const QMimeData &data) {
-        const QPoint at = widget.rect().center();
-        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        enter.ignore();
-        QCoreApplication::sendEvent(&widget, &enter);
-        if (!enter.isAccepted())
-            return false;
-        QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&widget, &drop);
-        return true;
-    }
-
     TemporaryFolder game;
     TemporaryFolder program;
     TemporaryFolder target;
@@ -287,6 +274,22 @@ TEST_F(NewProjectDialog, AFolderDroppedOntoARowFillsAllRowsAndOntoTheTilesRowTha
     EXPECT_EQ(Field(0).text().toStdString(), game.Path() + "TARGET.DAT");
 }
 
+TEST_F(NewProjectDialog, SeveralFilesAtOnceAreNotTakenByARow) {
+    QMimeData two;
+    for (const char *file : {"TARGET.DAT", "GRIDDATA.DAT"})
+        two.setUrls(two.urls() << QUrl::fromLocalFile(QString::fromStdString(game.Path() + file)));
+    EXPECT_FALSE(DropOn(Field(0), two));
+    EXPECT_FALSE(DropOn(dialog, two));
+    EXPECT_EQ(Field(0).text(), "");
+}
+
+TEST_F(NewProjectDialog, ANameThatThe1252CharactersLackIsWrittenAsUTF8) {
+    BrowseAllBut(-1);
+    Find<QLineEdit>(dialog, "txt_prjname").setText(QStringLiteral("\u0424\u0440\u043E\u043D\u0442"));
+    Create(target.Path() + "north.prj");
+    EXPECT_EQ(target.Content("north.prj").substr(0, 17), "Name=\xD0\xA4\xD1\x80\xD0\xBE\xD0\xBD\xD1\x82\r\n");
+}
+
 TEST_F(NewProjectDialog, TextAndPagesOfTheWebAreNotTakenByTheRows) {
     QMimeData text;
     text.setText("TARGET.DAT");
@@ -295,7 +298,7 @@ TEST_F(NewProjectDialog, TextAndPagesOfTheWebAreNotTakenByTheRows) {
     page.setText("https://example.org/TARGET.DAT");
     for (const ExpectedRow &row : rows)
         for (const QMimeData *data : {&text, &page}) {
-            EXPECT_FALSE(Drop(Field(row.index), *data)) << row.index;
+            EXPECT_FALSE(DropOn(Field(row.index), *data)) << row.index;
             EXPECT_EQ(Field(row.index).text(), "");
         }
 }
@@ -308,7 +311,7 @@ TEST_F(NewProjectDialog, AFolderDroppedOntoTheProjectsNameIsForTheRows) {
     EXPECT_EQ(Field(0).text().toStdString(), game.Path() + "TARGET.DAT");
     QMimeData text;
     text.setText("front");
-    EXPECT_FALSE(Drop(name, text));
+    EXPECT_FALSE(DropOn(name, text));
     EXPECT_EQ(name.text(), "");
 }
 

@@ -5,13 +5,12 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
-#include <QMimeData>
-#include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
 #include "Buttons.h"
+#include "DroppedPath.h"
 #include "FileChooser.h"
 #include "GameText.h"
 #include "ShowMessage.h"
@@ -22,12 +21,6 @@ namespace {
 
 QString Text(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-/// The first file or folder of this system that is dragged, empty when there is none.
-QString DraggedPath(const QDropEvent &event) {
-    const QList<QUrl> urls = event.mimeData()->urls();
-    return urls.isEmpty() ? QString() : urls.constFirst().toLocalFile();
 }
 
 bool IsFolder(const QString &path) {
@@ -135,14 +128,14 @@ bool frm_newproject::eventFilter(QObject *watched, QEvent *event) {
     if (!dropped && event->type() != QEvent::DragEnter && event->type() != QEvent::DragMove)
         return QDialog::eventFilter(watched, event);
     auto *const drag = static_cast<QDropEvent *>(event);
-    const QString path = DraggedPath(*drag);
+    const QString path = DroppedPath(*drag);
     const auto index =
         static_cast<std::size_t>(std::find(fields_.begin(), fields_.end(), watched) - fields_.begin());
     if (path.isEmpty()) {
         drag->ignore();  // text, say, or a page of the web: no file to browse for
         return true;
     }
-    drag->acceptProposedAction();
+    AcceptAsCopy(*drag);
     if (dropped && IsFolder(path)) {
         if (index == tilesRow)
             Pick(index, NativePath(QDir::cleanPath(path) + QStringLiteral("/")));
@@ -155,18 +148,18 @@ bool frm_newproject::eventFilter(QObject *watched, QEvent *event) {
 }
 
 void frm_newproject::dragEnterEvent(QDragEnterEvent *event) {
-    if (IsFolder(DraggedPath(*event)))
-        event->acceptProposedAction();
+    if (IsFolder(DroppedPath(*event)))
+        AcceptAsCopy(*event);
 }
 
 void frm_newproject::dropEvent(QDropEvent *event) {
-    const QString path = DraggedPath(*event);
+    const QString path = DroppedPath(*event);
     if (!IsFolder(path))
         return;
     ReadFields();
     project_.PickFromFolder(NativePath(path));
     ShowFields();
-    event->acceptProposedAction();
+    AcceptAsCopy(*event);
 }
 
 }  // namespace vtr

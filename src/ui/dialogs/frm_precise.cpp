@@ -166,8 +166,8 @@ QLayout *frm_precise::BuildSide() {
         const int id = static_cast<int>(index);
         orientation_->addButton(option, id);
         options->addWidget(option, id / 2, id % 2);
-        connect(option, &QRadioButton::toggled, this, [this, rotation = orientation.rotation](bool checked) {
-            if (!busy_ && checked)
+        connect(option, &QRadioButton::clicked, this, [this, rotation = orientation.rotation] {
+            if (!busy_)
                 ShowTile(type_.value_or(0), rotation);
         });
     }

@@ -6,12 +6,11 @@
 #include <QDropEvent>
 #include <QEventLoop>
 #include <QLineEdit>
-#include <QMimeData>
-#include <QUrl>
 
 #include "AirfieldPanel.h"
 #include "Arithmetic.h"
 #include "ControlBox.h"
+#include "DroppedPath.h"
 #include "FrontlinePanel.h"
 #include "MapFrame.h"
 #include "MapRedraw.h"
@@ -34,10 +33,7 @@ constexpr QSize outerSize(888, 742);
 
 /// The path of the one project file that is being dropped; empty when it is anything else.
 QString ProjectFileIn(const QDropEvent &event) {
-    const QList<QUrl> urls = event.mimeData()->urls();
-    if (urls.size() != 1)
-        return {};
-    const QString path = urls.front().toLocalFile();
+    const QString path = DroppedPath(event);
     return path.endsWith(QStringLiteral(".prj"), Qt::CaseInsensitive) ? path : QString();
 }
 
@@ -169,14 +165,14 @@ void frm_main::closeEvent(QCloseEvent *event) {
 
 void frm_main::dragEnterEvent(QDragEnterEvent *event) {
     if (!ProjectFileIn(*event).isEmpty())
-        event->acceptProposedAction();
+        AcceptAsCopy(*event);
 }
 
 void frm_main::dropEvent(QDropEvent *event) {
     const QString path = ProjectFileIn(*event);
     if (path.isEmpty())
         return;
-    event->acceptProposedAction();
+    AcceptAsCopy(*event);
     // The file manager waits for the drop to end: what the user is asked comes after it.
     QMetaObject::invokeMethod(
         this, [this, path] { projectCommands_.LoadDropped(path); }, Qt::QueuedConnection);
