@@ -287,5 +287,28 @@ TEST_F(ItemCommandsTest, APositionThatLiesOnNoTileBringsAWarningAndNoDialog) {
     EXPECT_EQ(Text("txt_tar_y"), "1760");
 }
 
+using WithoutATerrainMap = EditorWindow;
+
+TEST_F(WithoutATerrainMap, EveryPositionLiesOnTypeZeroFacingNorth) {
+    WriteSample();
+    std::string project = folder.Content("sample.prj");
+    const std::size_t name = project.find("MapTM=") + 6;
+    project.erase(name, project.find('\r', name) - name);
+    folder.Make("sample.prj", project);
+    window().Start(QString::fromStdString(SamplePath()));
+    ASSERT_TRUE(module->campaign.ProjectLoaded);
+    for (const char *button : {"cmd_tar_precise", "cmd_tar_tile"}) {
+        int shown = 0;
+        WhenModalOpens([&shown](QWidget &dialog) {
+            ++shown;
+            EXPECT_EQ(Find<QListWidget>(dialog, "lst_tiles").currentRow(), 0);
+            EXPECT_TRUE(Find<QRadioButton>(dialog, "opt_N").isChecked());
+            Press<QPushButton>(dialog, QStringLiteral("cmd_cancel"));
+        });
+        Press<QPushButton>(window(), QString::fromLatin1(button));
+        EXPECT_EQ(shown, 1);
+    }
+}
+
 }  // namespace
 }  // namespace vtr
