@@ -11,6 +11,7 @@
 #include "DescriptorPosix.h"
 #include "Errors.h"
 #include "Paths.h"
+#include "WholeFile.h"
 
 namespace vtr {
 
@@ -86,8 +87,8 @@ class Replacement {
         return existing_ && (errno == EACCES || errno == EPERM || errno == EROFS);
     }
 
-    /// The replacement proper. False, with nothing done, when the folder takes no new file but the file
-    /// itself can be written into.
+    /// The replacement proper. False, with nothing done, when the folder takes no new file, or does not let
+    /// this one go, but the file itself can be written into.
     bool WriteBeside(int folder) {
         static std::atomic<unsigned> count{0};
         std::string name;
@@ -101,38 +102,53 @@ class Replacement {
             return false;
         Descriptor file(number);
         Check(file.IsOpen(), "making the temporary file");
-        FillAndRename(file, TemporaryName(folder, name));
+        if (!FillAndRename(file, TemporaryName(folder, name)))
+            return false;
         // Some file systems have no flush for folders and say so.
         Check(Flush(folder) || errno == EINVAL, "flushing the folder to disk (the file is replaced already)");
         return true;
     }
 
-    void FillAndRename(Descriptor &file, TemporaryName temporary) const {
+    bool FillAndRename(Descriptor &file, TemporaryName temporary) const {
         if (existing_) {
             // Only an administrator may give files away; for others the file becomes the user's own.
             (void)!fchown(file.Number(), existing_->st_uid, existing_->st_gid);
             Check(fchmod(file.Number(), existing_->st_mode & 07777) == 0, "giving the file's permissions");
         }
-        Check(Write(file.Number()), "writing the temporary file");
+        Check(Write(file.Number(), bytes_), "writing the temporary file");
         Check(Flush(file.Number()), "flushing the temporary file to disk");
         Check(file.Close(), "closing the temporary file");
-        Check(temporary.RenameTo(std::string(FileNameOf(target_))),
-              "renaming the temporary file over the file");
+        const bool renamed = temporary.RenameTo(std::string(FileNameOf(target_)));
+        Check(renamed || MayWriteInPlace(), "renaming the temporary file over the file");
+        return renamed;
     }
 
     void WriteInPlace() const {
-        const std::string damage = " in place (the file may be damaged now)";
-        Descriptor file(open(target_.c_str(), O_WRONLY | O_CLOEXEC));
-        Check(file.IsOpen(), "opening the file");
-        Check(Write(file.Number()), "writing the file" + damage);
-        Check(ftruncate(file.Number(), static_cast<off_t>(bytes_.size())) == 0,
-              "setting the file's length" + damage);
-        Check(Flush(file.Number()), "flushing the file to disk" + damage);
-        Check(file.Close(), "closing the file" + damage);
+        const Bytes old = ReadWholeFile(target_);
+        const char *const failed = Overwrite(bytes_);
+        if (failed == nullptr)
+            return;
+        const int number = errno;
+        const bool restored = Overwrite(old) == nullptr;
+        errno = number;
+        Fail(std::string(failed) + (restored ? "" : " (the file may be damaged now)"));
     }
 
-    bool Write(int file) const {
-        ConstByteSpan rest = bytes_;
+    /// Gives the file these bytes in place. The step that fails, null when none does.
+    const char *Overwrite(ConstByteSpan bytes) const {
+        Descriptor file(open(target_.c_str(), O_WRONLY | O_CLOEXEC));
+        if (!file.IsOpen())
+            return "opening the file";
+        if (!Write(file.Number(), bytes))
+            return "writing the file in place";
+        if (ftruncate(file.Number(), static_cast<off_t>(bytes.size())) != 0)
+            return "setting the file's length in place";
+        if (!Flush(file.Number()))
+            return "flushing the file to disk in place";
+        return file.Close() ? nullptr : "closing the file in place";
+    }
+
+    static bool Write(int file, ConstByteSpan rest) {
         while (!rest.empty()) {
             const ssize_t count = write(file, rest.data(), rest.size());
             if (count >= 0)

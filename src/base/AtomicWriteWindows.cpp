@@ -9,6 +9,7 @@
 #include "AtomicWrite.h"
 #include "Errors.h"
 #include "Paths.h"
+#include "WholeFile.h"
 
 namespace vtr {
 
@@ -70,14 +71,29 @@ void KeepPermissions(const std::filesystem::path &from, const std::filesystem::p
     SetFileAttributesW(to.c_str(), attributes);
 }
 
-void WriteInPlace(const std::string &path, const std::filesystem::path &target, ConstByteSpan bytes) {
-    const std::string damage = " in place (the file may be damaged now)";
+/// Gives the file these bytes in place. The step that fails, null when none does.
+const char *Overwrite(const std::filesystem::path &target, ConstByteSpan bytes) {
     OpenFile file(target, OPEN_EXISTING);
-    Check(file.IsOpen(), path, "opening the file");
-    Check(file.Write(bytes), path, "writing the file" + damage);
-    Check(file.Truncate(), path, "setting the file's length" + damage);
-    Check(file.Flush(), path, "flushing the file to disk" + damage);
-    Check(file.Close(), path, "closing the file" + damage);
+    if (!file.IsOpen())
+        return "opening the file";
+    if (!file.Write(bytes))
+        return "writing the file in place";
+    if (!file.Truncate())
+        return "setting the file's length in place";
+    if (!file.Flush())
+        return "flushing the file to disk in place";
+    return file.Close() ? nullptr : "closing the file in place";
+}
+
+void WriteInPlace(const std::string &path, const std::filesystem::path &target, ConstByteSpan bytes) {
+    const Bytes old = ReadWholeFile(path);
+    const char *const failed = Overwrite(target, bytes);
+    if (failed == nullptr)
+        return;
+    const DWORD number = GetLastError();
+    const bool restored = Overwrite(target, old) == nullptr;
+    SetLastError(number);
+    Fail(path, std::string(failed) + (restored ? "" : " (the file may be damaged now)"));
 }
 
 void FillAndRename(const std::string &path, OpenFile &file, const std::filesystem::path &temporary,

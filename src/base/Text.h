@@ -13,8 +13,8 @@ namespace vtr {
 std::string Utf8OfWindows1252(std::string_view bytes);
 /// True when bytes is well-formed UTF-8 (plain ASCII is).
 bool IsUtf8(std::string_view bytes);
-/// A text from a project file, a name of its own or of a file: as it stands when it is UTF-8, else taken as
-/// Windows-1252.
+/// A text from a project file, a name of its own, of a file or a whole line: as it stands when it is UTF-8,
+/// else taken as Windows-1252.
 std::string Utf8OfProjectText(std::string_view bytes);
 /// text with its ASCII letters in upper case.
 std::string UpperAscii(std::string_view text);

@@ -260,20 +260,56 @@ TEST(AtomicWrite, WritesInPlaceWhereTheFolderTakesNoNewFile) {
     }
 }
 
-TEST(AtomicWrite, SaysThatTheFileMayBeDamagedWhenWritingInPlaceFails) {
-    const std::vector<std::pair<Fault, const char *>> cases{
-        {{"write", 1, ENOSPC}, "writing the file in place (the file may be damaged now)"},
-        {{"ftruncate", 1, ENOSPC}, "setting the file's length in place (the file may be damaged now)"},
-        {{"fsync", 1, ENOSPC}, "flushing the file to disk in place (the file may be damaged now)"},
-        {{"close", 1, ENOSPC}, "closing the file in place (the file may be damaged now)"},
+TEST(AtomicWrite, GivesTheFileItsOldContentBackWhenWritingInPlaceFails) {
+    // The first file that is closed is the one that the old content was read from.
+    const std::vector<std::pair<std::vector<Fault>, const char *>> cases{
+        {{{"write", 1, 0, 2}, {"write", 2, ENOSPC}}, "writing the file in place"},
+        {{{"ftruncate", 1, ENOSPC}}, "setting the file's length in place"},
+        {{{"fsync", 1, ENOSPC}}, "flushing the file to disk in place"},
+        {{{"close", 2, ENOSPC}}, "closing the file in place"},
     };
-    for (const auto &[fault, step] : cases) {
+    for (const auto &[faults, step] : cases) {
         const LockedFolder locked;
-        const OrdinaryUser user;
-        const Error error = ErrorOfWriting(locked.path, {fault});
-        EXPECT_EQ(error.Expected(), step);
-        EXPECT_EQ(error.Found(), "No space left on device");
+        {
+            const OrdinaryUser user;
+            const Error error = ErrorOfWriting(locked.path, faults);
+            EXPECT_EQ(error.Expected(), step);
+            EXPECT_EQ(error.Found(), "No space left on device");
+        }
+        EXPECT_EQ(locked.Content(), "the old content") << step;
     }
+}
+
+TEST(AtomicWrite, SaysThatTheFileMayBeDamagedWhenTheOldContentCannotBeGivenBackEither) {
+    const LockedFolder locked;
+    const OrdinaryUser user;
+    const Error error = ErrorOfWriting(locked.path, {{"write", 1, ENOSPC}, {"write", 2, EIO}});
+    EXPECT_EQ(error.Expected(), "writing the file in place (the file may be damaged now)");
+    EXPECT_EQ(error.Found(), "No space left on device");
+}
+
+TEST(AtomicWrite, LeavesAFileThatCannotBeReadAsItIsWhenItWouldHaveToWriteInPlace) {
+    const LockedFolder locked;
+    fs::permissions(locked.path, fs::perms(0200));
+    {
+        const OrdinaryUser user;
+        EXPECT_EQ(ErrorOfWriting(locked.path).Found(), "Permission denied");
+    }
+    EXPECT_EQ(locked.Content(), "the old content");
+}
+
+TEST(AtomicWrite, WritesInPlaceWhereTheFolderDoesNotLetTheOldFileGo) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Make("a.dat", "the old content");
+    const fs::path link = folder.Path() + "link";
+    fs::create_hard_link(path, link);
+    {
+        const SystemCalls calls({{"renameat", 1, EPERM}});
+        AtomicWrite(path, BytesOf("new"));
+    }
+    EXPECT_EQ(folder.Content("a.dat"), "new");
+    EXPECT_EQ(folder.Content("link"), "new") << "it is the same file";
+    EXPECT_THAT(folder.Names(), ElementsAre("a.dat", "link"));
 }
 
 TEST(AtomicWrite, RefusesANewFileWhereTheFolderTakesNone) {
