@@ -16,7 +16,7 @@ class LoadProjectWindow {
     virtual ~LoadProjectWindow() = default;
     /// Shows the progress window with the caption "Load Project..." and its bar at 0, without waiting for it.
     virtual void ShowProgress() = 0;
-    /// The bar's value; 0 to 100, but a project file of more than 85 lines goes beyond.
+    /// The bar's value; 0 to 100, but a project file of more than 100 lines goes beyond.
     virtual void SetProgress(double value) = 0;
     /// Names the project in the status bar.
     virtual void ShowProjectName(const std::string &name) = 0;

@@ -21,46 +21,63 @@ namespace {
 struct SaveStep {
     std::size_t box;
     std::string ProjectPaths::*file;
-    void (*write)(const std::string &path, const Campaign &campaign);
 };
 
-/// The targets and the grid data, which take more than a path and the campaign, are written by name.
 constexpr std::array<SaveStep, 6> saveSteps{{
-    {0, &ProjectPaths::Targets, nullptr},
-    {1, &ProjectPaths::TarNames, WriteTargetNames},
-    {2, &ProjectPaths::GridData, nullptr},
-    {4, &ProjectPaths::Frontline, WriteFrontlines},
-    {5, &ProjectPaths::Airfield, WriteAirfields},
-    {6, &ProjectPaths::Railway, WriteRailway},
+    {0, &ProjectPaths::Targets},
+    {1, &ProjectPaths::TarNames},
+    {2, &ProjectPaths::GridData},
+    {4, &ProjectPaths::Frontline},
+    {5, &ProjectPaths::Airfield},
+    {6, &ProjectPaths::Railway},
 }};
+
+/// Writes the file of a box. The target that the grid data has no cell for, if there is one.
+std::optional<int> WriteFileOfBox(std::size_t box, const std::string &path, const Campaign &campaign,
+                                  const std::string &programFolder) {
+    switch (box) {
+        case 0:
+            WriteTargets(path, campaign, programFolder);
+            break;
+        case 1:
+            WriteTargetNames(path, campaign);
+            break;
+        case 2:
+            return WriteGridData(path, campaign);
+        case 4:
+            WriteFrontlines(path, campaign);
+            break;
+        case 5:
+            WriteAirfields(path, campaign);
+            break;
+        default:
+            WriteRailway(path, campaign);
+            break;
+    }
+    return std::nullopt;
+}
 
 }  // namespace
 
 void SaveFiles(const Campaign &campaign, const SaveBoxes &ticked, const std::string &programFolder,
                SaveProgress &progress, const std::function<void(int target)> &tellMisfit) {
     progress = {};
+    const auto isNamed = [&campaign](const SaveStep &step) { return !(campaign.paths.*step.file).empty(); };
     for (const SaveStep &step : saveSteps)
-        if (ticked[step.box])
+        if (ticked[step.box] && isNamed(step))
             progress.notWritten.push_back(saveBoxCaptions[step.box]);
     for (const SaveStep &step : saveSteps) {
         if (!ticked[step.box])
             continue;
+        // Without a file too: the grid data is checked all the same.
         const std::string path = campaign.paths.PathOf(campaign.paths.*step.file);
-        const std::string_view caption = saveBoxCaptions[step.box];
-        std::optional<int> misfit;
-        if (step.file == &ProjectPaths::Targets)
-            WriteTargets(path, campaign, programFolder);
-        else if (step.file == &ProjectPaths::GridData)
-            misfit = WriteGridData(path, campaign);
-        else
-            step.write(path, campaign);
-        if (misfit) {
+        if (const auto misfit = WriteFileOfBox(step.box, path, campaign, programFolder)) {
             tellMisfit(*misfit);
             continue;
         }
-        std::erase(progress.notWritten, caption);
-        if (!path.empty())
-            progress.written.push_back(caption);
+        std::erase(progress.notWritten, saveBoxCaptions[step.box]);
+        if (isNamed(step))
+            progress.written.push_back(saveBoxCaptions[step.box]);
     }
 }
 

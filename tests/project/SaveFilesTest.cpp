@@ -122,6 +122,14 @@ TEST_F(SaveFilesTest, AFileThatCannotBeWrittenStopsTheSaveWithTheFilesBeforeItWr
     }
 }
 
+TEST_F(SaveFilesTest, AFailedSaveDoesNotSpeakOfFilesThatTheProjectDoesNotName) {
+    campaign->paths.Railway.clear();
+    std::filesystem::remove(folder.Path() + "AIRFIELD.DAT");
+    std::filesystem::create_directory(folder.Path() + "AIRFIELD.DAT");
+    ErrorThrownBy([this] { Save(allBoxes); });
+    EXPECT_THAT(progress.notWritten, ElementsAre("AIRFIELD.DAT"));
+}
+
 TEST_F(SaveFilesTest, EachBoxWritesItsOwnFileOnly) {
     for (const WrittenFile &file : writtenFiles) {
         SCOPED_TRACE(file.name);
@@ -192,6 +200,14 @@ TEST_F(SaveFilesTest, ATargetThatFitsNoCellIsToldOnceAndTheFilesBehindTheGridDat
     EXPECT_THAT(progress.written,
                 ElementsAre("TARGET.DAT", "TARNAMES.STR", "FRNTLINE.DAT", "AIRFIELD.DAT", "VTR_RRD.DAT"));
     EXPECT_THAT(progress.notWritten, ElementsAre("GRIDDATA.DAT"));
+}
+
+TEST_F(SaveFilesTest, ATargetThatFitsNoCellIsToldAlsoWhenTheProjectNamesNoGridData) {
+    campaign->TargetTable[7].y = 1759;
+    campaign->paths.GridData.clear();
+    Save(allBoxes);
+    EXPECT_THAT(misfits, ElementsAre(7));
+    EXPECT_THAT(progress.notWritten, IsEmpty());
 }
 
 TEST_F(SaveFilesTest, AnOverflowInTheGridDataStopsTheSaveThere) {
