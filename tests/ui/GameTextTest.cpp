@@ -21,5 +21,11 @@ TEST(GameText, ACharacterThatTheGameHasNoByteForIsNoGameText) {
     EXPECT_EQ(GameTextOf(QStringLiteral("\u0080")), std::nullopt);
 }
 
+TEST(GameText, AProjectsNameMarksNoKeyInItsCaption) {
+    EXPECT_EQ(ProjectCaption("Land & Sea && Air"), QStringLiteral("Land && Sea &&&& Air"));
+    EXPECT_EQ(ProjectCaption("K\xF6ln"), QStringLiteral("K\u00F6ln"));
+    EXPECT_EQ(ProjectCaption("\u041C\u0438\u0440"), QStringLiteral("\u041C\u0438\u0440"));
+}
+
 }  // namespace
 }  // namespace vtr

@@ -293,7 +293,7 @@ TEST_F(PanelsInWindowTest, ANameThatTheNamesFileHasNoRoomForIsRefusedWithAMessag
     const std::string before = Everything(campaign());
     QTest::keyClicks(&name, "d");
     EXPECT_EQ(name.text(), "Abc");
-    EXPECT_EQ(StatusMessage(), "The names file is full: shorten another target's name first.");
+    EXPECT_EQ(StatusMessage(), "The names file is full: shorten another name.");
     EXPECT_EQ(Everything(campaign()), before);
 }
 

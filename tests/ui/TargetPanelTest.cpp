@@ -261,7 +261,7 @@ TEST_F(TargetPanelTest, ANameThatWouldOverflowTheNamesFileIsRefusedWhileTyping) 
     EXPECT_EQ(ShownIn(panel, "txt_tar_name"), "Place 8a");
     ASSERT_GE(messages.size(), 1);
     EXPECT_EQ(messages.front().front().toString(),
-              QStringLiteral("The names file is full: shorten another target's name first."));
+              QStringLiteral("The names file is full: shorten another name."));
     QTest::keyClick(&name, Qt::Key_Backspace);
     EXPECT_EQ(campaign->TargetNameTable[8], "Place 8");
 }

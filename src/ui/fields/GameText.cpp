@@ -38,4 +38,9 @@ std::optional<std::string> GameTextOf(const QString &text) {
     return bytes;
 }
 
+QString ProjectCaption(std::string_view name) {
+    // A single "&" would mark the key that presses it.
+    return QString::fromStdString(Utf8OfProjectText(name)).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
 }  // namespace vtr

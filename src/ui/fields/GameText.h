@@ -11,5 +11,7 @@ namespace vtr {
 QString ShownText(std::string_view bytes);
 /// The single-byte text that is shown as text; nothing when a character of it has none.
 std::optional<std::string> GameTextOf(const QString &text);
+/// A project's name as it stands in its file, as the caption of a menu entry or a button.
+QString ProjectCaption(std::string_view name);
 
 }  // namespace vtr

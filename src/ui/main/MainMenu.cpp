@@ -1,6 +1,6 @@
 #include "MainMenu.h"
 
-#include "Text.h"
+#include "GameText.h"
 
 namespace vtr {
 
@@ -84,9 +84,7 @@ void MainMenu::ShowRecentProjects(const std::array<std::string, 4> &names) const
         mnu_p_last[i]->setVisible(!names[i].empty());
         if (names[i].empty())
             continue;
-        mnu_p_last[i]->setText(QStringLiteral("&%1 ").arg(i + 1) +
-                               QString::fromStdString(Utf8OfProjectText(names[i]))
-                                   .replace(QLatin1Char('&'), QLatin1String("&&")));
+        mnu_p_last[i]->setText(QStringLiteral("&%1 ").arg(i + 1) + ProjectCaption(names[i]));
         mnu_p_div3->setVisible(true);
     }
 }

@@ -10,6 +10,7 @@
 #include "ErrorReport.h"
 #include "FileChooser.h"
 #include "FrontlinePanel.h"
+#include "GameText.h"
 #include "GridData.h"
 #include "MapFrame.h"
 #include "MapLayers.h"
@@ -22,7 +23,6 @@
 #include "ShowMessage.h"
 #include "StatusBar.h"
 #include "TargetPanel.h"
-#include "Text.h"
 #include "WaypointPanel.h"
 #include "frm_newproject.h"
 #include "frm_progress.h"
@@ -167,8 +167,7 @@ void ProjectCommands::SetProgress(double value) {
 }
 
 void ProjectCommands::ShowProjectName(const std::string &name) {
-    widgets_.sb_status->project->setText(
-        QStringLiteral("  ") + QString::fromStdString(Utf8OfProjectText(name)) + QStringLiteral("  "));
+    widgets_.sb_status->project->setText(QStringLiteral("  ") + ProjectCaption(name) + QStringLiteral("  "));
 }
 
 void ProjectCommands::TellNoMap() {

@@ -1,10 +1,34 @@
 #include "StatusBar.h"
 
 #include <QEvent>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
 
 #include "ProgramVersion.h"
 
 namespace vtr {
+
+namespace {
+
+/// The most letters of a project's name that are shown: the messages beside it need room too.
+constexpr int projectLetters = 32;
+
+/// A panel that shows as much of its text as it has room for.
+class ElidingPanel : public QToolButton {
+  public:
+    using QToolButton::QToolButton;
+
+  protected:
+    void paintEvent(QPaintEvent *) override {
+        QStyleOptionToolButton option;
+        initStyleOption(&option);
+        const int room = rect().width() - 2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option);
+        option.text = fontMetrics().elidedText(option.text, Qt::ElideRight, room, Qt::TextShowMnemonic);
+        QStylePainter(this).drawComplexControl(QStyle::CC_ToolButton, option);
+    }
+};
+
+}  // namespace
 
 StatusBar::StatusBar(QWidget *parent)
     : QStatusBar(parent),
@@ -16,12 +40,13 @@ StatusBar::StatusBar(QWidget *parent)
       version(AddPanel("version", programTitle + QStringLiteral(" v") + ShortVersionText(), "")) {
     setObjectName(QStringLiteral("sb_status"));
     setSizeGripEnabled(false);
+    project->setMaximumWidth(projectLetters * fontMetrics().averageCharWidth());
     curredit->setFocusPolicy(Qt::TabFocus);
     version->installEventFilter(this);
 }
 
 QToolButton *StatusBar::AddPanel(const char *key, const QString &text, const char *toolTip) {
-    auto *panel = new QToolButton(this);
+    auto *panel = new ElidingPanel(this);
     panel->setObjectName(QLatin1String(key));
     panel->setAutoRaise(true);
     panel->setFocusPolicy(Qt::NoFocus);

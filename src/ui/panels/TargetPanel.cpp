@@ -43,7 +43,7 @@ QString ObjectionToName(const Campaign &campaign, int target, const QString &nam
     if (!bytes || bytes->find('\0') != std::string::npos)
         return QStringLiteral("The game's names cannot hold this character.");
     if (!TargetNameFits(campaign, target, *bytes))
-        return QStringLiteral("The names file is full: shorten another target's name first.");
+        return QStringLiteral("The names file is full: shorten another name.");
     return {};
 }
 
