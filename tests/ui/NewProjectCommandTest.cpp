@@ -1,11 +1,13 @@
 #include <gmock/gmock.h>
 
+#include <QCheckBox>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <array>
 
 #include "EditorWindow.h"
 #include "MessageBoxAnswer.h"
+#include "PanelTesting.h"
 #include "frm_newproject.h"
 
 namespace vtr {
@@ -151,6 +153,81 @@ TEST_F(NewProjectCommand, ACopyThatFailsEndsTheProgramWithTheFileAndTheReason) {
     EXPECT_THAT(message.Text().toStdString(), HasSubstr("No such file or directory"));
     EXPECT_FALSE(std::filesystem::exists(NewPath()));
     EXPECT_FALSE(module->campaign.ProjectLoaded);
+}
+
+TEST_F(NewProjectCommand, ANamedMapThatCannotBeLoadedEndsTheProgram) {
+    folder.Make("map.bmp", "no picture");
+    window().Start(QString());
+    const MessageBoxAnswer message(QMessageBox::Ok);
+    QTimer::singleShot(0, qApp, [&] {
+        MakeNewProject([&](frm_newproject &dialog) {
+            BrowseAll(dialog, true);
+            Create(dialog, NewPath());
+        });
+    });
+    EXPECT_EQ(QCoreApplication::exec(), 1);
+    EXPECT_EQ(message.Icon(), QMessageBox::Critical);
+    EXPECT_THAT(message.Text().toStdString(), HasSubstr("File: " + folder.Path() + "new/map.bmp"));
+}
+
+TEST_F(NewProjectCommand, AfterAFailedLoadTheProjectThatWasOpenStaysSoWithItsEdits) {
+    StartWithSample();
+    std::filesystem::remove(folder.Path() + "program/map.dat");
+    Number("upd_tar_code").SetNumber(100);
+    Number("upd_tar_x").SetNumber(7);
+    Entry("mnu_m_z_400").trigger();
+    const QString name = PanelText("project");
+    const auto before = std::make_unique<TargetEditorModule>(*module);
+    const MessageBoxAnswer warning(QMessageBox::Ok);
+    MakeNewProject([this](frm_newproject &dialog) {
+        BrowseAll(dialog, false);
+        Find<QLineEdit>(dialog, "txt_prjname").setText("North front");
+        Create(dialog, NewPath());
+    });
+    EXPECT_EQ(warning.Icon(), QMessageBox::Warning);
+    EXPECT_EQ(Everything(module->campaign), Everything(before->campaign));
+    EXPECT_EQ(module->campaign.paths.ProjectDir, folder.Path());
+    EXPECT_EQ(module->view.MapZoom, 4);
+    EXPECT_EQ(module->preferences.RecentProjectNames, before->preferences.RecentProjectNames);
+    EXPECT_EQ(PanelText("project"), name);
+
+    const std::string made = folder.Content("new/TARGET.DAT");
+    Entry("mnu_p_export").trigger();
+    Find<QCheckBox>(window(), "chk_save(0)").click();
+    Press<QPushButton>(window(), "cmd_save");
+    EXPECT_EQ(folder.Content("new/TARGET.DAT"), made) << "the save went to the project that is open";
+    EXPECT_NE(folder.Content("TARGET.DAT"), made);
+}
+
+TEST_F(NewProjectCommand, AfterAFailedLoadWithoutAProjectBeforeThereStillIsNone) {
+    // A model beyond its byte ends the last reader, long after the map picture is shown.
+    folder.Make("AIRFIELD.DAT", std::string(7132, '\1'));
+    window().Start(QString());
+    const QImage smallMap = Find<QWidget>(window(), "Img_SmallMap").grab().toImage();
+    const MessageBoxAnswer warning(QMessageBox::Ok);
+    MakeNewProject([this](frm_newproject &dialog) {
+        BrowseAll(dialog, false);
+        Create(dialog, NewPath());
+    });
+    EXPECT_THAT(warning.Text().toStdString(), HasSubstr("File: " + folder.Path() + "new/AIRFIELD.DAT"));
+    EXPECT_FALSE(module->campaign.ProjectLoaded);
+    EXPECT_EQ(module->view.MapZoom, 0);
+    EXPECT_EQ(PanelText("project"), "  NO PROJECT LOADED");
+    EXPECT_EQ(Find<QWidget>(window(), "Img_SmallMap").grab().toImage(), smallMap);
+    EXPECT_FALSE(Entry("mnu_p_export").isEnabled());
+    for (const char *control : {"mnu_m_zoom", "mnu_view", "fra_control", "fra_target"})
+        EXPECT_FALSE(Find<QWidget>(window(), QLatin1String(control)).isEnabled()) << control;
+}
+
+TEST_F(NewProjectCommand, ANameIsShownAsItWasTypedAlsoWhereItsBytesWouldReadAsOthers) {
+    window().Start(QString());
+    MakeNewProject([this](frm_newproject &dialog) {
+        BrowseAll(dialog, true);
+        // As single bytes C3 A9, which is how UTF-8 writes another letter.
+        Find<QLineEdit>(dialog, "txt_prjname").setText(QStringLiteral("\u00C3\u00A9"));
+        Create(dialog, NewPath());
+    });
+    EXPECT_EQ(PanelText("project"), QStringLiteral("  \u00C3\u00A9  "));
 }
 
 TEST_F(NewProjectCommand, AfterAFailedGenerationTheFailedLoadIsAWarningAndTheProgramGoesOn) {

@@ -2,8 +2,10 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QProgressBar>
 
 #include "BoundaryModule.h"
 #include "EditorWindow.h"
@@ -27,7 +29,9 @@ class ProjectCommandsTest : public EditorWindow {
             then();
             if (path.isEmpty())
                 return chooser->reject();
-            chooser->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(path);
+            auto *const name = chooser->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+            chooserName = name->text();
+            name->setText(path);
             static_cast<QDialog *>(chooser)->accept();
         });
     }
@@ -37,6 +41,7 @@ class ProjectCommandsTest : public EditorWindow {
 
     QString chooserTitle;
     QString chooserFilter;
+    QString chooserName;
 };
 
 TEST_F(ProjectCommandsTest, WithoutAProjectTheWindowSaysSoAndDisablesWhatNeedsOne) {
@@ -111,6 +116,62 @@ TEST_F(ProjectCommandsTest, LoadingAsksForAnExportOnlyWhenAProjectIsOpen) {
     EXPECT_EQ(question.icon, QMessageBox::Question);
     EXPECT_EQ(question.buttons, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
     EXPECT_EQ(SaveDialog(), nullptr);
+}
+
+TEST_F(ProjectCommandsTest, TheChooserStillNamesTheFileThatWasLoadedWithItLast) {
+    WriteSample();
+    window().Start(QString());
+    ChooseNextFile(QString::fromStdString(SamplePath()));
+    Entry("mnu_p_load").trigger();
+    EXPECT_EQ(chooserName, "");
+    ShownBox question;
+    AnswerNextBox(question, QMessageBox::No);
+    WhenModalOpens([&](QWidget &) { ChooseNextFile(QString::fromStdString(SamplePath())); });
+    Entry("mnu_p_load").trigger();
+    EXPECT_EQ(chooserName, "sample.prj");
+}
+
+TEST_F(ProjectCommandsTest, CancelBeforeARecentProjectLoadsNothing) {
+    StartWithSample();
+    module->campaign.TargetTable[100].x = 7;
+    ShownBox question;
+    AnswerNextBox(question, QMessageBox::Cancel);
+    Entry("mnu_p_last1").trigger();
+    EXPECT_EQ(question.count, 1);
+    ExpectTarget100At(7);
+}
+
+TEST_F(ProjectCommandsTest, ALoadFillsItsProgressBarAndSelectsTheFirstItemOfEveryKind) {
+    StartWithSample();
+    auto &bar = Find<QProgressBar>(window(), QStringLiteral("prg_load"));
+    bar.setValue(7);
+    const std::array<const char *, 8> selectors{"upd_tar_code",     "upd_frnt_num",  "upd_frnt_pointnum",
+                                                "upd_rail_linenum", "upd_roi_num",   "upd_roi_wptnum",
+                                                "upd_rai_num",      "upd_rai_wptnum"};
+    for (const char *selector : selectors)
+        Number(selector).SetNumber(5);
+    window().Start(QString::fromStdString(SamplePath()));
+    EXPECT_EQ(bar.value(), 100);
+    EXPECT_EQ(bar.window()->windowTitle(), "Load Project...");
+    for (const char *selector : selectors)
+        EXPECT_EQ(Number(selector).value(), 0) << selector;
+    EXPECT_EQ(Number("upd_tar_x").value(), module->campaign.TargetTable[0].x);
+    EXPECT_EQ(Number("upd_frnt_x").value(), module->campaign.FrontlineTable[0].points[0].x);
+    EXPECT_EQ(Number("upd_rail_x2").value(), module->campaign.RailwayTable[0].x2);
+    EXPECT_EQ(Number("upd_roi_x").value(), module->campaign.RoadWaypointTable[0].waypoints[0].x);
+    EXPECT_EQ(Number("upd_rai_x").value(), module->campaign.RailWaypointTable[0].waypoints[0].x);
+}
+
+TEST_F(ProjectCommandsTest, NoLineIsDisabledAfterALoadAlsoWhenTheRailwaysAreHidden) {
+    StartWithSample();
+    auto &disabled = Find<QLabel>(window(), QStringLiteral("lbl_disabled"));
+    module->campaign.firstDisabledRailwayLine = 850;
+    window().Redraw();
+    ASSERT_EQ(disabled.text(), "Lines 850+ Disabled");
+    Entry("mnu_v_railways").trigger();
+    window().Start(QString::fromStdString(SamplePath()));
+    EXPECT_EQ(module->campaign.firstDisabledRailwayLine, 0);
+    EXPECT_EQ(disabled.text(), "No Lines disabled");
 }
 
 TEST_F(ProjectCommandsTest, YesBeforeLoadingShowsTheSaveDialogWithoutWaitingForIt) {
@@ -362,6 +423,14 @@ TEST_F(FatalLoadTest, AMissingFileOfTheGameEndsTheProgramWithOneBoxThatSaysAll) 
                               "AIRFIELD.DAT\nExpected: opening the file\nFound: No such file or directory\n\n"
                               "The program ends now. Edits that you had not saved, if any, are lost; the "
                               "files that you saved are as you saved them.");
+}
+
+TEST_F(FatalLoadTest, ALineOfTheProjectFileIsToldInItsOwnLetters) {
+    folder.Make("line.prj",
+                "Name=North\r\nGr\xF6\xDF"
+                "e\r\n");
+    EXPECT_EQ(ExitStatusOfLoading(folder.Path() + "line.prj"), 1);
+    EXPECT_TRUE(box.text.contains(QStringLiteral("Gr\u00F6\u00DFe"))) << box.text.toStdString();
 }
 
 TEST_F(FatalLoadTest, AMissingMapPictureDoesSoToo) {

@@ -14,6 +14,7 @@
 #include "FileChooser.h"
 #include "GameText.h"
 #include "ShowMessage.h"
+#include "Text.h"
 
 namespace vtr {
 
@@ -99,8 +100,10 @@ void frm_newproject::Pick(std::size_t index, const std::string &path) {
 void frm_newproject::ReadFields() {
     for (std::size_t index = 0; index < fields_.size(); ++index)
         project_.filenames[index] = fields_[index]->text().toStdString();
-    // A project file is single-byte text; only a name that has characters beyond that is written as UTF-8.
-    project_.name = GameTextOf(name_->text()).value_or(name_->text().toStdString());
+    // A project file is single-byte text; only a name that would not be read back from that is UTF-8.
+    const std::string name = name_->text().toStdString();
+    const auto gameText = GameTextOf(name_->text());
+    project_.name = gameText && Utf8OfProjectText(*gameText) == name ? *gameText : name;
 }
 
 void frm_newproject::ShowFields() {

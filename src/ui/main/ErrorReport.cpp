@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+#include "Text.h"
+
 namespace vtr {
 
 namespace {
@@ -19,7 +21,8 @@ QString ErrorReport(const QString &operation, const Error &error, const QString 
                       Sentence(ErrorKindText(error.Kind())) + QStringLiteral(".")};
     const auto add = [&lines](const char *label, const std::string &value) {
         if (!value.empty())
-            lines << QStringLiteral("%1: %2").arg(QLatin1String(label), QString::fromStdString(value));
+            lines << QStringLiteral("%1: %2").arg(QLatin1String(label),
+                                                  QString::fromStdString(Utf8OfProjectText(value)));
     };
     add("File", error.File());
     add("Place", error.PlaceText());

@@ -38,13 +38,16 @@ Overview::Overview(QWidget *parent) : QWidget(parent), area_(new AreaFrame(this)
 }
 
 void Overview::ShowPicture(const Picture &map) {
+    picture_ = {};
+    update();
+    if (map.Empty())
+        return;
     // The base map is 640 x 320 whatever the picture's size: what lies beyond is cut off, what lacks stays
     // black.
     const QImage whole(reinterpret_cast<const uchar *>(map.pixels.data()), map.width, map.height,
                        QImage::Format_RGB32);
     picture_ = whole.copy(0, 0, mapWidth, mapHeight)
                    .scaled(overviewWidth, overviewHeight, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    update();
 }
 
 void Overview::ShowArea(const OverviewRectangle &area) {

@@ -15,6 +15,7 @@ class Overview : public QWidget {
   public:
     explicit Overview(QWidget *parent);
 
+    /// Shows the map picture, of any size; without one it is black.
     void ShowPicture(const Picture &map);
     void ShowArea(const OverviewRectangle &area);
 

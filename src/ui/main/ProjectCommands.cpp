@@ -1,8 +1,10 @@
 #include "ProjectCommands.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QMessageBox>
 #include <QStringList>
+#include <memory>
 #include <new>
 #include <utility>
 
@@ -15,6 +17,7 @@
 #include "MapFrame.h"
 #include "MapLayers.h"
 #include "MapPictureFile.h"
+#include "MapRedraw.h"
 #include "NumberField.h"
 #include "Operation.h"
 #include "Overview.h"
@@ -91,7 +94,7 @@ void ProjectCommands::ChooseAndLoad() {
 
 void ProjectCommands::LoadDropped(const QString &path) {
     if (OfferExport(SaveDialogMode::GoOn))
-        Load(path.toStdString());
+        Load(QDir::toNativeSeparators(path).toStdString());
 }
 
 void ProjectCommands::LoadRecent(std::size_t index) {
@@ -108,16 +111,24 @@ void ProjectCommands::MakeNewProject() {
         return;
     if (!dialog.MapWasGenerated())
         return Load(dialog.ProjectPath());
-    // From the generation of the map on, no failure ends the program.
+    // From the generation of the map on, no failure ends the program. What was open stays so: half loaded,
+    // the next save would write the tables of the one campaign over the files of the other.
+    const auto before = std::make_unique<TargetEditorModule>(module_);
+    const QString nameBefore = widgets_.sb_status->project->text();
     try {
         Load(dialog.ProjectPath());
     } catch (const Error &error) {
         CloseProgress();
+        module_ = *before;
+        widgets_.sb_status->project->setText(nameBefore);
+        widgets_.Img_SmallMap->ShowPicture(module_.map);
+        if (!module_.campaign.ProjectLoaded)
+            SetProjectControlsEnabled(false);
         ShowMessage(
             window_, QMessageBox::Warning,
             ErrorReport(tr("Loading the new project"), error,
                         tr("The project file and the files beside it are made; the map picture may be "
-                           "missing.")));
+                           "missing. Nothing else was changed.")));
     }
 }
 
@@ -185,11 +196,15 @@ void ProjectCommands::LoadMapPicture(const std::string &path) {
 
 void ProjectCommands::EnableProjectControls() {
     module_.view.MapZoom = 1;
-    widgets_.menu.mnu_m_zoom->setEnabled(true);
-    widgets_.menu.mnu_view->setEnabled(true);
-    widgets_.menu.mnu_p_export->setEnabled(true);
-    widgets_.fra_control->setEnabled(true);
-    widgets_.fra_target->setEnabled(true);
+    SetProjectControlsEnabled(true);
+}
+
+void ProjectCommands::SetProjectControlsEnabled(bool enabled) {
+    widgets_.menu.mnu_m_zoom->setEnabled(enabled);
+    widgets_.menu.mnu_view->setEnabled(enabled);
+    widgets_.menu.mnu_p_export->setEnabled(enabled);
+    widgets_.fra_control->setEnabled(enabled);
+    widgets_.fra_target->setEnabled(enabled);
 }
 
 void ProjectCommands::CopyMapPicture() {
@@ -216,6 +231,9 @@ void ProjectCommands::ResetViewSelectors() {
     module_.view.ViewFrontline = 0;
     widgets_.Number("upd_viewfrontline").ShowRecordValue(0);
     widgets_.Number("upd_view_railway").ShowRecordValue(0);
+    // The layer that tells it may be switched off.
+    widgets_.fra_control->ShowDisabledLines(
+        QString::fromStdString(DisabledLinesText(module_.campaign.firstDisabledRailwayLine)));
 }
 
 void ProjectCommands::ZoomTo100() {
