@@ -1,9 +1,13 @@
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+
+#include <vector>
 
 #include "AirfieldLists.h"
 
 namespace vtr {
 namespace {
+
+using ::testing::ElementsAreArray;
 
 bool operator==(const AirfieldYearSlot &slot, const std::array<int, 5> &words) {
     return slot.aircraft == words[0] && slot.german == words[1] && slot.german_no_plane == words[2] &&
@@ -18,17 +22,48 @@ TEST(AirfieldLists, ChoosingCountryListIndex5Stores6) {
 }
 
 TEST(AirfieldLists, EntriesStandInTheGamesOrder) {
-    EXPECT_EQ(aircraftCaptions[0], "P-38H");
-    EXPECT_EQ(aircraftCaptions[12], "Spitfire MK XIVe");
-    EXPECT_EQ(aircraftCaptions[15], "Mosquito");
-    EXPECT_EQ(aircraftCaptions[16], "Me-109E");
-    EXPECT_EQ(aircraftCaptions[29], "V-1");
-    EXPECT_EQ(aircraftCaptions[30], "Allied (No Plane)");
-    EXPECT_EQ(aircraftCaptions[31], "Allied (No Plane)");
-    EXPECT_EQ(aircraftCaptions[32], "German (No Plane)");
-    EXPECT_EQ(airfieldModelCaptions[0], "NONE");
-    EXPECT_EQ(airfieldModelCaptions[1], "airfld10.3dz");
-    EXPECT_EQ(airfieldModelCaptions[10], "airfld07.3dz");
+    EXPECT_THAT(aircraftCaptions, ElementsAreArray({"P-38H",
+                                                    "P-38J",
+                                                    "P-47C",
+                                                    "P-47D",
+                                                    "P-51B",
+                                                    "P-51D",
+                                                    "B-17F",
+                                                    "B-24D",
+                                                    "B-26B",
+                                                    "Hurricane",
+                                                    "Spitfire Mk I",
+                                                    "Spitfire Mk IX",
+                                                    "Spitfire MK XIVe",
+                                                    "Typhoon",
+                                                    "Tempest",
+                                                    "Mosquito",
+                                                    "Me-109E",
+                                                    "Me-109G",
+                                                    "Me-109K",
+                                                    "Me-110C",
+                                                    "Me-110G",
+                                                    "Me-410",
+                                                    "Fw-190A",
+                                                    "Fw-190D",
+                                                    "Me-262A",
+                                                    "Ju-88A",
+                                                    "Ju-88C",
+                                                    "Ju-87B",
+                                                    "He-111",
+                                                    "V-1",
+                                                    "Allied (No Plane)",
+                                                    "Allied (No Plane)",
+                                                    "German (No Plane)"}));
+    EXPECT_THAT(airfieldModelCaptions,
+                ElementsAreArray({"NONE", "airfld10.3dz", "airfld09.3dz", "airfld06.3dz", "airfld02.3dz",
+                                  "airfld11.3dz", "airfld01.3dz", "airfld03.3dz", "airfld04.3dz",
+                                  "airfld05.3dz", "airfld07.3dz"}));
+    std::vector<std::string_view> countries;
+    for (const CountryEntry &entry : countryEntries)
+        countries.push_back(entry.caption);
+    EXPECT_THAT(countries, ElementsAreArray({"Great Britain", "Germany", "France", "Belgium", "Holland",
+                                             "(Czech. Rep.)"}));
 }
 
 TEST(AirfieldLists, ChoosingAnEntryClearsTheSlotAndSetsItsOwnWords) {

@@ -49,11 +49,11 @@ void ItemCommands::ReorderAllTargets() {
     double value = 0;
     const auto newIndices =
         ReorderTargets(module_.campaign, [&](double step) { progress.SetProgress(value += step); });
-    progress.hide();
-    if (!newIndices) {
+    if (!newIndices)
         ShowMessage(window_, QMessageBox::Warning, QString::fromUtf8(QByteArrayView(reorderFailedMessage)));
+    progress.hide();
+    if (!newIndices)
         return;
-    }
     // The selected target stays selected, wherever it went.
     selector.ShowRecordValue(static_cast<int>((*newIndices)[static_cast<std::size_t>(selector.value())]));
     widgets_.fra_target->Refresh();

@@ -63,8 +63,7 @@ frm_main::frm_main(TargetEditorModule &module)
 void frm_main::Start(const QString &commandLine) {
     preferencesCommands_.Read();
     show();
-    // The frame is known only now: it counts as part of the window.
-    resize(outerSize - (frameGeometry().size() - size()));
+    FitFrame();
     // On the screen before anything that takes time.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     preferencesCommands_.TellBadLines();
@@ -75,7 +74,9 @@ void frm_main::Start(const QString &commandLine) {
         path.remove(0, 1);
         path.chop(1);
     }
-    projectCommands_.Load(path.isEmpty() ? std::string() : QDir().absoluteFilePath(path).toStdString());
+    projectCommands_.Load(path.isEmpty()
+                              ? std::string()
+                              : QDir::toNativeSeparators(QDir().absoluteFilePath(path)).toStdString());
 }
 
 void frm_main::Redraw() {
@@ -156,6 +157,19 @@ void frm_main::WirePanels() {
     });
     connect(widgets_.fra_railway, &RailwayPanel::DisabledLinesChanged, control,
             &ControlBox::ShowDisabledLines);
+}
+
+void frm_main::FitFrame() {
+    if (frameGeometry().size() == size() || framed_)
+        return;
+    framed_ = true;
+    resize(outerSize - (frameGeometry().size() - size()));
+}
+
+void frm_main::moveEvent(QMoveEvent *event) {
+    QMainWindow::moveEvent(event);
+    // A window manager moves the window into the frame that it puts around it.
+    FitFrame();
 }
 
 void frm_main::closeEvent(QCloseEvent *event) {

@@ -30,12 +30,15 @@ class frm_main : public QMainWindow {
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
+    void moveEvent(QMoveEvent *event) override;
 
   private:
     void WireMenus();
     void WireMap();
     void WirePanels();
     void AddZoomEntry(QAction *entry, void (*command)(MapView &view, ScrollBars bars));
+    /// Takes the frame that the window got, once it has one, out of the window's own size.
+    void FitFrame();
 
     TargetEditorModule &module_;
     MainWidgets widgets_;
@@ -45,6 +48,7 @@ class frm_main : public QMainWindow {
     PreferencesCommands preferencesCommands_;
     ProjectCommands projectCommands_;
     QTimer tmr_TargetFlash_;
+    bool framed_ = false;
 };
 
 }  // namespace vtr
