@@ -38,16 +38,6 @@ class SampleFolder : public testing::Test {
     fs::path folder_;
 };
 
-TEST(SampleCampaign, IsMadeOfTheSameBytesTwice) {
-    const std::vector<SampleFile> again = EncodeCampaignFiles(*MakeSampleCampaign());
-    ASSERT_EQ(again.size(), SampleFiles().size());
-    for (std::size_t i = 0; i < again.size(); ++i) {
-        EXPECT_EQ(again[i].name, SampleFiles()[i].name);
-        EXPECT_TRUE(again[i].bytes == SampleFiles()[i].bytes) << again[i].name;
-    }
-    EXPECT_TRUE(SampleMapPicture().bytes == SampleMapPicture().bytes);
-}
-
 TEST(SampleCampaign, FilesAreAsLongAsTheGameExpects) {
     EXPECT_EQ(SampleBytes("VTR.TM").size(), 204800U);
     EXPECT_EQ(SampleBytes("TARGET.DAT").size(), 4U + 32 * 302);
