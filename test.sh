@@ -4,4 +4,4 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 packaging/build.sh release
-ctest --preset release --output-on-failure -j2
+ctest --preset release -j2
