@@ -9,8 +9,8 @@ namespace {
 /// "caption|pattern" as Qt wants it: "caption (pattern)".
 QString QtFilter(std::string_view filter) {
     const auto bar = filter.find('|');
-    return QStringLiteral("%1 (%2)").arg(QString::fromStdString(std::string(filter.substr(0, bar))),
-                                         QString::fromStdString(std::string(filter.substr(bar + 1))));
+    return QStringLiteral("%1 (%2)").arg(QString::fromUtf8(filter.substr(0, bar)),
+                                         QString::fromUtf8(filter.substr(bar + 1)));
 }
 
 }  // namespace
@@ -22,7 +22,7 @@ std::string ChooseFile(QWidget *parent, QFileDialog::AcceptMode mode, const QStr
     chooser.setAcceptMode(mode);
     chooser.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     if (mode == QFileDialog::AcceptSave)
-        chooser.setDefaultSuffix(QString::fromStdString(std::string(filter.substr(filter.rfind('.') + 1))));
+        chooser.setDefaultSuffix(QString::fromUtf8(filter.substr(filter.rfind('.') + 1)));
     if (!preset.empty())
         chooser.selectFile(QString::fromStdString(preset));
     if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty())

@@ -20,10 +20,6 @@ namespace vtr {
 
 namespace {
 
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 bool IsFolder(const QString &path) {
     return !path.isEmpty() && QFileInfo(path).isDir();
 }
@@ -64,7 +60,7 @@ frm_newproject::frm_newproject(std::string programFolder, QWidget *parent)
 
 void frm_newproject::AddRow(QGridLayout &grid, int line, const NewProjectRow &row) {
     const std::size_t index = row.index;
-    auto *const label = new QLabel(Text(row.caption));
+    auto *const label = new QLabel(QString::fromUtf8(row.caption));
     label->setObjectName(QStringLiteral("lbl_file(%1)").arg(index));
     auto *const field = new QLineEdit;
     field->setObjectName(QStringLiteral("txt_filename(%1)").arg(index));
@@ -75,7 +71,7 @@ void frm_newproject::AddRow(QGridLayout &grid, int line, const NewProjectRow &ro
     fields_.at(index) = field;
     QPushButton *const browse =
         MakeButton(QStringLiteral("cmd_browse(%1)").arg(index), QStringLiteral("..."));
-    browse->setAccessibleName(Text(BrowseTitle(index)));
+    browse->setAccessibleName(QString::fromUtf8(BrowseTitle(index)));
     browse->setAutoDefault(false);
     browse->setFixedWidth(browse->fontMetrics().horizontalAdvance(QStringLiteral(".....")) + 16);
     connect(browse, &QPushButton::clicked, this, [this, index] { Browse(index); });
@@ -88,7 +84,8 @@ void frm_newproject::AddRow(QGridLayout &grid, int line, const NewProjectRow &ro
 }
 
 void frm_newproject::Browse(std::size_t index) {
-    Pick(index, ChooseFile(this, QFileDialog::AcceptOpen, Text(BrowseTitle(index)), BrowseFilter(index)));
+    Pick(index, ChooseFile(this, QFileDialog::AcceptOpen, QString::fromUtf8(BrowseTitle(index)),
+                           BrowseFilter(index)));
 }
 
 void frm_newproject::Pick(std::size_t index, const std::string &path) {
@@ -108,7 +105,7 @@ void frm_newproject::ReadFields() {
 
 void frm_newproject::ShowFields() {
     for (std::size_t index = 0; index < fields_.size(); ++index)
-        fields_[index]->setText(Text(project_.filenames[index]));
+        fields_[index]->setText(QString::fromUtf8(project_.filenames[index]));
 }
 
 void frm_newproject::CreateFromFields() {

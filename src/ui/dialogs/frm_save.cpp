@@ -16,8 +16,7 @@ frm_save::frm_save(Save save, QWidget *parent) : QDialog(parent), save_(std::mov
         const std::string_view caption = saveBoxCaptions[index];
         if (caption.empty())
             continue;
-        auto *const check =
-            new QCheckBox(QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())));
+        auto *const check = new QCheckBox(QString::fromUtf8(caption));
         check->setObjectName(QStringLiteral("chk_save(%1)").arg(index));
         check->setToolTip(index < firstUnwrittenBox
                               ? QStringLiteral("Write this file where the project was loaded from")

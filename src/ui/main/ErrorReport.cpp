@@ -9,7 +9,7 @@ namespace vtr {
 namespace {
 
 QString Sentence(std::string_view words) {
-    QString text = QString::fromUtf8(QByteArrayView(words));
+    QString text = QString::fromUtf8(words);
     text[0] = text[0].toUpper();
     return text;
 }

@@ -50,7 +50,7 @@ void ItemCommands::ReorderAllTargets() {
     const auto newIndices =
         ReorderTargets(module_.campaign, [&](double step) { progress.SetProgress(value += step); });
     if (!newIndices)
-        ShowMessage(window_, QMessageBox::Warning, QString::fromUtf8(QByteArrayView(reorderFailedMessage)));
+        ShowMessage(window_, QMessageBox::Warning, QString::fromUtf8(reorderFailedMessage));
     progress.hide();
     if (!newIndices)
         return;
@@ -60,12 +60,12 @@ void ItemCommands::ReorderAllTargets() {
     redraw_();
 }
 
-bool ItemCommands::ShowTileAt(const PositionFields &fields, frm_precise &dialog) const {
+bool ItemCommands::ShowTileAt(const char *xField, const char *yField, frm_precise &dialog) const {
     const TerrainMap &terrain = module_.campaign.terrain;
     const std::string file = module_.campaign.paths.PathOf(module_.campaign.paths.MapTM);
     try {
         const std::uint8_t tile =
-            TerrainByte(terrain, widgets_.Number(fields.x).value(), widgets_.Number(fields.y).value(),
+            TerrainByte(terrain, widgets_.Number(xField).value(), widgets_.Number(yField).value(),
                         {.file = file, .item = "terrain tile"});
         dialog.ShowTile(ToByte(TileTypeOf(tile)), static_cast<float>(TileRotationOf(tile)));
         return true;
@@ -81,7 +81,7 @@ void ItemCommands::PositionPrecisely(const PositionFields &fields) {
     NumberField &yMetres = widgets_.Number(fields.ym);
     frm_precise dialog(module_.campaign.paths.TilesDir, window_);
     dialog.SetPosition(ToInt16(xMetres.value()), ToInt16(yMetres.value()));
-    if (!ShowTileAt(fields, dialog))
+    if (!ShowTileAt(fields.x, fields.y, dialog))
         return;
     dialog.exec();
     xMetres.SetNumber(RoundToInt32(dialog.MetresX()));
@@ -90,7 +90,7 @@ void ItemCommands::PositionPrecisely(const PositionFields &fields) {
 
 void ItemCommands::ViewTile() {
     frm_precise dialog(module_.campaign.paths.TilesDir, window_);
-    if (ShowTileAt({"upd_tar_x", "upd_tar_y", "", ""}, dialog))
+    if (ShowTileAt("upd_tar_x", "upd_tar_y", dialog))
         dialog.exec();
 }
 

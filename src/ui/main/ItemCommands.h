@@ -30,8 +30,8 @@ class ItemCommands : public QObject {
     void ReorderAllTargets();
     void PositionPrecisely(const PositionFields &fields);
     void ViewTile();
-    /// False, after a message, when the position lies on no tile.
-    bool ShowTileAt(const PositionFields &fields, frm_precise &dialog) const;
+    /// Shows the tile under the position that two fields hold; false, after a message, when it lies on none.
+    bool ShowTileAt(const char *xField, const char *yField, frm_precise &dialog) const;
 
     TargetEditorModule &module_;
     MainWidgets &widgets_;

@@ -38,7 +38,7 @@ namespace {
 QString JoinedCaptions(const std::vector<std::string_view> &captions) {
     QStringList texts;
     for (const std::string_view caption : captions)
-        texts << QString::fromLatin1(caption.data(), static_cast<qsizetype>(caption.size()));
+        texts << QString::fromUtf8(caption);
     return texts.isEmpty() ? QStringLiteral("none") : texts.join(QStringLiteral(", "));
 }
 
