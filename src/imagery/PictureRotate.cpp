@@ -23,7 +23,7 @@ Offset Turned(Offset offset, Offset cosineAndSine) {
 /// Where the source of the pixel at offset (a, b) from the destination's centre lies from the source's
 /// centre.
 Offset SourceOffset(int a, int b, double angle) {
-    const double direction = a == 0 ? 3.14159265359 / 2 : std::atan(static_cast<double>(b) / a);
+    const double direction = a == 0 ? AngleOfHalfTurns(0.5) : std::atan(static_cast<double>(b) / a);
     const double radius = RoundHalfEven(std::sqrt(static_cast<double>(a) * a + static_cast<double>(b) * b));
     return {RoundToInt32(radius * std::cos(direction + angle)),
             RoundToInt32(radius * std::sin(direction + angle))};

@@ -72,7 +72,7 @@ void DecodeFrontlines(ConstByteSpan bytes, const std::string &path, Campaign &ca
             const Place place = PointPlace(path, reader.Position(), item, p);
             DecodeFrontlinePoint(reader.Take<frontlinePointSize>(), campaign.FrontlineTable[slot].points[p],
                                  place);
-            listener.AddProgress(1.0 / 75);
+            listener.AddProgress(8.0 / (frontlineTotal * frontlinePointTotal));
         }
     }
     if (reader.RanPastEnd())

@@ -15,6 +15,8 @@ enum class Axis { X, Y };
 /// A position on one axis as the game's files hold it: f0, f1, c0, c1, a 32-bit little-endian number whose
 /// upper half counts quarter tiles.
 constexpr std::size_t gamePositionSize = 4;
+/// The edge of a terrain tile, which the map shows as one pixel.
+constexpr int tileMetres = 4100;
 
 /// The map pixel of a game position. Throws an overflow Error where the upper half plus the axis's origin
 /// leaves 16 bits.

@@ -15,6 +15,7 @@
 
 #include "Arithmetic.h"
 #include "Buttons.h"
+#include "GamePosition.h"
 #include "PictureRotate.h"
 #include "ShowMessage.h"
 #include "TileTypes.h"
@@ -24,7 +25,6 @@ namespace vtr {
 
 namespace {
 
-constexpr double tileMetres = 4100;
 constexpr int emptyTileSize = 256;
 constexpr int largestShownSize = 512;
 /// Pixels around the tile that count as its edge: without them nobody could click at 4100 metres.

@@ -107,14 +107,16 @@ void AirfieldPanel::BindList(ChoiceField *list, std::function<void(int entry)> s
 }
 
 void AirfieldPanel::ShowAirfield(std::optional<int> airfield) {
-    const bool exists = airfield && *airfield < static_cast<int>(airfieldTotal);
+    constexpr int last = airfieldTotal - 1;
+    const bool exists = airfield && *airfield <= last;
     const bool missing = airfield && !exists;
     const QString codeToolTip =
         missing ? QStringLiteral(
-                      "The target refers to airfield %1, but the last one is 161: there is no record "
+                      "The target refers to airfield %1, but the last one is %2: there is no record "
                       "to show or edit")
                       .arg(*airfield)
-                : QStringLiteral("Index of the airfield's record, 0 to 161");
+                      .arg(last)
+                : QStringLiteral("Index of the airfield's record, 0 to %1").arg(last);
     setToolTip(missing ? codeToolTip : panelToolTip);
     code_->setToolTip(codeToolTip);
     setEnabled(exists);

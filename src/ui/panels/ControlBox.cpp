@@ -13,16 +13,18 @@ ControlBox::ControlBox(Campaign &campaign, QWidget *parent)
     : Panel(QStringLiteral("fra_control"), QStringLiteral("View"), campaign, parent),
       disabledLines_(new QLabel(this)) {
     const QString all = QStringLiteral("ALL");
-    connect(AddSelector({"viewfrontline", "View Frontline #:", "Frontline slot shown", "", 19},
-                        QStringLiteral("View Frontline Number..."), 0),
-            &NumberField::NumberChanged, this, &ControlBox::ViewFrontlineChanged);
-    NumberField *railway = AddSelector({"view_railway", "View Railway #:", "Railway line shown", "", 893},
-                                       QStringLiteral("View Railway Number..."), 1);
+    connect(
+        AddSelector({"viewfrontline", "View Frontline #:", "Frontline slot shown", "", frontlineTotal - 1},
+                    QStringLiteral("View Frontline Number..."), 0),
+        &NumberField::NumberChanged, this, &ControlBox::ViewFrontlineChanged);
+    NumberField *railway =
+        AddSelector({"view_railway", "View Railway #:", "Railway line shown", "", railwayLineTotal - 1},
+                    QStringLiteral("View Railway Number..."), 1);
     NumberField *railPath =
-        AddSelector({"view_railint", "View Rail Int #:", "Rail interdiction path shown", "", 99},
+        AddSelector({"view_railint", "View Rail Int #:", "Rail interdiction path shown", "", railPathTotal},
                     QStringLiteral("View Rail Intercept Path Number..."), 2);
     NumberField *roadPath =
-        AddSelector({"view_roadint", "View Road Int #:", "Road interdiction path shown", "", 297},
+        AddSelector({"view_roadint", "View Road Int #:", "Road interdiction path shown", "", roadPathTotal},
                     QStringLiteral("View Road Intercept Path Number..."), 3);
     for (NumberField *field : {railway, railPath, roadPath}) {
         field->SetZeroText(all);

@@ -6,6 +6,7 @@
 #include <QSignalBlocker>
 
 #include "EditCampaign.h"
+#include "MapView.h"
 #include "NumberField.h"
 
 namespace vtr {
@@ -18,10 +19,11 @@ FrontlinePanel::FrontlinePanel(Campaign &campaign, QWidget *parent)
 }
 
 void FrontlinePanel::Build() {
-    slot_ = AddField({"frnt_num", "&Slot:", "Frontline slot", "", 19}, 0, 0, 2);
-    point_ = AddField({"frnt_pointnum", "Poin&t:", "Point of the frontline", "", 29}, 1, 0, 2);
-    x_ = AddField({"frnt_x", "&X:", "Frontline point column", "map pixels", 639}, 2, 0);
-    y_ = AddField({"frnt_y", "&Y:", "Frontline point row", "map pixels", 319}, 2, 2);
+    slot_ = AddField({"frnt_num", "&Slot:", "Frontline slot", "", frontlineTotal - 1}, 0, 0, 2);
+    point_ = AddField({"frnt_pointnum", "Poin&t:", "Point of the frontline", "", frontlinePointTotal - 1}, 1,
+                      0, 2);
+    x_ = AddField({"frnt_x", "&X:", "Frontline point column", "map pixels", mapWidth - 1}, 2, 0);
+    y_ = AddField({"frnt_y", "&Y:", "Frontline point row", "map pixels", mapHeight - 1}, 2, 2);
     onMap_ = new QCheckBox(QStringLiteral("On Map?"), this);
     onMap_->setObjectName(QStringLiteral("chk_frnt_map"));
     onMap_->setToolTip(QStringLiteral("Display it on the briefing map?"));

@@ -5,7 +5,9 @@
 #include <QPushButton>
 
 #include "EditCampaign.h"
+#include "GamePosition.h"
 #include "MapRedraw.h"
+#include "MapView.h"
 #include "NumberField.h"
 
 namespace vtr {
@@ -18,27 +20,32 @@ RailwayPanel::RailwayPanel(Campaign &campaign, QWidget *parent)
 }
 
 void RailwayPanel::Build() {
-    line_ = AddField({"rail_linenum", "&Line:", "Railway line", "", 893}, 0, 0);
+    line_ = AddField({"rail_linenum", "&Line:", "Railway line", "", railwayLineTotal - 1}, 0, 0);
     increment_ = new QCheckBox(QStringLiteral("Automatically Increment Line #?"), this);
     increment_->setObjectName(QStringLiteral("chk_rail_auto"));
     increment_->setToolTip(
         QStringLiteral("Go on to the next line after a Shift + right click has placed the end of this one"));
     Grid().addWidget(increment_, 0, 2, 1, 3);
 
-    pixels_[X1] = AddField({"rail_x1", "X&1:", "Column of the line's start", "map pixels", 639}, 1, 0);
-    metres_[X1] = AddField({"rail_xm1", "+ m:", "Start: metres from the tile's left edge", "m", 4100}, 1, 2);
+    pixels_[X1] =
+        AddField({"rail_x1", "X&1:", "Column of the line's start", "map pixels", mapWidth - 1}, 1, 0);
+    metres_[X1] =
+        AddField({"rail_xm1", "+ m:", "Start: metres from the tile's left edge", "m", tileMetres}, 1, 2);
     precise_[0] = AddButton(QStringLiteral("cmd_rail_precise1"), QStringLiteral("Precise 1..."),
                             QStringLiteral("Place the line's start exactly within its tile"), 1);
-    pixels_[Y1] = AddField({"rail_y1", "Y1:", "Row of the line's start", "map pixels", 319}, 2, 0);
-    metres_[Y1] = AddField({"rail_ym1", "+ m:", "Start: metres from the tile's top edge", "m", 4100}, 2, 2);
+    pixels_[Y1] = AddField({"rail_y1", "Y1:", "Row of the line's start", "map pixels", mapHeight - 1}, 2, 0);
+    metres_[Y1] =
+        AddField({"rail_ym1", "+ m:", "Start: metres from the tile's top edge", "m", tileMetres}, 2, 2);
     disable_ = AddButton(QStringLiteral("cmd_rail_disable"), QStringLiteral("Disable Lines"),
                          QStringLiteral("Clear this line and all lines after it"), 2);
-    pixels_[X2] = AddField({"rail_x2", "X&2:", "Column of the line's end", "map pixels", 639}, 3, 0);
-    metres_[X2] = AddField({"rail_xm2", "+ m:", "End: metres from the tile's left edge", "m", 4100}, 3, 2);
+    pixels_[X2] = AddField({"rail_x2", "X&2:", "Column of the line's end", "map pixels", mapWidth - 1}, 3, 0);
+    metres_[X2] =
+        AddField({"rail_xm2", "+ m:", "End: metres from the tile's left edge", "m", tileMetres}, 3, 2);
     precise_[1] = AddButton(QStringLiteral("cmd_rail_precise2"), QStringLiteral("Precise 2..."),
                             QStringLiteral("Place the line's end exactly within its tile"), 3);
-    pixels_[Y2] = AddField({"rail_y2", "Y2:", "Row of the line's end", "map pixels", 319}, 4, 0);
-    metres_[Y2] = AddField({"rail_ym2", "+ m:", "End: metres from the tile's top edge", "m", 4100}, 4, 2);
+    pixels_[Y2] = AddField({"rail_y2", "Y2:", "Row of the line's end", "map pixels", mapHeight - 1}, 4, 0);
+    metres_[Y2] =
+        AddField({"rail_ym2", "+ m:", "End: metres from the tile's top edge", "m", tileMetres}, 4, 2);
     enable_ = AddButton(QStringLiteral("cmd_Enable"), QStringLiteral("Enable All"),
                         QStringLiteral("Count no line as disabled; cleared lines are not restored"), 4);
     Grid().setRowStretch(5, 1);

@@ -9,7 +9,9 @@
 #include <functional>
 
 #include "EditCampaign.h"
+#include "GamePosition.h"
 #include "GameText.h"
+#include "MapView.h"
 #include "NumberField.h"
 
 namespace vtr {
@@ -57,7 +59,7 @@ TargetPanel::TargetPanel(Campaign &campaign, QWidget *parent)
 }
 
 void TargetPanel::Build() {
-    code_ = AddField({"tar_code", "&Number:", "Target number", "", 301}, 0, 0);
+    code_ = AddField({"tar_code", "&Number:", "Target number", "", targetTotal - 1}, 0, 0);
     code_->CutFraction();
     name_ = new QLineEdit(this);
     name_->setObjectName(QStringLiteral("txt_tar_name"));
@@ -68,16 +70,18 @@ void TargetPanel::Build() {
                        QStringLiteral("Find a target by its name"));
     Grid().addWidget(find_, 0, 6);
 
-    x_ = AddField({"tar_x", "&X:", "Target column", "map pixels", 639}, 1, 0);
-    xMetres_ = AddField({"tar_xm", "+ m:", "Target metres from the left edge of its tile", "m", 4100}, 1, 2);
+    x_ = AddField({"tar_x", "&X:", "Target column", "map pixels", mapWidth - 1}, 1, 0);
+    xMetres_ =
+        AddField({"tar_xm", "+ m:", "Target metres from the left edge of its tile", "m", tileMetres}, 1, 2);
     count_ = AddField({"tar_numtargets", "&Objects:", "Number of target objects here", "", 64}, 1, 4);
     isAirfield_ = new QCheckBox(QStringLiteral("&Airfield"), this);
     isAirfield_->setObjectName(QStringLiteral("chk_tar_airfield"));
     isAirfield_->setToolTip(QStringLiteral("This target is an airfield"));
     Grid().addWidget(isAirfield_, 1, 6);
 
-    y_ = AddField({"tar_y", "&Y:", "Target row", "map pixels", 319}, 2, 0);
-    yMetres_ = AddField({"tar_ym", "+ m:", "Target metres from the top edge of its tile", "m", 4100}, 2, 2);
+    y_ = AddField({"tar_y", "&Y:", "Target row", "map pixels", mapHeight - 1}, 2, 0);
+    yMetres_ =
+        AddField({"tar_ym", "+ m:", "Target metres from the top edge of its tile", "m", tileMetres}, 2, 2);
     precise_ = MakeButton(QStringLiteral("cmd_tar_precise"), QStringLiteral("Pre&cise..."),
                           QStringLiteral("Place the target exactly within its tile"));
     Grid().addWidget(precise_, 2, 4, 1, 2);

@@ -2,6 +2,8 @@
 
 #include <QGridLayout>
 
+#include "GamePosition.h"
+#include "MapView.h"
 #include "NumberField.h"
 
 namespace vtr {
@@ -28,11 +30,13 @@ void WaypointPanel::Build(const char *path, const char *waypoint, const char *x,
                           const char *y, const char *yMetres) {
     const int lastPath = static_cast<int>(paths_.size()) - 1;
     path_ = AddField({path, "Path:", "Interdiction path", "", lastPath}, 0, 0, 2);
-    waypoint_ = AddField({waypoint, "Waypoint:", "Waypoint of the path", "", 11}, 1, 0, 2);
-    x_ = AddField({x, "X:", "Waypoint column", "map pixels", 639}, 2, 0);
-    xMetres_ = AddField({xMetres, "+ m:", "Waypoint metres from the left edge of its tile", "m", 4100}, 2, 2);
-    y_ = AddField({y, "Y:", "Waypoint row", "map pixels", 319}, 3, 0);
-    yMetres_ = AddField({yMetres, "+ m:", "Waypoint metres from the top edge of its tile", "m", 4100}, 3, 2);
+    waypoint_ = AddField({waypoint, "Waypoint:", "Waypoint of the path", "", waypointTotal - 1}, 1, 0, 2);
+    x_ = AddField({x, "X:", "Waypoint column", "map pixels", mapWidth - 1}, 2, 0);
+    xMetres_ =
+        AddField({xMetres, "+ m:", "Waypoint metres from the left edge of its tile", "m", tileMetres}, 2, 2);
+    y_ = AddField({y, "Y:", "Waypoint row", "map pixels", mapHeight - 1}, 3, 0);
+    yMetres_ =
+        AddField({yMetres, "+ m:", "Waypoint metres from the top edge of its tile", "m", tileMetres}, 3, 2);
     Grid().setRowStretch(4, 1);
 }
 
