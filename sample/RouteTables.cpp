@@ -4,7 +4,7 @@
 #include <span>
 
 #include "Arithmetic.h"
-#include "FineOffset.h"
+#include "FineOffsetMaker.h"
 #include "Noise.h"
 
 namespace vtr {
@@ -97,7 +97,7 @@ void FillRailways(const Theatre &theatre, Campaign &campaign) {
     }
     campaign.RailwayLineCount = ToInt16(static_cast<int>(used));
     for (; used < railwayLineTotal; ++used)
-        campaign.flx_rrd[used].fill("0");
+        campaign.flx_rrd[used].fill(0.0);
 }
 
 void FillInterdictionPaths(const Theatre &theatre, Campaign &campaign) {

@@ -6,7 +6,7 @@
 
 #include "AirfieldMaker.h"
 #include "Arithmetic.h"
-#include "FineOffset.h"
+#include "FineOffsetMaker.h"
 #include "Noise.h"
 #include "TerrainPainter.h"
 

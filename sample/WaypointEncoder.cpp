@@ -1,6 +1,6 @@
 #include "WaypointEncoder.h"
 
-#include "FineOffset.h"
+#include "FineOffsetMaker.h"
 #include "GamePosition.h"
 
 namespace vtr {
