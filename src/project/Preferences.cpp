@@ -66,12 +66,9 @@ std::optional<std::int32_t> WholeNumber(std::string_view key, std::string_view v
     return RoundToInt32(whole);
 }
 
-void ShowRecentProjects(Preferences &preferences) {
-    for (std::size_t i = 0; i < preferences.RecentProjectNames.size(); ++i) {
-        const std::string &name = preferences.RecentProjectNames[i];
-        if (!name.empty())
-            preferences.RecentProjectCaptions[i] = RecentProjectCaption(static_cast<int>(i) + 1, name);
-    }
+void NoteFirstShownName(Preferences &preferences) {
+    if (!preferences.RecentProjectNames[0].empty())
+        preferences.FirstShownName = preferences.RecentProjectNames[0];
 }
 
 void MakeFolderOf(const std::string &path) {
@@ -111,7 +108,7 @@ PreferencesRead DecodePreferences(ConstByteSpan bytes) {
                 passOver(line, "a decimal number of 32 bits", "\"" + line.value + "\"");
         }
     }
-    ShowRecentProjects(read.preferences);
+    NoteFirstShownName(read.preferences);
     return read;
 }
 
@@ -161,12 +158,8 @@ void WritePreferences(const PreferencesPaths &paths, const Preferences &preferen
     AtomicWrite(paths.writeTo, EncodePreferences(preferences));
 }
 
-std::string RecentProjectCaption(int number, const std::string &name) {
-    return "&" + std::to_string(number) + " " + name;
-}
-
 void UpdateRecentProjects(Preferences &preferences, const std::string &name, const std::string &file) {
-    if (preferences.RecentProjectCaptions[0] == RecentProjectCaption(1, name))
+    if (!name.empty() && name == preferences.FirstShownName)
         return;
     auto &names = preferences.RecentProjectNames;
     auto &files = preferences.RecentProjectFiles;
@@ -174,7 +167,7 @@ void UpdateRecentProjects(Preferences &preferences, const std::string &name, con
     std::shift_right(files.begin(), files.end(), 1);
     names[0] = name;
     files[0] = file;
-    ShowRecentProjects(preferences);
+    NoteFirstShownName(preferences);
 }
 
 }  // namespace vtr

@@ -20,9 +20,9 @@ struct Preferences {
     std::int32_t FlashTarget = 0;  ///< 0 off, 1 on
     std::array<std::string, 4> RecentProjectNames;
     std::array<std::string, 4> RecentProjectFiles;  ///< full paths
-    /// The captions of the recent entries in the menu, empty at first; not filed. An entry without a name is
-    /// hidden, but has the caption that it was last shown with.
-    std::array<std::string, 4> RecentProjectCaptions;
+    /// The last name that the first recent entry was shown with, empty at first; not filed. An entry without
+    /// a name is hidden and keeps it.
+    std::string FirstShownName;
 
     bool operator==(const Preferences &) const = default;
 };
@@ -69,10 +69,8 @@ PreferencesRead ReadPreferences(const PreferencesPaths &paths);
 /// Replaces prefs.cfg, makes its folder if need be. Throws the Errors of AtomicWrite.
 void WritePreferences(const PreferencesPaths &paths, const Preferences &preferences);
 
-/// The caption of recent entry number (1 to 4): "&1 name".
-std::string RecentProjectCaption(int number, const std::string &name);
-/// Puts a project that has been loaded on top of the recent ones, unless the caption of the first entry is
-/// its name's already. The file plays no part in that, nor do the other entries.
+/// Puts a project that has been loaded on top of the recent ones, unless its name is the one that the first
+/// entry was last shown with. The file plays no part in that, nor do the other entries.
 void UpdateRecentProjects(Preferences &preferences, const std::string &name, const std::string &file);
 
 }  // namespace vtr

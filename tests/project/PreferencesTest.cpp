@@ -58,7 +58,7 @@ TEST(Preferences, EveryLineGoesIntoItsValue) {
     EXPECT_EQ(read.FlashTarget, 1);
     EXPECT_THAT(read.RecentProjectNames, ElementsAre("North front", " a=b ", "", "M\xFCnchen"));
     EXPECT_THAT(read.RecentProjectFiles, ElementsAre("C:\\maps\\north.prj", "/maps/a=b.prj", "", "x"));
-    EXPECT_THAT(read.RecentProjectCaptions, ElementsAre("&1 North front", "&2  a=b ", "", "&4 M\xFCnchen"));
+    EXPECT_EQ(read.FirstShownName, "North front");
 }
 
 TEST(Preferences, WritingAfterNoChangeReproducesTheFixedOrderWhateverOrderAndCaseWereRead) {
@@ -219,7 +219,7 @@ TEST(RecentProjects, ProjectsAThenBThenAGiveABA) {
     UpdateRecentProjects(preferences, "A", "/a.prj");
     EXPECT_THAT(preferences.RecentProjectNames, ElementsAre("A", "B", "A", ""));
     EXPECT_THAT(preferences.RecentProjectFiles, ElementsAre("/a.prj", "/b.prj", "/a.prj", ""));
-    EXPECT_THAT(preferences.RecentProjectCaptions, ElementsAre("&1 A", "&2 B", "&3 A", ""));
+    EXPECT_EQ(preferences.FirstShownName, "A");
 }
 
 TEST(RecentProjects, TheSameProjectTwiceInARowLeavesTheList) {
@@ -244,24 +244,24 @@ TEST(RecentProjects, TheFifthDropsTheOldest) {
     EXPECT_THAT(preferences.RecentProjectFiles, ElementsAre("/E", "/D", "/C", "/B"));
 }
 
-// The first entry has no caption before it has had a name, so a project without a name is no duplicate of it:
-// its file is recorded, but no entry shows it.
+// The first entry was never shown before it has had a name, so a project without a name is no duplicate of
+// it: its file is recorded, but no entry shows it.
 TEST(RecentProjects, AProjectWithoutANameIsRecordedUnderAHiddenEntry) {
     Preferences preferences;
     UpdateRecentProjects(preferences, "", "/nameless.prj");
     EXPECT_THAT(preferences.RecentProjectNames, ElementsAre("", "", "", ""));
     EXPECT_THAT(preferences.RecentProjectFiles, ElementsAre("/nameless.prj", "", "", ""));
-    EXPECT_THAT(preferences.RecentProjectCaptions, ElementsAre("", "", "", ""));
+    EXPECT_EQ(preferences.FirstShownName, "");
 }
 
-// The caption decides, and a hidden entry still has its old one.
+// The name last shown decides, and a hidden entry still has its old one.
 TEST(RecentProjects, AfterANamelessProjectTheOneBeforeItIsStillTakenForTheFirstEntry) {
     Preferences preferences;
     UpdateRecentProjects(preferences, "A", "/a.prj");
     UpdateRecentProjects(preferences, "", "/nameless.prj");
     UpdateRecentProjects(preferences, "A", "/a.prj");
     EXPECT_THAT(preferences.RecentProjectFiles, ElementsAre("/nameless.prj", "/a.prj", "", ""));
-    EXPECT_THAT(preferences.RecentProjectCaptions, ElementsAre("&1 A", "&2 A", "", ""));
+    EXPECT_EQ(preferences.FirstShownName, "A");
 }
 
 }  // namespace
