@@ -3,15 +3,13 @@
 #include "AirfieldLists.h"
 #include "Arithmetic.h"
 #include "AtomicWrite.h"
-#include "ByteReader.h"
 #include "GamePosition.h"
+#include "RecordFile.h"
 #include "WholeFile.h"
 
 namespace vtr {
 
 namespace {
-
-constexpr std::size_t headerSize = 4;
 
 enum AirfieldOffset : std::size_t {
     unused0 = 0,
@@ -32,12 +30,7 @@ static_assert(recordEnd == airfieldRecordSize);
 /// A word of the file that holds "no model" (index 0).
 constexpr std::uint16_t noModel = 65535;
 
-Place RecordPlace(const std::string &path, std::size_t i) {
-    return {.file = path,
-            .offset = static_cast<std::int64_t>(headerSize + i * airfieldRecordSize),
-            .item = "airfield",
-            .index = static_cast<int>(i)};
-}
+constexpr RecordFile<airfieldRecordSize> airfieldFile{"airfield", airfieldTotal, 8};
 
 }  // namespace
 
@@ -70,14 +63,9 @@ void EncodeAirfield(const AirfieldRecord &airfield, std::span<std::uint8_t, airf
 
 void DecodeAirfields(ConstByteSpan bytes, const std::string &path, Campaign &campaign,
                      LoadListener &listener) {
-    ByteReader reader(bytes);
-    reader.Skip(headerSize);
-    for (std::size_t i = 0; i < airfieldTotal; ++i) {
-        DecodeAirfield(reader.Take<airfieldRecordSize>(), campaign.AirfieldTable[i], RecordPlace(path, i));
-        listener.AddProgress(8.0 / airfieldTotal);
-    }
-    if (reader.RanPastEnd())
-        listener.FoundShortFile({path, bytes.size(), reader.Position()});
+    airfieldFile.Decode(bytes, path, listener, [&](std::size_t i, const auto &record, const Place &place) {
+        DecodeAirfield(record, campaign.AirfieldTable[i], place);
+    });
 }
 
 void ReadAirfields(const std::string &path, Campaign &campaign, LoadListener &listener) {
@@ -86,16 +74,9 @@ void ReadAirfields(const std::string &path, Campaign &campaign, LoadListener &li
 }
 
 Bytes EncodeAirfields(const Campaign &campaign, const std::string &path) {
-    Bytes file(headerSize + airfieldTotal * airfieldRecordSize);
-    PutUint32(file, 0, airfieldTotal);
-    for (std::size_t i = 0; i < airfieldTotal; ++i) {
-        const Place place = RecordPlace(path, i);
-        EncodeAirfield(
-            campaign.AirfieldTable[i],
-            ByteSpan(file).subspan(static_cast<std::size_t>(place.offset)).first<airfieldRecordSize>(),
-            place);
-    }
-    return file;
+    return airfieldFile.Encode(path, [&](std::size_t i, auto record, const Place &place) {
+        EncodeAirfield(campaign.AirfieldTable[i], record, place);
+    });
 }
 
 void WriteAirfields(const std::string &path, const Campaign &campaign) {

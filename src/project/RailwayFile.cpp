@@ -2,15 +2,13 @@
 
 #include "Arithmetic.h"
 #include "AtomicWrite.h"
-#include "ByteReader.h"
 #include "GamePosition.h"
+#include "RecordFile.h"
 #include "WholeFile.h"
 
 namespace vtr {
 
 namespace {
-
-constexpr std::size_t headerSize = 4;
 
 enum RailwayOffset : std::size_t {
     x1Position = 0,
@@ -35,12 +33,7 @@ constexpr std::array<LineField, 4> lineFields{{{x1Position, Axis::X, &RailwayLin
                                                {y1Position, Axis::Y, &RailwayLine::y1},
                                                {y2Position, Axis::Y, &RailwayLine::y2}}};
 
-Place RecordPlace(const std::string &path, std::size_t i) {
-    return {.file = path,
-            .offset = static_cast<std::int64_t>(headerSize + i * railwayRecordSize),
-            .item = "railway line",
-            .index = static_cast<int>(i)};
-}
+constexpr RecordFile<railwayRecordSize> railwayFile{"railway line", railwayLineTotal, 8};
 
 }  // namespace
 
@@ -64,23 +57,17 @@ void EncodeRailwayLine(const RailwayLine &line, const std::array<FineOffset, 4> 
 }
 
 void DecodeRailway(ConstByteSpan bytes, const std::string &path, Campaign &campaign, LoadListener &listener) {
-    ByteReader reader(bytes);
-    reader.Skip(headerSize);
     bool metUnusedLine = false;
-    for (std::size_t i = 0; i < railwayLineTotal; ++i) {
-        const RailwayLine &line = campaign.RailwayTable[i];
-        DecodeRailwayLine(reader.Take<railwayRecordSize>(), campaign.RailwayTable[i], campaign.flx_rrd[i],
-                          RecordPlace(path, i));
+    railwayFile.Decode(bytes, path, listener, [&](std::size_t i, const auto &record, const Place &place) {
+        RailwayLine &line = campaign.RailwayTable[i];
+        DecodeRailwayLine(record, line, campaign.flx_rrd[i], place);
         if (line == RailwayLine{}) {
             // Where the unused lines all stand last, the second of them is the number of lines in use plus 1.
             if (metUnusedLine && campaign.RailwayLineCount == 0)
                 campaign.RailwayLineCount = ToInt16(static_cast<std::int64_t>(i) - 1);
             metUnusedLine = true;
         }
-        listener.AddProgress(8.0 / railwayLineTotal);
-    }
-    if (reader.RanPastEnd())
-        listener.FoundShortFile({path, bytes.size(), reader.Position()});
+    });
 }
 
 void ReadRailway(const std::string &path, Campaign &campaign, LoadListener &listener) {
@@ -89,15 +76,9 @@ void ReadRailway(const std::string &path, Campaign &campaign, LoadListener &list
 }
 
 Bytes EncodeRailway(const Campaign &campaign, const std::string &path) {
-    Bytes file(headerSize + railwayLineTotal * railwayRecordSize);
-    PutUint32(file, 0, railwayLineTotal);
-    for (std::size_t i = 0; i < railwayLineTotal; ++i) {
-        const Place place = RecordPlace(path, i);
-        EncodeRailwayLine(
-            campaign.RailwayTable[i], campaign.flx_rrd[i],
-            ByteSpan(file).subspan(static_cast<std::size_t>(place.offset)).first<railwayRecordSize>(), place);
-    }
-    return file;
+    return railwayFile.Encode(path, [&](std::size_t i, auto record, const Place &place) {
+        EncodeRailwayLine(campaign.RailwayTable[i], campaign.flx_rrd[i], record, place);
+    });
 }
 
 void WriteRailway(const std::string &path, const Campaign &campaign) {

@@ -6,13 +6,13 @@
 #include "AtomicWrite.h"
 #include "ByteReader.h"
 #include "GamePosition.h"
+#include "RecordFile.h"
 #include "WholeFile.h"
 
 namespace vtr {
 
 namespace {
 
-constexpr std::size_t headerSize = 4;
 constexpr std::size_t templateSize = targetTotal * targetRecordSize;
 
 enum TargetOffset : std::size_t {
@@ -34,19 +34,14 @@ static_assert(recordEnd == targetRecordSize);
 /// The game treats this target as an airfield whatever its record says.
 constexpr std::size_t targetThatIsAlwaysAnAirfield = 81;
 
-Place RecordPlace(const std::string &path, std::size_t i) {
-    return {.file = path,
-            .offset = static_cast<std::int64_t>(headerSize + i * targetRecordSize),
-            .item = "target",
-            .index = static_cast<int>(i)};
-}
+constexpr RecordFile<targetRecordSize> targetFile{"target", targetTotal, 1};
 
 /// What the editor does not know of record i, from the template or the file that is replaced.
 std::array<std::uint8_t, targetRecordSize> KeptBytes(std::size_t i, ConstByteSpan templateBytes,
                                                      ConstByteSpan replaced) {
     const bool inTemplate = templateBytes.size() >= (i + 1) * targetRecordSize;
     ByteReader source(inTemplate ? templateBytes : replaced);
-    source.Skip((inTemplate ? 0 : headerSize) + i * targetRecordSize);
+    source.Skip((inTemplate ? 0 : recordCountSize) + i * targetRecordSize);
     return source.Take<targetRecordSize>();
 }
 
@@ -86,14 +81,9 @@ void EncodeTarget(const Campaign &campaign, std::size_t index,
 }
 
 void DecodeTargets(ConstByteSpan bytes, const std::string &path, Campaign &campaign, LoadListener &listener) {
-    ByteReader reader(bytes);
-    reader.Skip(headerSize);
-    for (std::size_t i = 0; i < targetTotal; ++i) {
-        DecodeTarget(reader.Take<targetRecordSize>(), i, campaign, RecordPlace(path, i));
-        listener.AddProgress(1.0 / targetTotal);
-    }
-    if (reader.RanPastEnd())
-        listener.FoundShortFile({path, bytes.size(), reader.Position()});
+    targetFile.Decode(bytes, path, listener, [&](std::size_t i, const auto &record, const Place &place) {
+        DecodeTarget(record, i, campaign, place);
+    });
 }
 
 void ReadTargets(const std::string &path, Campaign &campaign, LoadListener &listener) {
@@ -103,15 +93,10 @@ void ReadTargets(const std::string &path, Campaign &campaign, LoadListener &list
 
 Bytes EncodeTargets(const Campaign &campaign, ConstByteSpan templateBytes, ConstByteSpan replaced,
                     const std::string &path) {
-    Bytes file(headerSize);
-    file.reserve(headerSize + templateSize);
-    PutUint32(file, 0, targetTotal);
-    for (std::size_t i = 0; i < targetTotal; ++i) {
-        auto record = KeptBytes(i, templateBytes, replaced);
-        EncodeTarget(campaign, i, record, RecordPlace(path, i));
-        file.insert(file.end(), record.begin(), record.end());
-    }
-    return file;
+    return targetFile.Encode(path, [&](std::size_t i, auto record, const Place &place) {
+        std::ranges::copy(KeptBytes(i, templateBytes, replaced), record.begin());
+        EncodeTarget(campaign, i, record, place);
+    });
 }
 
 void WriteTargets(const std::string &path, const Campaign &campaign, const std::string &programFolder) {
