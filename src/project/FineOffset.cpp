@@ -1,6 +1,7 @@
 #include "FineOffset.h"
 
-#include <cmath>
+#include <optional>
+#include <utility>
 
 #include "Arithmetic.h"
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <limits>
 #include <string>
 
@@ -17,6 +18,7 @@ class FineOffset {
     FineOffset(std::string text);
     FineOffset(const char *text) : FineOffset(std::string(text)) {}
 
+    bool Empty() const { return std::isnan(metres_) && text_.empty(); }
     std::string Text() const;
     /// The number that the text reads to; throws a type-mismatch Error for a text that is no number.
     double Metres(const Place &place = {}) const;

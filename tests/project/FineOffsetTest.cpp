@@ -18,6 +18,14 @@ TEST(FineOffset, KeepsAnyTextAsItStands) {
         EXPECT_EQ(FineOffset(text).Text(), text);
 }
 
+TEST(FineOffset, IsEmptyOnlyWithoutAnyText) {
+    EXPECT_TRUE(FineOffset().Empty());
+    EXPECT_TRUE(FineOffset("").Empty());
+    for (const char *text : {"0", " ", "12 m"})
+        EXPECT_FALSE(FineOffset(text).Empty()) << text;
+    EXPECT_FALSE(FineOffset(0.0).Empty());
+}
+
 TEST(FineOffset, ReadsTheNumberOfItsText) {
     EXPECT_EQ(FineOffset("4100").Metres(), 4100);
     EXPECT_EQ(FineOffset("7.50").Metres(), 7.5);

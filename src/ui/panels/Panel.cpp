@@ -49,7 +49,7 @@ bool AskYesNo(QWidget *parent, const QString &question) {
 }
 
 int WholeMetres(const FineOffset &fineOffset) {
-    return fineOffset == FineOffset() ? 0 : RoundToInt32(fineOffset.Metres());
+    return fineOffset.Empty() ? 0 : RoundToInt32(fineOffset.Metres());
 }
 
 }  // namespace vtr
