@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <vector>
 
 #include "Comparison.h"
 #include "MapRedraw.h"
@@ -34,7 +35,7 @@ int Run(int argc, char **argv, const std::string &folder) {
     bareWindow.show();
     QCoreApplication::processEvents();
 
-    Picture surface;
+    Picture surface{mapWidth, mapHeight, std::vector<std::uint32_t>(std::size_t{mapWidth} * mapHeight)};
     MapView view = module->view;
     int x = 0;
     const auto setField = [&] {

@@ -160,7 +160,7 @@ void DrawWithQPainter(const Scene &scene, const QImage &worldMap, QImage &surfac
 /// map wants the given bounds held (atMostCopies 0: none); of more items it only shows the growth.
 void CompareAt(std::int16_t zoom, unsigned items, double atLeast, double atMostCopies) {
     Scene scene(zoom, items);
-    Picture surface;
+    Picture surface{mapWidth, mapHeight, std::vector<std::uint32_t>(std::size_t{mapWidth} * mapHeight)};
     QImage qtSurface(mapWidth, mapHeight, QImage::Format_RGB32);
     const QImage worldMap(reinterpret_cast<const uchar *>(scene.worldMap.pixels.data()), mapWidth, mapHeight,
                           QImage::Format_RGB32);

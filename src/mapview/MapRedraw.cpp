@@ -7,14 +7,6 @@ namespace vtr {
 
 namespace {
 
-void MakeSurface(Picture &surface) {
-    if (surface.width == mapWidth && surface.height == mapHeight)
-        return;
-    surface.width = mapWidth;
-    surface.height = mapHeight;
-    surface.pixels.resize(static_cast<std::size_t>(mapWidth) * mapHeight);
-}
-
 void DrawRailways(Canvas &canvas, const Campaign &campaign, const Preferences &preferences,
                   const MapDisplay &display, const MapView &view) {
     if (display.mnu_e_railway)
@@ -36,7 +28,6 @@ std::string DisabledLinesText(std::int16_t firstDisabledRailwayLine) {
 std::optional<std::string> Redraw(Picture &surface, const Picture &worldMap, const Campaign &campaign,
                                   const Preferences &preferences, const MapDisplay &display, MapView &view,
                                   bool showNow) {
-    MakeSurface(surface);
     Canvas canvas(surface);
     if (view.MapZoom == 0) {
         canvas.Stretch({}, 0, 0, 1);

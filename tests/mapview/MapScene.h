@@ -32,9 +32,8 @@ class MapScene {
         preferences.TargetColour = 255 + 256 * 128;
         preferences.AirfieldColour = 256 * 255 + 65536 * 254;
         display.mnu_v_targets = display.mnu_v_frontlines = display.mnu_v_railways = false;
-        worldMap.width = 640;
-        worldMap.height = 320;
-        worldMap.pixels.assign(640U * 320U, ground);
+        worldMap = {mapWidth, mapHeight, std::vector<std::uint32_t>(640U * 320U, ground)};
+        surface = {mapWidth, mapHeight, std::vector<std::uint32_t>(640U * 320U)};
         view.MapZoom = 1;
         for (TargetRecord &record : campaign->TargetTable)
             record.x = record.y = nowhere;
