@@ -3,14 +3,14 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
-#include <cstdio>
+#include <limits>
 #include <memory>
 #include <random>
 #include <vector>
 
 #include "../tests/project/LiteralGrid.h"
 #include "../tests/project/LiteralSweep.h"
+#include "Comparison.h"
 #include "GridData.h"
 #include "ReorderTargets.h"
 
@@ -31,57 +31,50 @@ void Scatter(Campaign &campaign, unsigned seed) {
     }
 }
 
-constexpr int campaignTotal = 16;
-using Campaigns = std::vector<std::unique_ptr<Campaign>>;
-
-/// The time in seconds that work takes for one campaign, over all of them in turn: the shortest of several
-/// runs. What prepare does to each before a run is not timed.
+/// The shortest time of several runs, in seconds. What prepare does before each is not timed.
 template <typename Prepare, typename Work>
-double ShortestTime(const Campaigns &campaigns, int runs, Prepare prepare, Work work) {
-    double shortest = 1e9;
+double ShortestTime(int runs, Prepare prepare, Work work) {
+    double shortest = std::numeric_limits<double>::max();
     for (int run = 0; run < runs; ++run) {
-        for (const auto &campaign : campaigns)
-            prepare(*campaign);
-        const auto start = std::chrono::steady_clock::now();
-        for (const auto &campaign : campaigns)
-            work(*campaign);
-        const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-        shortest = std::min(shortest, taken.count() / campaignTotal);
+        prepare();
+        shortest = std::min(shortest, SecondsOf(work));
     }
     return shortest;
-}
-
-void Report(const char *what, double ours, double literal, double wanted) {
-    std::printf("%-8s %10.2f us, step by step %10.2f us: %8.1f times as fast (wanted: %.0f)\n", what,
-                ours * 1e6, literal * 1e6, literal / ours, wanted);
 }
 
 }  // namespace
 
 int main() {
-    Campaigns campaigns;
-    for (int i = 0; i < campaignTotal; ++i)
-        campaigns.push_back(std::make_unique<Campaign>());
+    std::vector<std::unique_ptr<Campaign>> campaigns(16);
+    for (auto &campaign : campaigns)
+        campaign = std::make_unique<Campaign>();
+    const auto forAll = [&campaigns](auto work) {
+        return [&campaigns, work] {
+            for (const auto &campaign : campaigns)
+                work(*campaign);
+        };
+    };
+
     unsigned seed = 0;
     double progress = 0;
-    const auto scatter = [&seed](Campaign &campaign) { Scatter(campaign, ++seed); };
-    const auto reorder = [&progress](Campaign &campaign) {
+    const auto scatter = forAll([&seed](Campaign &campaign) { Scatter(campaign, ++seed); });
+    const auto sweep =
+        forAll([](Campaign &campaign) { benchmark::DoNotOptimize(LiteralSweep(campaign.TargetTable)); });
+    const auto reorder = forAll([&progress](Campaign &campaign) {
         benchmark::DoNotOptimize(ReorderTargets(campaign, [&progress](double step) { progress += step; }));
-    };
-    const auto keep = [](Campaign &) {};
+    });
+    const double sweepTime = ShortestTime(3, scatter, sweep);
+    const double reorderTime = ShortestTime(100, scatter, reorder);
+    ReportAtLeast("reorder 16 campaigns", {reorderTime, sweepTime}, "step by step", 4000);
 
-    const double sweep = ShortestTime(campaigns, 3, scatter, [](Campaign &campaign) {
-        benchmark::DoNotOptimize(LiteralSweep(campaign.TargetTable));
-    });
-    Report("reorder", ShortestTime(campaigns, 100, scatter, reorder), sweep, 4000);
-
-    const double passes = ShortestTime(campaigns, 100, keep, [](Campaign &campaign) {
-        benchmark::DoNotOptimize(LiteralBuildGrid(campaign.TargetTable));
-    });
-    const double build = ShortestTime(campaigns, 100, keep, [](Campaign &campaign) {
-        benchmark::DoNotOptimize(BuildGrid(campaign.TargetTable));
-    });
-    Report("grid", build, passes, 10);
+    const auto passes =
+        forAll([](Campaign &campaign) { benchmark::DoNotOptimize(LiteralBuildGrid(campaign.TargetTable)); });
+    const auto build =
+        forAll([](Campaign &campaign) { benchmark::DoNotOptimize(BuildGrid(campaign.TargetTable)); });
+    const auto keep = [] {};
+    const double passesTime = ShortestTime(100, keep, passes);
+    const double buildTime = ShortestTime(100, keep, build);
+    ReportAtLeast("grids of 16 campaigns", {buildTime, passesTime}, "step by step", 10);
 
     const bool allBuilt = std::ranges::none_of(
         campaigns, [](const auto &campaign) { return BuildGrid(campaign->TargetTable).misfit.has_value(); });

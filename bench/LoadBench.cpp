@@ -9,8 +9,8 @@
 #include <memory>
 #include <vector>
 
+#include "../tests/project/SilentWindow.h"
 #include "Comparison.h"
-#include "LoadProject.h"
 #include "SampleCampaign.h"
 #include "WholeFile.h"
 
@@ -19,22 +19,10 @@ namespace {
 using namespace vtr;
 
 /// Loads the map picture's bytes and does nothing else that a window would.
-class NoWindow : public LoadProjectWindow {
+class NoWindow : public SilentWindow {
   public:
-    void ShowProgress() override {}
-    void SetProgress(double) override {}
-    void ShowProjectName(const std::string &) override {}
     void TellNoMap() override { std::abort(); }
-    void CloseProgress() override {}
     void LoadMapPicture(const std::string &path) override { picture_ = ReadWholeFile(path); }
-    void EnableProjectControls() override {}
-    void CopyMapPicture() override {}
-    void DrawFrontlines() override {}
-    void DrawRailways() override {}
-    void ResetViewSelectors() override {}
-    void ZoomTo100() override {}
-    void UpdateRecentProjects() override {}
-    void SelectFirstItems() override {}
     void TellShortFiles(const std::vector<ShortFile> &) override { std::abort(); }
 
   private:
