@@ -248,8 +248,15 @@ class GridDataFile : public ::testing::Test {
     GridDataFile() { campaign->TargetTable = SpreadTargets(); }
 
     std::string Expected() const {
-        const Bytes bytes = EncodeGrid(BuildGrid(campaign->TargetTable).grid);
-        return {bytes.begin(), bytes.end()};
+        const LiteralGrid grid = LiteralBuildGrid(campaign->TargetTable);
+        std::string bytes;
+        for (std::size_t row = 1; row <= 20; ++row)
+            for (std::size_t column = 1; column <= 40; ++column) {
+                const int first = grid.first[row][column];
+                for (const int byte : {grid.count[row][column], 0, 0, 0, first % 256, first / 256, 0, 0})
+                    bytes += static_cast<char>(byte);
+            }
+        return bytes;
     }
 
     const TemporaryFolder folder;

@@ -79,6 +79,7 @@ TEST(NewProjectPick, AFolderFillsTheRowsWhoseFileItHoldsInAnyLetterCase) {
     for (const char *name :
          {"target.dat", "VTR.TM", "Roadlist.Dat", "worldmap.bmp", "bngrass.PCX", "other.dat"})
         folder.Make(name, "");
+    std::filesystem::create_directory(folder.Path() + "AIRFIELD.DAT");
     NewProject project;
     project.filenames[1] = "/kept/GRIDDATA.DAT";
     std::string bare = folder.Path();
@@ -93,6 +94,7 @@ TEST(NewProjectPick, AFolderFillsTheRowsWhoseFileItHoldsInAnyLetterCase) {
         EXPECT_EQ(project.filenames[2], bare);
         EXPECT_EQ(project.filenames[1], "/kept/GRIDDATA.DAT");
         EXPECT_EQ(project.filenames[3], "");
+        EXPECT_EQ(project.filenames[4], "") << "a folder is no file";
     }
 }
 
