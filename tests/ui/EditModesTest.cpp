@@ -124,13 +124,10 @@ TEST_F(EditModesTest, SwitchingAwayDisablesTheAirfieldFrameAndSwitchingBackLeave
 }
 
 TEST_F(EditModesTest, ADoubleClickOnTheVersionOpensTheAboutBox) {
-    QString opened;
-    WhenModalOpens([&](QWidget &dialog) {
-        opened = dialog.objectName();
-        dialog.close();
-    });
-    QTest::mouseDClick(&Find<QToolButton>(window(), QStringLiteral("version")), Qt::LeftButton);
-    EXPECT_EQ(opened, "frm_about");
+    auto &version = Find<QToolButton>(window(), QStringLiteral("version"));
+    EXPECT_TRUE(InDialog(
+        "frm_about", [&] { QTest::mouseDClick(&version, Qt::LeftButton); },
+        [](QWidget &dialog) { dialog.close(); }));
 }
 
 TEST_F(EditModesTest, ADoubleClickOnAnyOtherPanelAndASingleClickOnTheVersionOpenNothing) {

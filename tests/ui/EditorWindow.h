@@ -42,6 +42,21 @@ class EditorWindow : public ::testing::Test {
 
     NumberField &Number(const char *name) { return Find<NumberField>(window(), QLatin1String(name)); }
     QAction &Entry(const char *name) { return *window().findChild<QAction *>(QLatin1String(name)); }
+    /// Does open and, in the dialog of that name that must come up modal over the window, act; true when one
+    /// came up.
+    bool InDialog(const char *name, const std::function<void()> &open,
+                  const std::function<void(QWidget &)> &act) {
+        bool shown = false;
+        WhenModalOpens([&](QWidget &dialog) {
+            shown = true;
+            EXPECT_EQ(dialog.objectName(), QLatin1String(name));
+            EXPECT_TRUE(dialog.isModal());
+            EXPECT_EQ(dialog.parentWidget(), &window());
+            act(dialog);
+        });
+        open();
+        return shown;
+    }
     QString PanelText(const char *key) { return Find<QToolButton>(window(), QLatin1String(key)).text(); }
 
     TemporaryFolder folder;

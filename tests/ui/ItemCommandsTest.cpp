@@ -3,28 +3,39 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QProgressBar>
 #include <QRadioButton>
 #include <memory>
+#include <numeric>
 
 #include "EditorWindow.h"
 #include "MapSurface.h"
 #include "PanelTesting.h"
+#include "PreciseDialog.h"
 #include "TilePicture.h"
 
 namespace vtr {
 namespace {
 
-/// Notes the captions that frm_progress has when it comes up.
-class ProgressCaptions : public QObject {
+/// Notes what frm_progress shows from when it comes up until it goes away.
+class ProgressWatch : public QObject {
   public:
-    ProgressCaptions() { qApp->installEventFilter(this); }
+    ProgressWatch() { qApp->installEventFilter(this); }
     QStringList captions;
+    std::vector<int> values;
+    int hidden = 0;
 
   protected:
     bool eventFilter(QObject *watched, QEvent *event) override {
-        if (event->type() == QEvent::Show && watched->objectName() == "frm_progress" &&
-            watched->isWidgetType())
-            captions << static_cast<QWidget *>(watched)->windowTitle();
+        if (watched->objectName() != "frm_progress" || !watched->isWidgetType())
+            return false;
+        const auto &window = *static_cast<QWidget *>(watched);
+        if (event->type() == QEvent::Show) {
+            captions << window.windowTitle();
+            connect(&Find<QProgressBar>(window, "prg_load"), &QProgressBar::valueChanged, this,
+                    [this](int value) { values.push_back(value); });
+        }
+        hidden += event->type() == QEvent::Hide ? 1 : 0;
         return false;
     }
 };
@@ -55,25 +66,16 @@ class ItemCommandsTest : public EditorWindow {
         campaign().terrain[static_cast<std::size_t>(y) * 640 + static_cast<std::size_t>(x)] = byte;
     }
 
-    /// Presses button and does act in the dialog that comes up, which must be a modal frm_precise over the
-    /// window; true when one did.
     bool InPreciseDialog(const char *button, const std::function<void(QWidget &)> &act) {
-        bool shown = false;
-        WhenModalOpens([&](QWidget &dialog) {
-            shown = true;
-            EXPECT_EQ(dialog.objectName(), "frm_precise");
-            EXPECT_TRUE(dialog.isModal());
-            EXPECT_EQ(dialog.parentWidget(), &window());
-            act(dialog);
-        });
-        PressButton(button);
-        return shown;
+        return InDialog(
+            "frm_precise", [&] { PressButton(button); }, act);
     }
-    /// A click in the middle of the tile's left half and lower half: 1025 m and 3075 m.
-    static void ClickTile(QWidget &dialog) {
+    /// A click that, where nobody says another place, is in the middle of the tile's left half and lower
+    /// half: 1025 m and 3075 m.
+    static void ClickTile(QWidget &dialog, QPoint at = {64, 192}) {
         auto &tile = Find<TilePicture>(dialog, "pic_tile");
         ASSERT_EQ(tile.size(), QSize(256, 256));
-        QTest::mouseClick(&tile, Qt::LeftButton, Qt::NoModifier, QPoint(64, 192));
+        QTest::mouseClick(&tile, Qt::LeftButton, Qt::NoModifier, at);
     }
     static void ClickTileAndPressOk(QWidget &dialog) {
         ClickTile(dialog);
@@ -85,11 +87,16 @@ class ItemCommandsTest : public EditorWindow {
     }
 };
 
-TEST_F(ItemCommandsTest, ReorderShowsItsProgressUnderItsCaption) {
-    const ProgressCaptions progress;
+TEST_F(ItemCommandsTest, ReorderShowsItsProgressUnderItsCaptionFromZeroToAHundredAndThenNoMore) {
+    const auto windows = window().findChildren<QWidget *>("frm_progress");
+    const ProgressWatch progress;
     PressButton("cmd_reorder");
     EXPECT_EQ(progress.captions, QStringList{"Reorder Targets..."});
-    EXPECT_FALSE(QApplication::activeModalWidget());
+    std::vector<int> everyPercent(100);
+    std::iota(everyPercent.begin(), everyPercent.end(), 1);
+    EXPECT_EQ(progress.values, everyPercent);
+    EXPECT_EQ(progress.hidden, 1);
+    EXPECT_EQ(window().findChildren<QWidget *>("frm_progress"), windows);
 }
 
 TEST_F(ItemCommandsTest, ReorderMovesRecordsAndFineOffsetsFollowsTheSelectionAndRedraws) {
@@ -139,16 +146,14 @@ TEST_F(ItemCommandsTest, AReorderThatFailsSaysSoAndLeavesTheTables) {
 
 TEST_F(ItemCommandsTest, ANameInSmallLettersFindsTheFirstTargetOfThatNameAndShowsIt) {
     campaign().TargetTable[77].name = campaign().TargetTable[200].name = "BERLIN";
-    QString dialogName;
     bool closed = false;
-    WhenModalOpens([&](QWidget &dialog) {
-        dialogName = dialog.objectName();
-        QTest::keyClicks(&Find<QLineEdit>(dialog, "txt_name"), "berlin");
-        Press<QPushButton>(dialog, QStringLiteral("cmd_find"));
-        closed = !dialog.isVisible();
-    });
-    PressButton("cmd_target_search");
-    EXPECT_EQ(dialogName, "frm_findtarget");
+    EXPECT_TRUE(InDialog(
+        "frm_findtarget", [this] { PressButton("cmd_target_search"); },
+        [&closed](QWidget &dialog) {
+            QTest::keyClicks(&Find<QLineEdit>(dialog, "txt_name"), "berlin");
+            Press<QPushButton>(dialog, QStringLiteral("cmd_find"));
+            closed = !dialog.isVisible();
+        }));
     EXPECT_TRUE(closed);
     EXPECT_EQ(Number("upd_tar_code").value(), 77);
     EXPECT_EQ(Text("txt_tar_name"), "BERLIN");
@@ -185,6 +190,26 @@ TEST_F(ItemCommandsTest, APreciseTargetGetsJustItsTwoFineOffsets) {
     EXPECT_EQ(Everything(campaign()), Everything(*expected));
     EXPECT_EQ(Text("txt_tar_xm"), "1025");
     EXPECT_EQ(Text("txt_tar_ym"), "3075");
+}
+
+TEST_F(ItemCommandsTest, APrecisePositionIsRoundedToTheNearestMetreAndAHalfToTheEvenOne) {
+    struct Row {
+        QPoint click;
+        FineOffset x;
+        FineOffset y;
+    };
+    Number("upd_tar_code").SetNumber(20);
+    // A pixel is 16.015625 metres wide.
+    for (const Row &row : {Row{{255, 65}, "4084", "1041"},
+                           {{65, 255}, "1041", "4084"},
+                           {{32, 96}, "512", "1538"},
+                           {{96, 32}, "1538", "512"}}) {
+        EXPECT_TRUE(InPreciseDialog("cmd_tar_precise", [&row](QWidget &dialog) {
+            ClickTile(dialog, row.click);
+            Press<QPushButton>(dialog, QStringLiteral("cmd_OK"));
+        }));
+        EXPECT_EQ(campaign().flx_targets[20], (std::array{row.x, row.y}));
+    }
 }
 
 TEST_F(ItemCommandsTest, EachPreciseEndOfARailwayLineGetsJustItsTwoFineOffsets) {
@@ -266,7 +291,11 @@ TEST_F(ItemCommandsTest, ViewingTheTileOfATargetWritesNothing) {
     campaign().flx_targets[20] = {"7.25", "8.5"};
     Number("upd_tar_code").SetNumber(20);
     const std::string before = Everything(campaign());
-    EXPECT_TRUE(InPreciseDialog("cmd_tar_tile", ClickTileAndPressOk));
+    EXPECT_TRUE(InPreciseDialog("cmd_tar_tile", [](QWidget &dialog) {
+        // No position is marked: the cross is in the corner where every tile begins.
+        ExpectCrossIn(Find<TilePicture>(dialog, "pic_tile").Shown(), 0, 0);
+        ClickTileAndPressOk(dialog);
+    }));
     EXPECT_EQ(Everything(campaign()), before);
     EXPECT_EQ(Text("txt_tar_xm"), "7");
     EXPECT_EQ(Text("txt_tar_ym"), "8");

@@ -66,13 +66,15 @@ void Apply(char effect, Campaign &campaign) {
     }
 }
 
-/// The menu that opens when the button goes down on map; closes it again.
+/// The menu that opens, at the cursor, when the button goes down on map; closes it again.
 QString MenuOfPress(QWidget &map, Qt::MouseButton button, Qt::KeyboardModifiers keys) {
     QTest::mousePress(&map, button, keys, QPoint(50, 50));
     QWidget *popup = QApplication::activePopupWidget();
     const QString name = popup == nullptr ? QString() : popup->objectName();
-    if (popup != nullptr)
+    if (popup != nullptr) {
+        EXPECT_EQ(popup->pos(), map.mapToGlobal(QPoint(50, 50)));
         popup->close();
+    }
     return name;
 }
 
@@ -234,17 +236,21 @@ TEST_F(MapEditingTest, InRailwayModeShiftLeftPlacesTheStartAndShiftRightTheEnd) 
 TEST_F(MapEditingTest, WithAutomaticIncrementTheEndOfALineGoesOnToTheNext) {
     Entry("mnu_e_railway").trigger();
     Find<QCheckBox>(window(), QStringLiteral("chk_rail_auto")).setChecked(true);
-    Number("upd_rail_linenum").SetNumber(12);
-    const RailwayLine next = campaign().RailwayTable[13];
-    ClickMap(Qt::RightButton, shift, 310, 155);
-    EXPECT_EQ(campaign().RailwayTable[12].x2, 310);
-    EXPECT_EQ(Number("upd_rail_linenum").value(), 13);
-    EXPECT_EQ(campaign().RailwayTable[13], next) << "its start is not filled in";
-    ClickMap(Qt::LeftButton, shift, 310, 155);
-    EXPECT_EQ(Number("upd_rail_linenum").value(), 13) << "a start does not go on";
-    Number("upd_rail_linenum").SetNumber(893);
-    ClickMap(Qt::RightButton, shift, 310, 155);
-    EXPECT_EQ(Number("upd_rail_linenum").value(), 893) << "there is no line behind the last";
+    int x = 318;
+    for (const int zoom : {1, 2, 100}) {
+        ZoomTo(zoom);
+        Number("upd_rail_linenum").SetNumber(12);
+        const RailwayLine next = campaign().RailwayTable[13];
+        ClickMap(Qt::RightButton, shift, ++x, 159);
+        EXPECT_EQ(campaign().RailwayTable[12].x2, x) << zoom;
+        EXPECT_EQ(Number("upd_rail_linenum").value(), 13) << zoom;
+        EXPECT_EQ(campaign().RailwayTable[13], next) << "its start is not filled in";
+        ClickMap(Qt::LeftButton, shift, x, 159);
+        EXPECT_EQ(Number("upd_rail_linenum").value(), 13) << "a start does not go on";
+        Number("upd_rail_linenum").SetNumber(893);
+        ClickMap(Qt::RightButton, shift, x, 159);
+        EXPECT_EQ(Number("upd_rail_linenum").value(), 893) << "there is no line behind the last";
+    }
 }
 
 TEST_F(MapEditingTest, InTheInterdictionModesClicksEditNothing) {
@@ -263,15 +269,23 @@ TEST_F(MapEditingTest, InTheInterdictionModesClicksEditNothing) {
 }
 
 TEST_F(MapEditingTest, ARightPressOpensTheZoomMenuUnlessShiftAloneIsHeld) {
-    for (const ModeRows &mode : editsOfClicks) {
-        Entry(mode.mode).trigger();
-        for (const auto &[button, effects] : menusOfPresses)
-            for (std::size_t i = 0; i < keySets.size(); ++i)
-                EXPECT_EQ(MenuOfPress(Map(), button, keySets[i]), effects[i] == 'm' ? "mnu_m_zoom" : "")
-                    << mode.mode << ", button " << button << ", key set " << i;
+    const auto menuOfClick = [this](Qt::MouseButton button, Qt::KeyboardModifiers keys) {
+        const QString menu = MenuOfPress(Map(), button, keys);
+        QTest::mouseRelease(&Map(), button, keys, QPoint(50, 50));
+        return menu;
+    };
+    for (const int zoom : {1, 2, 100}) {
+        ZoomTo(zoom);
+        for (const ModeRows &mode : editsOfClicks) {
+            Entry(mode.mode).trigger();
+            for (const auto &[button, effects] : menusOfPresses)
+                for (std::size_t i = 0; i < keySets.size(); ++i)
+                    EXPECT_EQ(menuOfClick(button, keySets[i]), effects[i] == 'm' ? "mnu_m_zoom" : "")
+                        << mode.mode << ", button " << button << ", key set " << i << ", zoom " << zoom;
+        }
     }
     Find<QMenu>(window(), QStringLiteral("mnu_m_zoom")).setEnabled(false);
-    EXPECT_EQ(MenuOfPress(Map(), Qt::RightButton, plain), "");
+    EXPECT_EQ(menuOfClick(Qt::RightButton, plain), "");
 }
 
 TEST_F(MapEditingTest, EveryButtonWithEverySetOfKeysEditsInEveryModeAndZoomJustWhatItShould) {
@@ -283,6 +297,28 @@ TEST_F(MapEditingTest, EveryButtonWithEverySetOfKeysEditsInEveryModeAndZoomJustW
                 for (std::size_t keySet = 0; keySet < keySets.size(); ++keySet)
                     ExpectEdit(mode, row, keySet);
         }
+    }
+}
+
+TEST_F(MapEditingTest, AClickSetsTheColumnBeforeTheRow) {
+    struct Row {
+        const char *mode;
+        Qt::MouseButton button;
+        QStringList fields;
+    };
+    PlaceCurrentItemsElsewhere();
+    QStringList fields;
+    for (const char *name : {"upd_tar_x", "upd_tar_y", "upd_frnt_x", "upd_frnt_y", "upd_rail_x1",
+                             "upd_rail_y1", "upd_rail_x2", "upd_rail_y2"})
+        QObject::connect(&Number(name), &NumberField::NumberChanged, [&fields, name] { fields << name; });
+    for (const Row &row : {Row{"mnu_e_target", Qt::LeftButton, {"upd_tar_x", "upd_tar_y"}},
+                           {"mnu_e_frontline", Qt::LeftButton, {"upd_frnt_x", "upd_frnt_y"}},
+                           {"mnu_e_railway", Qt::LeftButton, {"upd_rail_x1", "upd_rail_y1"}},
+                           {"mnu_e_railway", Qt::RightButton, {"upd_rail_x2", "upd_rail_y2"}}}) {
+        Entry(row.mode).trigger();
+        fields.clear();
+        ClickMap(row.button, shift, 320, 160);
+        EXPECT_EQ(fields, row.fields);
     }
 }
 

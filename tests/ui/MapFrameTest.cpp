@@ -205,6 +205,11 @@ TEST_F(MapFrameTest, ThePositionUnderTheMouseIsShownInMapPixels) {
     Bar("h_scroll").setValue(100);
     QTest::mouseMove(&Map(), QPoint(7, 0));
     EXPECT_EQ(PanelText("xypos"), "( 103,  80)");
+    Choose("mnu_m_z_in", 98);
+    Bar("h_scroll").setValue(9);
+    Bar("v_scroll").setValue(4);
+    QTest::mouseMove(&Map(), QPoint(312, 297));
+    EXPECT_EQ(PanelText("xypos"), "( 12,  6)");
 }
 
 TEST_F(MapFrameTest, ThePathSelectorsCountFromOneAndZeroShowsAll) {

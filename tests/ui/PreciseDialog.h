@@ -55,6 +55,18 @@ inline int Pattern(int x, int y) {
     return (x * 7 + y * 13) % 190;
 }
 
+/// The cross with its middle at (x, y), and nothing else red in the picture.
+inline void ExpectCrossIn(const Picture &picture, int x, int y) {
+    for (int row = 0; row < picture.height; ++row)
+        for (int column = 0; column < picture.width; ++column) {
+            const bool upright = column == x && row >= y - 5 && row <= y + 6;
+            const bool level = row == y && column >= x - 5 && column <= x + 6;
+            const std::uint32_t pixel =
+                picture.pixels.at(static_cast<std::size_t>(row * picture.width + column));
+            ASSERT_EQ(pixel == red, upright || level) << column << ", " << row;
+        }
+}
+
 /// The dialog, which takes its tiles from a folder of the test.
 class PreciseDialog : public ::testing::Test {
   protected:
@@ -97,21 +109,13 @@ class PreciseDialog : public ::testing::Test {
         EXPECT_EQ(dialog->MetresX(), x);
         EXPECT_EQ(dialog->MetresY(), y);
     }
-    /// The cross with its middle at (x, y), and nothing else red in the picture.
-    void ExpectCross(int x, int y) {
-        const Picture &picture = Tile().Shown();
-        for (int row = 0; row < picture.height; ++row)
-            for (int column = 0; column < picture.width; ++column) {
-                const bool upright = column == x && row >= y - 5 && row <= y + 6;
-                const bool level = row == y && column >= x - 5 && column <= x + 6;
-                ASSERT_EQ(Pixel(column, row) == red, upright || level) << column << ", " << row;
-            }
-    }
+    void ExpectCross(int x, int y) { ExpectCrossIn(Tile().Shown(), x, y); }
 
     /// Showing tile 1 brings that message and leaves an empty tile.
     void ExpectRefused(const QString &message, QMessageBox::Icon icon) {
         const ShownBox box = BoxShownBy([this] { dialog->ShowTile(1, 0.5F); });
         EXPECT_EQ(box.text, message);
+        EXPECT_EQ(box.title, "VTR Target Editor");
         EXPECT_EQ(box.icon, icon);
         EXPECT_EQ(box.buttons, QMessageBox::Ok);
         EXPECT_EQ(Tile().size(), QSize(256, 256));

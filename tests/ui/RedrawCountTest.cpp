@@ -41,6 +41,10 @@ class RedrawCountTest : public EditorWindow {
         return RedrawsOf([&] { EXPECT_TRUE(Number(field).SetNumber(number)) << field; });
     }
 
+    int RedrawsOfButton(const char *button) {
+        return RedrawsOf([&] { Press<QPushButton>(window(), QLatin1String(button)); });
+    }
+
     RedrawCounter counter;
 };
 
@@ -147,6 +151,51 @@ TEST_F(RedrawCountTest, EachEditOfARailwayLineRedrawsOnceButItsMetresDoNot) {
     }
     for (const char *field : {"upd_rail_xm1", "upd_rail_ym1", "upd_rail_xm2", "upd_rail_ym2"})
         EXPECT_EQ(RedrawsOfNumber(field, Number(field).value() == 5 ? 6 : 5), 0) << field;
+}
+
+TEST_F(RedrawCountTest, ReorderingAndFindingATargetRedrawOnce) {
+    StartWithSample();
+    EXPECT_EQ(RedrawsOfButton("cmd_reorder"), 1);
+    module->campaign.TargetTable[77].name = "BERLIN";
+    WhenModalOpens([](QWidget &dialog) {
+        Find<QLineEdit>(dialog, QStringLiteral("txt_name")).setText(QStringLiteral("BERLIN"));
+        Press<QPushButton>(dialog, QStringLiteral("cmd_find"));
+    });
+    EXPECT_EQ(RedrawsOfButton("cmd_target_search"), 1);
+    EXPECT_EQ(Number("upd_tar_code").value(), 77);
+}
+
+TEST_F(RedrawCountTest, DisablingRailwayLinesAndCopyingAFrontlineRedrawOnce) {
+    StartWithSample();
+    for (const auto &[mode, button] :
+         {std::pair("mnu_e_railway", "cmd_rail_disable"), {"mnu_e_frontline", "cmd_frnt_copy"}}) {
+        Entry(mode).trigger();
+        ShownBox question;
+        AnswerNextBox(question, QMessageBox::Yes);
+        EXPECT_EQ(RedrawsOfButton(button), 1) << button;
+        EXPECT_EQ(question.count, 1);
+        AnswerNextBox(question, QMessageBox::No);
+        EXPECT_EQ(RedrawsOfButton(button), 0) << button;
+        EXPECT_EQ(question.count, 2);
+    }
+}
+
+TEST_F(RedrawCountTest, AClickThatPlacesAnItemRedrawsForItsColumnAndForItsRowAndOneThatSelectsOnce) {
+    StartWithSample();
+    auto &map = Find<QWidget>(window(), QStringLiteral("Img_Map"));
+    const auto redrawsOfClick = [&](Qt::MouseButton button, Qt::KeyboardModifiers keys) {
+        return RedrawsOf([&] { QTest::mouseClick(&map, button, keys, QPoint(17, 23)); });
+    };
+    Number("upd_tar_code").SetNumber(20);
+    EXPECT_EQ(redrawsOfClick(Qt::LeftButton, Qt::ShiftModifier), 2);
+    Number("upd_tar_code").SetNumber(21);
+    EXPECT_EQ(redrawsOfClick(Qt::LeftButton, Qt::NoModifier), 1);
+    EXPECT_EQ(Number("upd_tar_code").value(), 20);
+    Entry("mnu_e_frontline").trigger();
+    EXPECT_EQ(redrawsOfClick(Qt::LeftButton, Qt::NoModifier), 2);
+    Entry("mnu_e_railway").trigger();
+    EXPECT_EQ(redrawsOfClick(Qt::LeftButton, Qt::ShiftModifier), 2);
+    EXPECT_EQ(redrawsOfClick(Qt::RightButton, Qt::ShiftModifier), 2);
 }
 
 TEST_F(RedrawCountTest, ScrollingDoesNotRedraw) {

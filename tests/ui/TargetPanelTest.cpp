@@ -232,9 +232,11 @@ TEST_F(TargetPanelTest, ANameMayHoldEveryCharacterOfTheGameAndNoOther) {
     EXPECT_EQ(campaign->TargetNameTable[8], "M\xFChle \x80\x8E");
     EXPECT_EQ(name.text(), QStringLiteral("M\u00FChle \u20AC\u017D"));
     EXPECT_GE(messages.size(), 1);
-    name.setText(QStringLiteral("\u041C"));
-    EXPECT_EQ(name.text(), QStringLiteral("M\u00FChle \u20AC\u017D"));
-    EXPECT_EQ(campaign->TargetNameTable[8], "M\xFChle \x80\x8E");
+    for (const QString &text : {QStringLiteral("\u041C"), QString("a") + QChar(0)}) {
+        name.setText(text);
+        EXPECT_EQ(name.text(), QStringLiteral("M\u00FChle \u20AC\u017D"));
+        EXPECT_EQ(campaign->TargetNameTable[8], "M\xFChle \x80\x8E");
+    }
 }
 
 TEST_F(TargetPanelTest, TheBytesThatHaveNoCharacterSurviveAnEditBesideThem) {

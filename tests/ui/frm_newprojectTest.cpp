@@ -22,6 +22,7 @@ struct ShownChooser {
     QString title;
     QStringList filters;
     QFileDialog::AcceptMode mode = QFileDialog::AcceptOpen;
+    QFileDialog::FileMode files = QFileDialog::Directory;
 };
 
 /// Chooses path in the next file chooser; cancels it when path is empty.
@@ -34,6 +35,7 @@ void ChooseNext(ShownChooser &shown, const std::string &path) {
         shown.title = chooser->windowTitle();
         shown.filters = chooser->nameFilters();
         shown.mode = chooser->acceptMode();
+        shown.files = chooser->fileMode();
         if (path.empty()) {
             chooser->reject();
             return;
@@ -142,6 +144,7 @@ TEST_F(NewProjectDialog, EachRowBrowsesUnderItsOwnTitleAndFilter) {
         EXPECT_EQ(chooser.title, row.title);
         EXPECT_EQ(chooser.filters, QStringList{row.filter});
         EXPECT_EQ(chooser.mode, QFileDialog::AcceptOpen);
+        EXPECT_EQ(chooser.files, QFileDialog::ExistingFile);
         const std::string shown =
             row.index == 2 ? game.Path().substr(0, game.Path().size() - 1) : game.Path() + row.file;
         EXPECT_EQ(Field(row.index).text().toStdString(), shown);
@@ -174,6 +177,7 @@ TEST_F(NewProjectDialog, MakesTheProjectWhereTheUserWantsIt) {
     EXPECT_EQ(chooser.title, "Save Project As...");
     EXPECT_EQ(chooser.filters, QStringList{"Target Editor Projects (*.prj)"});
     EXPECT_EQ(chooser.mode, QFileDialog::AcceptSave);
+    EXPECT_EQ(chooser.files, QFileDialog::AnyFile);
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
     EXPECT_EQ(dialog.ProjectPath(), target.Path() + "north.prj");

@@ -131,6 +131,20 @@ TEST_F(PreciseDialog, OpeningWithMetres2050And1025PutsTheCrossAtHalfTheWidthAndA
     ExpectCross(128, 64);
 }
 
+TEST_F(PreciseDialog, TheCrossIsRoundedToTheNearestPixelAndAHalfToTheEvenOne) {
+    WriteTile("BNGrass.pcx");
+    for (const auto &[metres, pixel] : {std::pair(2058, 128), {2059, 129}, {2042, 128}, {2041, 127}}) {
+        const auto other = static_cast<std::int16_t>(4100 - metres);
+        dialog->SetPosition(static_cast<std::int16_t>(metres), other);
+        dialog->ShowTile(1, 0);
+        ExpectCross(pixel, 256 - pixel);
+    }
+    WriteTile("BNGrass.pcx", 10, 10);
+    dialog->SetPosition(1025, 3075);  // 2.5 and 7.5
+    dialog->ShowTile(1, 0);
+    ExpectCross(2, 8);
+}
+
 TEST_F(PreciseDialog, TheCrossIsCutOffAtTheEdges) {
     WriteTile("BNGrass.pcx");
     dialog->SetPosition(4100, 4100);

@@ -1,3 +1,4 @@
+#include <QCursor>
 #include <vector>
 
 #include "Arithmetic.h"
@@ -72,6 +73,31 @@ TEST_F(PreciseDialog, TheUserCanActAfterEachColumnWhileATileTurns) {
     EXPECT_EQ(events, 0);
     dialog->ShowTile(1, -0.5F);
     EXPECT_GE(events, 128);
+}
+
+TEST_F(PreciseDialog, BeforeItIsOpenWhatTheUserDoesWaitsUntilTheTileIsTurned) {
+    struct Window : QWidget {
+        int moves = 0;
+        void mouseMoveEvent(QMouseEvent *) override { ++moves; }
+    };
+    WriteTile("BNGrass.pcx");
+    Window behind;
+    behind.setMouseTracking(true);
+    behind.resize(100, 100);
+    behind.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&behind));
+    // Unlike QTest's mouse, the cursor's moves wait in the queue of the window system. The first ones bring
+    // it over the window, wherever it was.
+    const auto moveTo = [&behind](int x) { QCursor::setPos(behind.mapToGlobal(QPoint(x, 50))); };
+    moveTo(30);
+    moveTo(40);
+    ASSERT_TRUE(QTest::qWaitFor([&behind] { return behind.moves > 0; }, 2000));
+    behind.moves = 0;
+    moveTo(50);
+    dialog->ShowTile(1, 0.5F);
+    EXPECT_EQ(behind.moves, 0);
+    moveTo(60);
+    EXPECT_TRUE(QTest::qWaitFor([&behind] { return behind.moves == 2; }, 2000)) << behind.moves;
 }
 
 TEST_F(PreciseDialog, ASecondRotationAskedForMeanwhileWaitsForTheFirst) {
