@@ -124,28 +124,25 @@ class Replacement {
     }
 
     void WriteInPlace() const {
-        const Bytes old = ReadWholeFile(target_);
-        const char *const failed = Overwrite(bytes_);
-        if (failed == nullptr)
-            return;
-        const int number = errno;
-        const bool restored = Overwrite(old) == nullptr;
-        errno = number;
-        Fail(std::string(failed) + (restored ? "" : " (the file may be damaged now)"));
+        const Bytes old = ReadWholeFile(path_);
+        Descriptor file(open(target_.c_str(), O_WRONLY | O_CLOEXEC));
+        Check(file.IsOpen(), "opening the file");
+        if (const char *const failed = Overwrite(file.Number(), bytes_)) {
+            const int number = errno;
+            const bool restored = Overwrite(file.Number(), old) == nullptr;
+            errno = number;
+            Fail(std::string(failed) + (restored ? "" : " (the file may be damaged now)"));
+        }
+        Check(file.Close(), "closing the file (it is written already)");
     }
 
     /// Gives the file these bytes in place. The step that fails, null when none does.
-    const char *Overwrite(ConstByteSpan bytes) const {
-        Descriptor file(open(target_.c_str(), O_WRONLY | O_CLOEXEC));
-        if (!file.IsOpen())
-            return "opening the file";
-        if (!Write(file.Number(), bytes))
+    static const char *Overwrite(int file, ConstByteSpan bytes) {
+        if (lseek(file, 0, SEEK_SET) != 0 || !Write(file, bytes))
             return "writing the file in place";
-        if (ftruncate(file.Number(), static_cast<off_t>(bytes.size())) != 0)
+        if (ftruncate(file, static_cast<off_t>(bytes.size())) != 0)
             return "setting the file's length in place";
-        if (!Flush(file.Number()))
-            return "flushing the file to disk in place";
-        return file.Close() ? nullptr : "closing the file in place";
+        return Flush(file) ? nullptr : "flushing the file to disk in place";
     }
 
     static bool Write(int file, ConstByteSpan rest) {

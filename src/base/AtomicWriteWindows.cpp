@@ -48,6 +48,7 @@ class OpenFile {
         return true;
     }
 
+    bool Rewind() const { return SetFilePointer(handle_, 0, nullptr, FILE_BEGIN) == 0; }
     bool Truncate() const { return SetEndOfFile(handle_) != 0; }
     bool Flush() const { return FlushFileBuffers(handle_) != 0; }
 
@@ -72,28 +73,25 @@ void KeepPermissions(const std::filesystem::path &from, const std::filesystem::p
 }
 
 /// Gives the file these bytes in place. The step that fails, null when none does.
-const char *Overwrite(const std::filesystem::path &target, ConstByteSpan bytes) {
-    OpenFile file(target, OPEN_EXISTING);
-    if (!file.IsOpen())
-        return "opening the file";
-    if (!file.Write(bytes))
+const char *Overwrite(const OpenFile &file, ConstByteSpan bytes) {
+    if (!file.Rewind() || !file.Write(bytes))
         return "writing the file in place";
     if (!file.Truncate())
         return "setting the file's length in place";
-    if (!file.Flush())
-        return "flushing the file to disk in place";
-    return file.Close() ? nullptr : "closing the file in place";
+    return file.Flush() ? nullptr : "flushing the file to disk in place";
 }
 
 void WriteInPlace(const std::string &path, const std::filesystem::path &target, ConstByteSpan bytes) {
     const Bytes old = ReadWholeFile(path);
-    const char *const failed = Overwrite(target, bytes);
-    if (failed == nullptr)
-        return;
-    const DWORD number = GetLastError();
-    const bool restored = Overwrite(target, old) == nullptr;
-    SetLastError(number);
-    Fail(path, std::string(failed) + (restored ? "" : " (the file may be damaged now)"));
+    OpenFile file(target, OPEN_EXISTING);
+    Check(file.IsOpen(), path, "opening the file");
+    if (const char *const failed = Overwrite(file, bytes)) {
+        const DWORD number = GetLastError();
+        const bool restored = Overwrite(file, old) == nullptr;
+        SetLastError(number);
+        Fail(path, std::string(failed) + (restored ? "" : " (the file may be damaged now)"));
+    }
+    Check(file.Close(), path, "closing the file (it is written already)");
 }
 
 void FillAndRename(const std::string &path, OpenFile &file, const std::filesystem::path &temporary,

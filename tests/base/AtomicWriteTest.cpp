@@ -261,12 +261,12 @@ TEST(AtomicWrite, WritesInPlaceWhereTheFolderTakesNoNewFile) {
 }
 
 TEST(AtomicWrite, GivesTheFileItsOldContentBackWhenWritingInPlaceFails) {
-    // The first file that is closed is the one that the old content was read from.
+    // Opened are the folder, the file to read its old content and the file to write it.
     const std::vector<std::pair<std::vector<Fault>, const char *>> cases{
+        {{{"open", 3, ENOSPC}}, "opening the file"},
         {{{"write", 1, 0, 2}, {"write", 2, ENOSPC}}, "writing the file in place"},
         {{{"ftruncate", 1, ENOSPC}}, "setting the file's length in place"},
         {{{"fsync", 1, ENOSPC}}, "flushing the file to disk in place"},
-        {{{"close", 2, ENOSPC}}, "closing the file in place"},
     };
     for (const auto &[faults, step] : cases) {
         const LockedFolder locked;
@@ -286,6 +286,28 @@ TEST(AtomicWrite, SaysThatTheFileMayBeDamagedWhenTheOldContentCannotBeGivenBackE
     const Error error = ErrorOfWriting(locked.path, {{"write", 1, ENOSPC}, {"write", 2, EIO}});
     EXPECT_EQ(error.Expected(), "writing the file in place (the file may be damaged now)");
     EXPECT_EQ(error.Found(), "No space left on device");
+}
+
+TEST(AtomicWrite, SaysThatTheFileIsWrittenWhenOnlyClosingItFailsInPlace) {
+    const LockedFolder locked;
+    {
+        const OrdinaryUser user;
+        // The first file that is closed is the one that the old content was read from.
+        const Error error = ErrorOfWriting(locked.path, {{"close", 2, EIO}});
+        EXPECT_EQ(error.Expected(), "closing the file (it is written already)");
+        EXPECT_EQ(error.Found(), "Input/output error");
+    }
+    EXPECT_EQ(locked.Content(), "new");
+}
+
+TEST(AtomicWrite, NamesTheLinkAskedForWhenItsFileCannotBeReadToBeWrittenInPlace) {
+    const LockedFolder locked;
+    const TemporaryFolder elsewhere;
+    fs::permissions(elsewhere.Path(), fs::perms(0755));
+    fs::create_symlink(locked.path, elsewhere.Path() + "link");
+    const OrdinaryUser user;
+    EXPECT_EQ(ErrorOfWriting(elsewhere.Path() + "link", {{"open", 2, EIO}}).File(),
+              elsewhere.Path() + "link");
 }
 
 TEST(AtomicWrite, LeavesAFileThatCannotBeReadAsItIsWhenItWouldHaveToWriteInPlace) {
