@@ -11,6 +11,7 @@
 
 #include "../tests/project/SilentWindow.h"
 #include "Comparison.h"
+#include "LoadProject.h"
 #include "SampleCampaign.h"
 #include "WholeFile.h"
 

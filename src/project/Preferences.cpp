@@ -66,9 +66,9 @@ std::optional<std::int32_t> WholeNumber(std::string_view key, std::string_view v
     return RoundToInt32(whole);
 }
 
-void NoteFirstShownName(Preferences &preferences) {
+void NoteTopEntryName(Preferences &preferences) {
     if (!preferences.RecentProjectNames[0].empty())
-        preferences.FirstShownName = preferences.RecentProjectNames[0];
+        preferences.TopEntryName = preferences.RecentProjectNames[0];
 }
 
 void MakeFolderOf(const std::string &path) {
@@ -108,7 +108,7 @@ PreferencesRead DecodePreferences(ConstByteSpan bytes) {
                 passOver(line, "a decimal number of 32 bits", "\"" + line.value + "\"");
         }
     }
-    NoteFirstShownName(read.preferences);
+    NoteTopEntryName(read.preferences);
     return read;
 }
 
@@ -159,7 +159,7 @@ void WritePreferences(const PreferencesPaths &paths, const Preferences &preferen
 }
 
 void UpdateRecentProjects(Preferences &preferences, const std::string &name, const std::string &file) {
-    if (!name.empty() && name == preferences.FirstShownName)
+    if (!name.empty() && name == preferences.TopEntryName)
         return;
     auto &names = preferences.RecentProjectNames;
     auto &files = preferences.RecentProjectFiles;
@@ -167,7 +167,7 @@ void UpdateRecentProjects(Preferences &preferences, const std::string &name, con
     std::shift_right(files.begin(), files.end(), 1);
     names[0] = name;
     files[0] = file;
-    NoteFirstShownName(preferences);
+    NoteTopEntryName(preferences);
 }
 
 }  // namespace vtr

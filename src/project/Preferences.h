@@ -22,7 +22,7 @@ struct Preferences {
     std::array<std::string, 4> RecentProjectFiles;  ///< full paths
     /// The last name that the first recent entry was shown with, empty at first; not filed. An entry without
     /// a name is hidden and keeps it.
-    std::string FirstShownName;
+    std::string TopEntryName;
 
     bool operator==(const Preferences &) const = default;
 };

@@ -1,6 +1,11 @@
 #pragma once
 
+#include <cstdint>
+#include <string>
+#include <string_view>
+
 #include "ByteReader.h"
+#include "Bytes.h"
 #include "Errors.h"
 #include "LoadListener.h"
 

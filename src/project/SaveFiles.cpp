@@ -50,8 +50,10 @@ std::optional<int> WriteFileOfBox(std::size_t box, const std::string &path, cons
         case 5:
             WriteAirfields(path, campaign);
             break;
-        default:
+        case 6:
             WriteRailway(path, campaign);
+            break;
+        default:
             break;
     }
     return std::nullopt;

@@ -2,12 +2,14 @@
 
 #include "ByteReader.h"
 #include "GamePosition.h"
-#include "RecordFile.h"
 #include "WholeFile.h"
 
 namespace vtr {
 
 namespace {
+
+/// Four bytes that the editor does not look at.
+constexpr std::size_t headerSize = 4;
 
 enum WaypointOffset : std::size_t {
     xPosition = 0,
@@ -39,7 +41,7 @@ template <std::size_t Paths>
 void DecodePaths(ConstByteSpan bytes, const std::string &path, const std::string &kind,
                  std::array<WaypointPath, Paths> &table, LoadListener &listener) {
     ByteReader reader(bytes);
-    reader.Skip(recordCountSize);
+    reader.Skip(headerSize);
     for (std::size_t i = 0; i < Paths; ++i) {
         DecodePath(reader, path, kind + " " + std::to_string(i) + ", waypoint", table[i]);
         listener.AddProgress(8.0 / Paths);

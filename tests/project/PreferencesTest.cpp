@@ -58,7 +58,7 @@ TEST(Preferences, EveryLineGoesIntoItsValue) {
     EXPECT_EQ(read.FlashTarget, 1);
     EXPECT_THAT(read.RecentProjectNames, ElementsAre("North front", " a=b ", "", "M\xFCnchen"));
     EXPECT_THAT(read.RecentProjectFiles, ElementsAre("C:\\maps\\north.prj", "/maps/a=b.prj", "", "x"));
-    EXPECT_EQ(read.FirstShownName, "North front");
+    EXPECT_EQ(read.TopEntryName, "North front");
 }
 
 TEST(Preferences, WritingAfterNoChangeReproducesTheFixedOrderWhateverOrderAndCaseWereRead) {
@@ -219,7 +219,7 @@ TEST(RecentProjects, ProjectsAThenBThenAGiveABA) {
     UpdateRecentProjects(preferences, "A", "/a.prj");
     EXPECT_THAT(preferences.RecentProjectNames, ElementsAre("A", "B", "A", ""));
     EXPECT_THAT(preferences.RecentProjectFiles, ElementsAre("/a.prj", "/b.prj", "/a.prj", ""));
-    EXPECT_EQ(preferences.FirstShownName, "A");
+    EXPECT_EQ(preferences.TopEntryName, "A");
 }
 
 TEST(RecentProjects, TheSameProjectTwiceInARowLeavesTheList) {
@@ -251,7 +251,7 @@ TEST(RecentProjects, AProjectWithoutANameIsRecordedUnderAHiddenEntry) {
     UpdateRecentProjects(preferences, "", "/nameless.prj");
     EXPECT_THAT(preferences.RecentProjectNames, ElementsAre("", "", "", ""));
     EXPECT_THAT(preferences.RecentProjectFiles, ElementsAre("/nameless.prj", "", "", ""));
-    EXPECT_EQ(preferences.FirstShownName, "");
+    EXPECT_EQ(preferences.TopEntryName, "");
 }
 
 // The name last shown decides, and a hidden entry still has its old one.
@@ -261,7 +261,7 @@ TEST(RecentProjects, AfterANamelessProjectTheOneBeforeItIsStillTakenForTheFirstE
     UpdateRecentProjects(preferences, "", "/nameless.prj");
     UpdateRecentProjects(preferences, "A", "/a.prj");
     EXPECT_THAT(preferences.RecentProjectFiles, ElementsAre("/nameless.prj", "/a.prj", "", ""));
-    EXPECT_EQ(preferences.FirstShownName, "A");
+    EXPECT_EQ(preferences.TopEntryName, "A");
 }
 
 }  // namespace

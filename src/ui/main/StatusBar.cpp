@@ -10,8 +10,8 @@ namespace vtr {
 
 namespace {
 
-/// The most letters of a project's name that are shown: the messages beside it need room too.
-constexpr int projectLetters = 32;
+/// The project's panel is at most as wide as so many average letters: the messages beside it need room too.
+constexpr int projectWidth = 32;
 
 /// A panel that shows as much of its text as it has room for.
 class ElidingPanel : public QToolButton {
@@ -40,7 +40,7 @@ StatusBar::StatusBar(QWidget *parent)
       version(AddPanel("version", programTitle + QStringLiteral(" v") + ShortVersionText(), "")) {
     setObjectName(QStringLiteral("sb_status"));
     setSizeGripEnabled(false);
-    project->setMaximumWidth(projectLetters * fontMetrics().averageCharWidth());
+    project->setMaximumWidth(projectWidth * fontMetrics().averageCharWidth());
     curredit->setFocusPolicy(Qt::TabFocus);
     version->installEventFilter(this);
 }
