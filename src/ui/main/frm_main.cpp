@@ -160,7 +160,7 @@ void frm_main::WirePanels() {
 }
 
 void frm_main::FitFrame() {
-    if (frameGeometry().size() == size() || framed_)
+    if (framed_ || frameGeometry().size() == size() || isMaximized() || isFullScreen())
         return;
     framed_ = true;
     resize(outerSize - (frameGeometry().size() - size()));
