@@ -356,6 +356,19 @@ TEST_F(SaveTest, ATargetThatFitsNoCellIsNamedAndTheDialogStays) {
     EXPECT_TRUE(DialogIsOpen());
 }
 
+TEST_F(SaveTest, ATargetThatFitsNoCellKeepsTheDialogOpenAlsoWhereTheProjectHasNoGridFile) {
+    StartWithSample();
+    module->campaign.TargetTable[7].y = 1759;
+    module->campaign.paths.GridData.clear();
+    OpenSaveDialog();
+    Find<QCheckBox>(*SaveDialog(), QStringLiteral("chk_save(2)")).click();
+    ShownBox message;
+    AcceptNextBox(message);
+    PressSave();
+    EXPECT_THAT(message.text.toStdString(), ::testing::HasSubstr("Target #7 did not fit."));
+    EXPECT_TRUE(DialogIsOpen());
+}
+
 TEST_F(SaveTest, CancelUnloadsTheDialogWithoutWriting) {
     StartWithSample();
     module->campaign.TargetTable[7].x = 1;

@@ -17,7 +17,6 @@
 #include "MapFrame.h"
 #include "MapLayers.h"
 #include "MapPictureFile.h"
-#include "MapRedraw.h"
 #include "NumberField.h"
 #include "Operation.h"
 #include "Overview.h"
@@ -115,15 +114,17 @@ void ProjectCommands::MakeNewProject() {
     // the next save would write the tables of the one campaign over the files of the other.
     const auto before = std::make_unique<TargetEditorModule>(module_);
     const QString nameBefore = widgets_.sb_status->project->text();
+    const bool targetPanelBefore = widgets_.fra_target->isEnabled();
     try {
         Load(dialog.ProjectPath());
     } catch (const Error &error) {
         CloseProgress();
-        module_ = *before;
+        module_ = std::move(*before);
         widgets_.sb_status->project->setText(nameBefore);
         widgets_.Img_SmallMap->ShowPicture(module_.map);
         if (!module_.campaign.ProjectLoaded)
             SetProjectControlsEnabled(false);
+        widgets_.fra_target->setEnabled(targetPanelBefore);
         ShowMessage(
             window_, QMessageBox::Warning,
             ErrorReport(tr("Loading the new project"), error,
@@ -150,14 +151,17 @@ bool ProjectCommands::Save(const SaveBoxes &ticked) {
     QWidget *dialog = QApplication::activeWindow();
     const QString operation = tr("Saving the files");
     SaveProgress progress;
+    bool succeeded = true;
     const auto tellFailure = [&](const Error &error) {
+        succeeded = false;
         const QString consequence =
             tr("Written before it: %1.\nNot written: %2.\nAll your edits are still in the editor.")
                 .arg(JoinedCaptions(progress.written), JoinedCaptions(progress.notWritten));
         ShowMessage(dialog, QMessageBox::Warning, ErrorReport(operation, error, consequence));
     };
     try {
-        SaveFiles(module_.campaign, ticked, module_.programFolder, progress, [dialog](int target) {
+        SaveFiles(module_.campaign, ticked, module_.programFolder, progress, [&](int target) {
+            succeeded = false;
             ShowMessage(dialog, QMessageBox::Warning, QString::fromStdString(MessageOfMisfit(target)));
         });
     } catch (const Error &error) {
@@ -165,7 +169,7 @@ bool ProjectCommands::Save(const SaveBoxes &ticked) {
     } catch (const std::bad_alloc &) {
         tellFailure(Error(ErrorKind::Overflow, {}, "files that fit into memory", "no memory left"));
     }
-    return progress.notWritten.empty();
+    return succeeded;
 }
 
 void ProjectCommands::ShowProgress() {
@@ -232,8 +236,7 @@ void ProjectCommands::ResetViewSelectors() {
     widgets_.Number("upd_viewfrontline").ShowRecordValue(0);
     widgets_.Number("upd_view_railway").ShowRecordValue(0);
     // The layer that tells it may be switched off.
-    widgets_.fra_control->ShowDisabledLines(
-        QString::fromStdString(DisabledLinesText(module_.campaign.firstDisabledRailwayLine)));
+    widgets_.fra_control->Refresh();
 }
 
 void ProjectCommands::ZoomTo100() {
