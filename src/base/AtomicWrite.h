@@ -8,12 +8,12 @@ namespace vtr {
 
 /// Replaces the file at path (UTF-8) by bytes, whole or not at all: a temporary file beside it is written,
 /// flushed and renamed over it, then the folder is flushed. Follows a symbolic link to the real file and
-/// keeps an existing file's permissions. Where the folder takes no new file, or does not let the old one go,
-/// but the file itself may be read and written, it is written in place and gets its old bytes back if that
-/// fails. Throws a file-access Error whose expected() names the step that failed ("flushing the temporary
-/// file to disk" and so on) and whose found() holds the system's words. No temporary is left and the old file
-/// is as it was, or expected() says in brackets what it is now. What exists and is no regular file is
-/// refused.
+/// keeps an existing file's permissions. Where the folder takes no new file (on Linux also where it does not
+/// let the old one go), but the file itself may be read and written, it is written in place and gets its old
+/// bytes back if that fails. Throws an Error whose expected() names the step that failed ("flushing the
+/// temporary file to disk" and so on) and whose found() holds the system's words. The temporary is removed
+/// and the old file is as it was, or expected() says in brackets what it is now. What exists and is no
+/// regular file is refused.
 void AtomicWrite(const std::string &path, ConstByteSpan bytes);
 
 }  // namespace vtr

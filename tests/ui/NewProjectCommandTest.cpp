@@ -191,6 +191,7 @@ TEST_F(NewProjectCommand, AfterAFailedLoadTheProjectThatWasOpenStaysSoWithItsEdi
     EXPECT_EQ(module->view.MapZoom, 4);
     EXPECT_EQ(module->preferences.RecentProjectNames, before->preferences.RecentProjectNames);
     EXPECT_EQ(PanelText("project"), name);
+    EXPECT_TRUE(Find<QWidget>(window(), "fra_target").isEnabled());
 
     const std::string made = folder.Content("new/TARGET.DAT");
     Entry("mnu_p_export").trigger();

@@ -14,7 +14,7 @@ class frm_save : public QDialog {
     Q_OBJECT
 
   public:
-    /// Writes the files of the ticked boxes; true when all of them were written.
+    /// Writes the files of the ticked boxes; false when something failed: the dialog stays open then.
     using Save = std::function<bool(const SaveBoxes &)>;
 
     explicit frm_save(Save save, QWidget *parent = nullptr);

@@ -160,7 +160,7 @@ void frm_main::WirePanels() {
 }
 
 void frm_main::FitFrame() {
-    if (framed_ || frameGeometry().size() == size() || isMaximized() || isFullScreen())
+    if (framed_ || frameGeometry().size() == size() || isMaximized())
         return;
     framed_ = true;
     resize(outerSize - (frameGeometry().size() - size()));
