@@ -15,5 +15,15 @@ TEST_F(frm_mainTest, TheEntriesOfTheHelpMenuOpenTheirDialogsAlsoWithoutAProject)
     }
 }
 
+TEST_F(frm_mainTest, AMaximisedWindowStaysSoAndGetsItsSizeWithTheFrameOnceItIsNormal) {
+    window().setWindowState(Qt::WindowMaximized);
+    window().Start(QString());
+    EXPECT_TRUE(window().isMaximized());
+    window().showNormal();
+    window().move(40, 50);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window().frameGeometry().size(), QSize(888, 742));
+}
+
 }  // namespace
 }  // namespace vtr
