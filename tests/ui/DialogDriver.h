@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QString>
@@ -11,6 +13,8 @@
 #include <QWidget>
 #include <functional>
 #include <stdexcept>
+#include <string>
+#include <type_traits>
 
 namespace vtr {
 
@@ -39,13 +43,15 @@ inline void ExpectClosedBy(QWidget &dialog, const QString &button) {
     EXPECT_FALSE(dialog.isVisible());
 }
 
-/// Runs answer on the modal window that opens next, whenever that is.
-inline void WhenModalOpens(const std::function<void(QWidget &)> &answer, int triesLeft = 500) {
+/// Runs answer on the modal window of that kind that opens next, whenever that is and whatever others open
+/// before it.
+template <typename Window = QWidget>
+void WhenModalOpens(const std::type_identity_t<std::function<void(Window &)>> &answer, int triesLeft = 500) {
     QTimer::singleShot(5, qApp, [answer, triesLeft] {
-        if (QWidget *const window = QApplication::activeModalWidget(); window != nullptr)
+        if (auto *const window = qobject_cast<Window *>(QApplication::activeModalWidget()); window != nullptr)
             answer(*window);
         else if (triesLeft > 0)
-            WhenModalOpens(answer, triesLeft - 1);
+            WhenModalOpens<Window>(answer, triesLeft - 1);
     });
 }
 
@@ -60,16 +66,14 @@ struct ShownBox {
 
 /// Notes what the next message box shows and presses button in it.
 inline void AnswerNextBox(ShownBox &shown, QMessageBox::StandardButton button) {
-    WhenModalOpens([&shown, button](QWidget &window) {
-        auto *const box = qobject_cast<QMessageBox *>(&window);
-        ASSERT_NE(box, nullptr);
+    WhenModalOpens<QMessageBox>([&shown, button](QMessageBox &box) {
         ++shown.count;
-        shown.title = box->windowTitle();
-        shown.text = box->text();
-        shown.icon = box->icon();
-        shown.buttons = box->standardButtons();
-        ASSERT_NE(box->button(button), nullptr) << shown.text.toStdString();
-        box->button(button)->click();
+        shown.title = box.windowTitle();
+        shown.text = box.text();
+        shown.icon = box.icon();
+        shown.buttons = box.standardButtons();
+        ASSERT_NE(box.button(button), nullptr) << shown.text.toStdString();
+        box.button(button)->click();
     });
 }
 
@@ -85,6 +89,33 @@ inline ShownBox BoxShownBy(const std::function<void()> &action) {
     action();
     EXPECT_EQ(shown.count, 1);
     return shown;
+}
+
+/// What a file chooser looked like when it opened.
+struct ShownChooser {
+    int count = 0;
+    QString title;
+    QStringList filters;
+    QString file;
+    QFileDialog::AcceptMode mode = QFileDialog::AcceptOpen;
+    QFileDialog::FileMode files = QFileDialog::Directory;
+};
+
+/// Notes what the next file chooser looks like and chooses path in it; cancels it when path is empty.
+inline void ChooseNextFile(ShownChooser &shown, const std::string &path) {
+    WhenModalOpens<QFileDialog>([&shown, path](QFileDialog &chooser) {
+        auto &file = Find<QLineEdit>(chooser, QStringLiteral("fileNameEdit"));
+        ++shown.count;
+        shown.title = chooser.windowTitle();
+        shown.filters = chooser.nameFilters();
+        shown.file = file.text();
+        shown.mode = chooser.acceptMode();
+        shown.files = chooser.fileMode();
+        if (path.empty())
+            return chooser.reject();
+        file.setText(QString::fromStdString(path));
+        static_cast<QDialog &>(chooser).accept();
+    });
 }
 
 }  // namespace vtr

@@ -1,12 +1,10 @@
 #include <gmock/gmock.h>
 
 #include <QCheckBox>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <array>
 
 #include "EditorWindow.h"
-#include "MessageBoxAnswer.h"
 #include "PanelTesting.h"
 #include "frm_newproject.h"
 
@@ -58,28 +56,28 @@ class NewProjectCommand : public EditorWindow {
             if (!std::filesystem::exists(folder.Path() + name))
                 folder.Make(name, "");
         for (std::size_t i = 0; i < (withMap ? 13U : 12U); ++i) {
-            ChooseNext(folder.Path() + files.at(i));
+            ChooseNextFile(chooser, folder.Path() + files.at(i));
             Press<QPushButton>(dialog, QStringLiteral("cmd_browse(%1)").arg(i));
         }
     }
 
-    /// Gives path to the file chooser that opens next; cancels that when path is empty.
-    static void ChooseNext(const std::string &path) {
-        WhenModalOpens([path](QWidget &opened) {
-            auto *const chooser = qobject_cast<QFileDialog *>(&opened);
-            ASSERT_NE(chooser, nullptr);
-            if (path.empty())
-                return chooser->reject();
-            Find<QLineEdit>(*chooser, "fileNameEdit").setText(QString::fromStdString(path));
-            static_cast<QDialog *>(chooser)->accept();
-        });
-    }
-    static void Create(frm_newproject &dialog, const std::string &path) {
-        ChooseNext(path);
+    void Create(frm_newproject &dialog, const std::string &path) {
+        ChooseNextFile(chooser, path);
         Press<QPushButton>(dialog, "cmd_ok");
     }
+    /// Makes a new project of the sample's files, which ends with a message.
+    void MakeAndAccept(bool withMap, const std::string &path) {
+        MakeNewProject([this, withMap, path](frm_newproject &dialog) {
+            BrowseAll(dialog, withMap);
+            AcceptNextBox(message);
+            Create(dialog, path);
+        });
+    }
+    std::string Message() const { return message.text.toStdString(); }
 
     int dialogs = 0;
+    ShownChooser chooser;
+    ShownBox message;
 };
 
 TEST_F(NewProjectCommand, OpensItsDialogModallyWithoutAskingAboutAnExport) {
@@ -122,15 +120,11 @@ TEST_F(NewProjectCommand, LoadsAProjectWhoseMapItGenerated) {
 
 TEST_F(NewProjectCommand, WithoutAPlaceToSaveItWarnsAndTheProgramGoesOn) {
     StartWithSample();
-    const MessageBoxAnswer warning(QMessageBox::Ok);
-    MakeNewProject([this](frm_newproject &dialog) {
-        BrowseAll(dialog, true);
-        Create(dialog, "");
-    });
-    EXPECT_EQ(warning.Icon(), QMessageBox::Warning);
-    EXPECT_EQ(warning.Title(), "VTR Target Editor");
-    EXPECT_THAT(warning.Text().toStdString(), HasSubstr("Loading the project failed."));
-    EXPECT_THAT(warning.Text().toStdString(), HasSubstr("Found: no path at all"));
+    MakeAndAccept(true, "");
+    EXPECT_EQ(message.icon, QMessageBox::Warning);
+    EXPECT_EQ(message.title, "VTR Target Editor");
+    EXPECT_THAT(Message(), HasSubstr("Loading the project failed."));
+    EXPECT_THAT(Message(), HasSubstr("Found: no path at all"));
     EXPECT_EQ(module->campaign.paths.ProjectFile, "sample.prj");
     EXPECT_TRUE(window().isVisible());
 }
@@ -138,20 +132,20 @@ TEST_F(NewProjectCommand, WithoutAPlaceToSaveItWarnsAndTheProgramGoesOn) {
 TEST_F(NewProjectCommand, ACopyThatFailsEndsTheProgramWithTheFileAndTheReason) {
     window().Start(QString());
     const std::string gone = folder.Path() + "gone.dat";
-    const MessageBoxAnswer message(QMessageBox::Ok);
     QTimer::singleShot(0, qApp, [&] {
         MakeNewProject([&](frm_newproject &dialog) {
             BrowseAll(dialog, true);
             Find<QLineEdit>(dialog, "txt_filename(4)").setText(QString::fromStdString(gone));
-            ChooseNext(NewPath());
+            AcceptNextBox(message);
+            ChooseNextFile(chooser, NewPath());
             // The signal alone: a click would leave the guards of the button's own code behind.
             Q_EMIT Find<QPushButton>(dialog, "cmd_ok").clicked();
         });
     });
     EXPECT_EQ(QCoreApplication::exec(), 1);
-    EXPECT_EQ(message.Icon(), QMessageBox::Critical);
-    EXPECT_THAT(message.Text().toStdString(), HasSubstr("File: " + gone));
-    EXPECT_THAT(message.Text().toStdString(), HasSubstr("No such file or directory"));
+    EXPECT_EQ(message.icon, QMessageBox::Critical);
+    EXPECT_THAT(Message(), HasSubstr("File: " + gone));
+    EXPECT_THAT(Message(), HasSubstr("No such file or directory"));
     EXPECT_FALSE(std::filesystem::exists(NewPath()));
     EXPECT_FALSE(module->campaign.ProjectLoaded);
 }
@@ -159,16 +153,10 @@ TEST_F(NewProjectCommand, ACopyThatFailsEndsTheProgramWithTheFileAndTheReason) {
 TEST_F(NewProjectCommand, ANamedMapThatCannotBeLoadedEndsTheProgram) {
     folder.Make("map.bmp", "no picture");
     window().Start(QString());
-    const MessageBoxAnswer message(QMessageBox::Ok);
-    QTimer::singleShot(0, qApp, [&] {
-        MakeNewProject([&](frm_newproject &dialog) {
-            BrowseAll(dialog, true);
-            Create(dialog, NewPath());
-        });
-    });
+    QTimer::singleShot(0, qApp, [this] { MakeAndAccept(true, NewPath()); });
     EXPECT_EQ(QCoreApplication::exec(), 1);
-    EXPECT_EQ(message.Icon(), QMessageBox::Critical);
-    EXPECT_THAT(message.Text().toStdString(), HasSubstr("File: " + folder.Path() + "new/map.bmp"));
+    EXPECT_EQ(message.icon, QMessageBox::Critical);
+    EXPECT_THAT(Message(), HasSubstr("File: " + folder.Path() + "new/map.bmp"));
 }
 
 TEST_F(NewProjectCommand, AfterAFailedLoadTheProjectThatWasOpenStaysSoWithItsEdits) {
@@ -179,13 +167,8 @@ TEST_F(NewProjectCommand, AfterAFailedLoadTheProjectThatWasOpenStaysSoWithItsEdi
     Entry("mnu_m_z_400").trigger();
     const QString name = PanelText("project");
     const auto before = std::make_unique<TargetEditorModule>(*module);
-    const MessageBoxAnswer warning(QMessageBox::Ok);
-    MakeNewProject([this](frm_newproject &dialog) {
-        BrowseAll(dialog, false);
-        Find<QLineEdit>(dialog, "txt_prjname").setText("North front");
-        Create(dialog, NewPath());
-    });
-    EXPECT_EQ(warning.Icon(), QMessageBox::Warning);
+    MakeAndAccept(false, NewPath());
+    EXPECT_EQ(message.icon, QMessageBox::Warning);
     EXPECT_EQ(Everything(module->campaign), Everything(before->campaign));
     EXPECT_EQ(module->campaign.paths.ProjectDir, folder.Path());
     EXPECT_EQ(module->view.MapZoom, 4);
@@ -206,12 +189,8 @@ TEST_F(NewProjectCommand, AfterAFailedLoadWithoutAProjectBeforeThereStillIsNone)
     folder.Make("AIRFIELD.DAT", std::string(7132, '\1'));
     window().Start(QString());
     const QImage smallMap = Find<QWidget>(window(), "Img_SmallMap").grab().toImage();
-    const MessageBoxAnswer warning(QMessageBox::Ok);
-    MakeNewProject([this](frm_newproject &dialog) {
-        BrowseAll(dialog, false);
-        Create(dialog, NewPath());
-    });
-    EXPECT_THAT(warning.Text().toStdString(), HasSubstr("File: " + folder.Path() + "new/AIRFIELD.DAT"));
+    MakeAndAccept(false, NewPath());
+    EXPECT_THAT(Message(), HasSubstr("File: " + folder.Path() + "new/AIRFIELD.DAT"));
     EXPECT_FALSE(module->campaign.ProjectLoaded);
     EXPECT_EQ(module->view.MapZoom, 0);
     EXPECT_EQ(PanelText("project"), "  NO PROJECT LOADED");
@@ -226,12 +205,8 @@ TEST_F(NewProjectCommand, AfterAFailedLoadTheTargetPanelStaysOffInAnotherEditMod
     folder.Make("AIRFIELD.DAT", std::string(7132, '\1'));
     Entry("mnu_e_frontline").trigger();
     ASSERT_FALSE(Find<QWidget>(window(), "fra_target").isEnabled());
-    const MessageBoxAnswer warning(QMessageBox::Ok);
-    MakeNewProject([this](frm_newproject &dialog) {
-        BrowseAll(dialog, false);
-        Create(dialog, NewPath());
-    });
-    EXPECT_THAT(warning.Text().toStdString(), HasSubstr("File: " + folder.Path() + "new/AIRFIELD.DAT"));
+    MakeAndAccept(false, NewPath());
+    EXPECT_THAT(Message(), HasSubstr("File: " + folder.Path() + "new/AIRFIELD.DAT"));
     EXPECT_FALSE(Find<QWidget>(window(), "fra_target").isEnabled());
     EXPECT_TRUE(Find<QWidget>(window(), "fra_frontline").isEnabled());
 }
@@ -251,14 +226,10 @@ TEST_F(NewProjectCommand, AfterAFailedGenerationTheFailedLoadIsAWarningAndThePro
     std::filesystem::remove(folder.Path() + "program/map.dat");
     folder.Make("new/worldmap.bmp", "a map of another terrain");
     window().Start(QString());
-    const MessageBoxAnswer warning(QMessageBox::Ok);
-    MakeNewProject([this](frm_newproject &dialog) {
-        BrowseAll(dialog, false);
-        Create(dialog, NewPath());
-    });
-    EXPECT_EQ(warning.Icon(), QMessageBox::Warning);
-    EXPECT_THAT(warning.Text().toStdString(), HasSubstr("Loading the new project failed."));
-    EXPECT_THAT(warning.Text().toStdString(), HasSubstr("File: " + folder.Path() + "new/worldmap.bmp"));
+    MakeAndAccept(false, NewPath());
+    EXPECT_EQ(message.icon, QMessageBox::Warning);
+    EXPECT_THAT(Message(), HasSubstr("Loading the new project failed."));
+    EXPECT_THAT(Message(), HasSubstr("File: " + folder.Path() + "new/worldmap.bmp"));
     EXPECT_TRUE(std::filesystem::exists(NewPath()));
     EXPECT_FALSE(std::filesystem::exists(folder.Path() + "new/worldmap.bmp"));
     EXPECT_FALSE(module->campaign.ProjectLoaded);

@@ -1,15 +1,11 @@
 #include <gmock/gmock.h>
 
 #include <QDir>
-#include <QFileDialog>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QProgressBar>
 
-#include "BoundaryModule.h"
 #include "EditorWindow.h"
-#include "ProjectCommands.h"
 #include "frm_save.h"
 
 namespace vtr {
@@ -17,31 +13,11 @@ namespace {
 
 class ProjectCommandsTest : public EditorWindow {
   protected:
-    /// Types path into the file chooser that opens next, nothing cancels it; then does what is to be done
-    /// before it closes.
-    void ChooseNextFile(
-        const QString &path, const std::function<void()> &then = [] {}) {
-        WhenModalOpens([this, path, then](QWidget &opened) {
-            auto *chooser = qobject_cast<QFileDialog *>(&opened);
-            ASSERT_NE(chooser, nullptr);
-            chooserTitle = chooser->windowTitle();
-            chooserFilter = chooser->selectedNameFilter();
-            then();
-            if (path.isEmpty())
-                return chooser->reject();
-            auto *const name = chooser->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-            chooserName = name->text();
-            name->setText(path);
-            static_cast<QDialog *>(chooser)->accept();
-        });
-    }
     frm_save *SaveDialog() { return window().findChild<frm_save *>(); }
     QString Path(const char *name) const { return QString::fromStdString(folder.Path() + name); }
     void ExpectTarget100At(int x) { EXPECT_EQ(module->campaign.TargetTable[100].x, x); }
 
-    QString chooserTitle;
-    QString chooserFilter;
-    QString chooserName;
+    ShownChooser chooser;
 };
 
 TEST_F(ProjectCommandsTest, WithoutAProjectTheWindowSaysSoAndDisablesWhatNeedsOne) {
@@ -102,10 +78,10 @@ TEST_F(ProjectCommandsTest, ALoadedProjectIsNamedAndEnablesTheMenusAndFrames) {
 TEST_F(ProjectCommandsTest, LoadingAsksForAnExportOnlyWhenAProjectIsOpen) {
     WriteSample();
     window().Start(QString());
-    ChooseNextFile(QString::fromStdString(SamplePath()));
+    ChooseNextFile(chooser, SamplePath());
     Entry("mnu_p_load").trigger();
-    EXPECT_EQ(chooserTitle, "Load Project");
-    EXPECT_EQ(chooserFilter, "Target Editor Projects (*.prj)");
+    EXPECT_EQ(chooser.title, "Load Project");
+    EXPECT_EQ(chooser.filters, QStringList{"Target Editor Projects (*.prj)"});
     EXPECT_TRUE(module->campaign.ProjectLoaded);
 
     ShownBox question;
@@ -121,14 +97,14 @@ TEST_F(ProjectCommandsTest, LoadingAsksForAnExportOnlyWhenAProjectIsOpen) {
 TEST_F(ProjectCommandsTest, TheChooserStillNamesTheFileThatWasLoadedWithItLast) {
     WriteSample();
     window().Start(QString());
-    ChooseNextFile(QString::fromStdString(SamplePath()));
+    ChooseNextFile(chooser, SamplePath());
     Entry("mnu_p_load").trigger();
-    EXPECT_EQ(chooserName, "");
+    EXPECT_EQ(chooser.file, "");
     ShownBox question;
     AnswerNextBox(question, QMessageBox::No);
-    WhenModalOpens([&](QWidget &) { ChooseNextFile(QString::fromStdString(SamplePath())); });
+    ChooseNextFile(chooser, SamplePath());
     Entry("mnu_p_load").trigger();
-    EXPECT_EQ(chooserName, "sample.prj");
+    EXPECT_EQ(chooser.file, "sample.prj");
 }
 
 TEST_F(ProjectCommandsTest, CancelBeforeARecentProjectLoadsNothing) {
@@ -177,12 +153,10 @@ TEST_F(ProjectCommandsTest, NoLineIsDisabledAfterALoadAlsoWhenTheRailwaysAreHidd
 TEST_F(ProjectCommandsTest, YesBeforeLoadingShowsTheSaveDialogWithoutWaitingForIt) {
     StartWithSample();
     ShownBox question;
-    WhenModalOpens([&](QWidget &box) {
-        ChooseNextFile(QString());
-        static_cast<QMessageBox &>(box).button(QMessageBox::Yes)->click();
-    });
+    AnswerNextBox(question, QMessageBox::Yes);
+    ChooseNextFile(chooser, "");
     Entry("mnu_p_load").trigger();
-    EXPECT_EQ(chooserTitle, "Load Project") << "the chooser came although the save dialog is still open";
+    EXPECT_EQ(chooser.title, "Load Project") << "the chooser came although the save dialog is still open";
     ASSERT_NE(SaveDialog(), nullptr);
     EXPECT_TRUE(SaveDialog()->isVisible());
     EXPECT_FALSE(SaveDialog()->isModal());
@@ -192,13 +166,12 @@ TEST_F(ProjectCommandsTest, YesBeforeARecentProjectWaitsForTheSaveDialog) {
     StartWithSample();
     module->campaign.TargetTable[100].x = 7;
     bool wasModal = false;
-    WhenModalOpens([&](QWidget &box) {
-        WhenModalOpens([&](QWidget &dialog) {
-            wasModal = dialog.objectName() == "frm_save";
-            ExpectTarget100At(7);
-            dialog.close();
-        });
-        static_cast<QMessageBox &>(box).button(QMessageBox::Yes)->click();
+    ShownBox question;
+    AnswerNextBox(question, QMessageBox::Yes);
+    WhenModalOpens<frm_save>([&](frm_save &dialog) {
+        wasModal = true;
+        ExpectTarget100At(7);
+        dialog.close();
     });
     Entry("mnu_p_last1").trigger();
     EXPECT_TRUE(wasModal);
@@ -280,208 +253,6 @@ TEST_F(ProjectCommandsTest, ShortFilesAreListedInOneMessage) {
     EXPECT_THAT(warning.text.toStdString(), ::testing::HasSubstr("AIRFIELD.DAT"));
     EXPECT_THAT(warning.text.toStdString(), ::testing::HasSubstr("found 100 bytes, expected 7132 bytes"));
     EXPECT_TRUE(module->campaign.ProjectLoaded);
-}
-
-class SaveTest : public ProjectCommandsTest {
-  protected:
-    void OpenSaveDialog() { Entry("mnu_p_export").trigger(); }
-    void PressSave() { Press<QPushButton>(*SaveDialog(), QStringLiteral("cmd_save")); }
-    bool DialogIsOpen() { return SaveDialog() != nullptr && SaveDialog()->isVisible(); }
-};
-
-TEST_F(SaveTest, ChosenTwiceTheCommandShowsOneDialog) {
-    StartWithSample();
-    OpenSaveDialog();
-    const frm_save *const first = SaveDialog();
-    OpenSaveDialog();
-    EXPECT_EQ(window().findChildren<frm_save *>().size(), 1);
-    EXPECT_EQ(SaveDialog(), first);
-    EXPECT_TRUE(DialogIsOpen());
-}
-
-TEST_F(SaveTest, AMovedTargetIsInTheFileAfterASave) {
-    StartWithSample();
-    Number("upd_tar_code").SetNumber(100);
-    Number("upd_tar_x").SetNumber(321);
-    OpenSaveDialog();
-    EXPECT_FALSE(SaveDialog()->isModal());
-    Find<QCheckBox>(*SaveDialog(), QStringLiteral("chk_save(0)")).click();
-    PressSave();
-    EXPECT_FALSE(DialogIsOpen());
-    const std::string bytes = folder.Content("TARGET.DAT");
-    const auto byte = [&bytes](std::size_t at) { return static_cast<unsigned char>(bytes[at]); };
-    // 4 * 321 - 640 = 644 = 2 * 256 + 132; the offset within the tile may add up to 3 quarters to the low
-    // byte.
-    EXPECT_EQ(byte(4 + 32 * 100 + 3), 2);
-    EXPECT_EQ(byte(4 + 32 * 100 + 2) & ~3, 132);
-}
-
-TEST_F(SaveTest, AFailedSaveSaysWhatWasWrittenAndWhatNotAndStaysOpenWithAllEdits) {
-    StartWithSample();
-    Number("upd_tar_code").SetNumber(100);
-    Number("upd_tar_x").SetNumber(321);
-    std::filesystem::remove(folder.Path() + "TARNAMES.STR");
-    std::filesystem::create_directory(folder.Path() + "TARNAMES.STR");
-    OpenSaveDialog();
-    Find<QCheckBox>(*SaveDialog(), QStringLiteral("chk_saveall")).click();
-    ShownBox warning;
-    AcceptNextBox(warning);
-    PressSave();
-    const std::string text = warning.text.toStdString();
-    EXPECT_THAT(text, ::testing::HasSubstr("Saving the files failed."));
-    EXPECT_THAT(text, ::testing::HasSubstr(folder.Path() + "TARNAMES.STR"));
-    EXPECT_THAT(text, ::testing::HasSubstr("Written before it: TARGET.DAT."));
-    EXPECT_THAT(text,
-                ::testing::HasSubstr(
-                    "Not written: TARNAMES.STR, GRIDDATA.DAT, FRNTLINE.DAT, AIRFIELD.DAT, VTR_RRD.DAT."));
-    EXPECT_TRUE(DialogIsOpen());
-    ExpectTarget100At(321);
-}
-
-TEST_F(SaveTest, ATargetThatFitsNoCellIsNamedAndTheDialogStays) {
-    StartWithSample();
-    module->campaign.TargetTable[7].y = 1759;
-    const std::string before = folder.Content("GRIDDATA.DAT");
-    OpenSaveDialog();
-    Find<QCheckBox>(*SaveDialog(), QStringLiteral("chk_save(2)")).click();
-    ShownBox message;
-    AcceptNextBox(message);
-    PressSave();
-    EXPECT_EQ(
-        message.text,
-        "Failed to create GRIDDATA.DAT.  Target #7 did not fit.  Please try a different arrangement and try "
-        "again.");
-    EXPECT_EQ(message.title, "VTR Target Editor");
-    EXPECT_EQ(folder.Content("GRIDDATA.DAT"), before);
-    EXPECT_TRUE(DialogIsOpen());
-}
-
-TEST_F(SaveTest, ATargetThatFitsNoCellKeepsTheDialogOpenAlsoWhereTheProjectHasNoGridFile) {
-    StartWithSample();
-    module->campaign.TargetTable[7].y = 1759;
-    module->campaign.paths.GridData.clear();
-    OpenSaveDialog();
-    Find<QCheckBox>(*SaveDialog(), QStringLiteral("chk_save(2)")).click();
-    ShownBox message;
-    AcceptNextBox(message);
-    PressSave();
-    EXPECT_THAT(message.text.toStdString(), ::testing::HasSubstr("Target #7 did not fit."));
-    EXPECT_TRUE(DialogIsOpen());
-}
-
-TEST_F(SaveTest, CancelUnloadsTheDialogWithoutWriting) {
-    StartWithSample();
-    module->campaign.TargetTable[7].x = 1;
-    const std::string before = folder.Content("TARGET.DAT");
-    OpenSaveDialog();
-    Find<QCheckBox>(*SaveDialog(), QStringLiteral("chk_saveall")).click();
-    Press<QPushButton>(*SaveDialog(), QStringLiteral("cmd_close"));
-    EXPECT_FALSE(DialogIsOpen());
-    EXPECT_EQ(folder.Content("TARGET.DAT"), before);
-}
-
-/// A window over the module that the event boundary reports of, run as the program runs it.
-class FatalLoadTest : public ProjectCommandsTest {
-  protected:
-    void SetUp() override {
-        // In place: it is too large to go over the stack by value.
-        std::destroy_at(&BoundaryModule());
-        std::construct_at(&BoundaryModule());
-        BoundaryModule().programFolder = module->programFolder;
-        WriteSample();
-    }
-    void TearDown() override {
-        std::destroy_at(&BoundaryModule());
-        std::construct_at(&BoundaryModule());
-    }
-
-    /// Does action to a new window in the event loop until the program ends.
-    static int ExitStatusAfter(const std::function<void(frm_main &)> &action) {
-        frm_main doomed(BoundaryModule());
-        QTimer::singleShot(0, qApp, [&] { action(doomed); });
-        return QCoreApplication::exec();
-    }
-
-    /// Starts with path as the command line and accepts the one box that follows.
-    int ExitStatusOfStarting(const std::string &path) {
-        AcceptNextBox(box);
-        return ExitStatusAfter([&path](frm_main &doomed) { doomed.Start(QString::fromStdString(path)); });
-    }
-
-    /// Loads path with "&Load Project..." and accepts the one box that follows.
-    int ExitStatusOfLoading(const std::string &path) {
-        ChooseNextFile(QString::fromStdString(path), [this] { AcceptNextBox(box); });
-        return ExitStatusAfter([](frm_main &doomed) {
-            doomed.Start(QString());
-            // Not by trigger(): an error that flies through Qt's own code there leaves 16 bytes of it behind.
-            Q_EMIT doomed.findChild<QAction *>(QStringLiteral("mnu_p_load"))->triggered();
-        });
-    }
-
-    void ExpectOneFatalBoxThatSays(const std::string &text) {
-        EXPECT_EQ(box.count, 1);
-        EXPECT_EQ(box.icon, QMessageBox::Critical);
-        EXPECT_EQ(box.title, "VTR Target Editor");
-        EXPECT_EQ(box.text.toStdString(), text);
-        EXPECT_FALSE(std::filesystem::exists(folder.Path() + "program/prefs.cfg"));
-    }
-
-    ShownBox box;
-};
-
-TEST_F(FatalLoadTest, AMissingFileOfTheGameEndsTheProgramWithOneBoxThatSaysAll) {
-    std::filesystem::remove(folder.Path() + "AIRFIELD.DAT");
-    EXPECT_EQ(ExitStatusOfLoading(SamplePath()), 1);
-    ExpectOneFatalBoxThatSays("Loading the project failed.\n\nFile not found.\nFile: " + folder.Path() +
-                              "AIRFIELD.DAT\nExpected: opening the file\nFound: No such file or directory\n\n"
-                              "The program ends now. Edits that you had not saved, if any, are lost; the "
-                              "files that you saved are as you saved them.");
-}
-
-TEST_F(FatalLoadTest, ALineOfTheProjectFileIsToldInItsOwnLetters) {
-    folder.Make("line.prj",
-                "Name=North\r\nGr\xF6\xDF"
-                "e\r\n");
-    EXPECT_EQ(ExitStatusOfLoading(folder.Path() + "line.prj"), 1);
-    EXPECT_TRUE(box.text.contains(QStringLiteral("Gr\u00F6\u00DFe"))) << box.text.toStdString();
-}
-
-TEST_F(FatalLoadTest, AMissingMapPictureDoesSoToo) {
-    folder.Make("nomap.prj", "Name=No map\r\nMap=nowhere.bmp\r\n");
-    EXPECT_EQ(ExitStatusOfLoading(folder.Path() + "nomap.prj"), 1);
-    ExpectOneFatalBoxThatSays("Loading the project failed.\n\nFile not found.\nFile: " + folder.Path() +
-                              "nowhere.bmp\nExpected: opening the file\nFound: No such file or directory\n\n"
-                              "The program ends now. No project was loaded, so no edits are lost.");
-}
-
-TEST_F(FatalLoadTest, AMapPictureThatIsNoneDoesSoToo) {
-    folder.Make("broken.bmp", "BM is how one begins, but this is none");
-    folder.Make("broken.prj", "Name=Broken\r\nMap=broken.bmp\r\n");
-    EXPECT_EQ(ExitStatusOfLoading(folder.Path() + "broken.prj"), 1);
-    const std::string text = box.text.toStdString();
-    EXPECT_THAT(text, ::testing::StartsWith(
-                          "Loading the project failed.\n\nFile access failed.\nFile: " + folder.Path() +
-                          "broken.bmp\nExpected: a picture (a bitmap file, *.bmp)\nFound: "));
-    EXPECT_THAT(
-        text, ::testing::EndsWith("\n\nThe program ends now. No project was loaded, so no edits are lost."));
-    ExpectOneFatalBoxThatSays(text);
-}
-
-TEST_F(FatalLoadTest, AProjectThatDoesNotExistIsMadeEmptyAndDoesSoForItHasNoMap) {
-    EXPECT_EQ(ExitStatusOfStarting(folder.Path() + "new.prj"), 1);
-    EXPECT_EQ(folder.Content("new.prj"), "");
-    ExpectOneFatalBoxThatSays("Loading the project failed.\n\nFile access failed.\nFile: " + folder.Path() +
-                              "\nExpected: a file\nFound: a folder\n\n"
-                              "The program ends now. No project was loaded, so no edits are lost.");
-}
-
-TEST_F(FatalLoadTest, APathOf300CharactersDoesSoToo) {
-    const std::string name = std::string(300, 'n') + ".prj";
-    EXPECT_EQ(ExitStatusOfStarting(folder.Path() + name), 1);
-    const std::string text = box.text.toStdString();
-    EXPECT_THAT(text, ::testing::StartsWith("Loading the project failed.\n\nFile access failed.\nFile: " +
-                                            folder.Path() + name + "\nExpected: "));
-    ExpectOneFatalBoxThatSays(text);
 }
 
 }  // namespace

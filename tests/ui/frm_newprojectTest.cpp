@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QFileDialog>
 #include <QLabel>
 #include <QUrl>
 #include <filesystem>
@@ -15,35 +14,6 @@
 
 namespace vtr {
 namespace {
-
-/// What a file chooser looked like when it opened.
-struct ShownChooser {
-    int count = 0;
-    QString title;
-    QStringList filters;
-    QFileDialog::AcceptMode mode = QFileDialog::AcceptOpen;
-    QFileDialog::FileMode files = QFileDialog::Directory;
-};
-
-/// Chooses path in the next file chooser; cancels it when path is empty.
-void ChooseNext(ShownChooser &shown, const std::string &path) {
-    WhenModalOpens([&shown, path](QWidget &window) {
-        auto *const chooser = qobject_cast<QFileDialog *>(&window);
-        ASSERT_NE(chooser, nullptr);
-        EXPECT_EQ(chooser->objectName(), "cmdiag");
-        ++shown.count;
-        shown.title = chooser->windowTitle();
-        shown.filters = chooser->nameFilters();
-        shown.mode = chooser->acceptMode();
-        shown.files = chooser->fileMode();
-        if (path.empty()) {
-            chooser->reject();
-            return;
-        }
-        Find<QLineEdit>(*chooser, "fileNameEdit").setText(QString::fromStdString(path));
-        QMetaObject::invokeMethod(chooser, "accept");
-    });
-}
 
 struct ExpectedRow {
     int index;
@@ -81,7 +51,7 @@ class NewProjectDialog : public ::testing::Test {
     QLineEdit &Field(int index) { return Find<QLineEdit>(dialog, QString("txt_filename(%1)").arg(index)); }
     ShownChooser Choose(const QString &button, const std::string &path) {
         ShownChooser chooser;
-        ChooseNext(chooser, path);
+        ChooseNextFile(chooser, path);
         Press<QPushButton>(dialog, button);
         EXPECT_EQ(chooser.count, 1);
         return chooser;
@@ -228,7 +198,7 @@ TEST_F(NewProjectDialog, ACopyThatFailsIsAnErrorThatNamesTheFile) {
     BrowseAllBut(-1);
     Field(4).setText(QString::fromStdString(game.Path() + "gone.dat"));
     ShownChooser chooser;
-    ChooseNext(chooser, target.Path() + "a.prj");
+    ChooseNextFile(chooser, target.Path() + "a.prj");
     try {
         // The signal alone: a click would leave the guards of the button's own code behind.
         Q_EMIT Find<QPushButton>(dialog, "cmd_ok").clicked();
