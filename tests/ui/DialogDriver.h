@@ -104,6 +104,7 @@ struct ShownChooser {
 /// Notes what the next file chooser looks like and chooses path in it; cancels it when path is empty.
 inline void ChooseNextFile(ShownChooser &shown, const std::string &path) {
     WhenModalOpens<QFileDialog>([&shown, path](QFileDialog &chooser) {
+        EXPECT_EQ(chooser.objectName(), "cmdiag");
         auto &file = Find<QLineEdit>(chooser, QStringLiteral("fileNameEdit"));
         ++shown.count;
         shown.title = chooser.windowTitle();
