@@ -79,10 +79,11 @@ QString MenuOfPress(QWidget &map, Qt::MouseButton button, Qt::KeyboardModifiers 
 }
 
 /// A left button with Shift that is let go at a place that may lie outside the map's viewport.
-void ReleaseAt(QWidget &map, int x, int y) {
-    const QPointF at(x, y);
-    QMouseEvent event(QEvent::MouseButtonRelease, at, map.mapToGlobal(at), Qt::LeftButton, Qt::NoButton,
-                      Qt::ShiftModifier);
+void ReleaseAt(QWidget &map, double x, double y) {
+    // As the system's releases come: only the place on the window has its fraction.
+    const QPoint at = QPointF(x, y).toPoint();
+    QMouseEvent event(QEvent::MouseButtonRelease, at, map.mapTo(map.window(), QPointF(x, y)),
+                      map.mapToGlobal(at), Qt::LeftButton, Qt::NoButton, Qt::ShiftModifier);
     QCoreApplication::sendEvent(&map, &event);
 }
 
@@ -339,6 +340,13 @@ TEST_F(MapEditingTest, AReleaseBesideTheMapIsRefusedForTheAxisThatIsOutsideOnly)
     expectTarget(120, 130);
     ReleaseAt(Map(), 639, 319);
     expectTarget(639, 319);
+}
+
+TEST_F(MapEditingTest, OnADisplayWithFinerPixelsTheMapPixelUnderTheMouseCounts) {
+    Number("upd_tar_code").SetNumber(20);
+    ReleaseAt(Map(), 17.6, 23.9);
+    EXPECT_EQ(campaign().TargetTable[20].x, 17);
+    EXPECT_EQ(campaign().TargetTable[20].y, 23);
 }
 
 using MapEditingWithoutAProject = EditorWindow;

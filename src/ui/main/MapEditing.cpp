@@ -23,8 +23,10 @@ Keys KeysOf(const QMouseEvent &event) {
 }
 
 /// The pixel of the map's viewport that the mouse is on: whole, also where the display has finer ones.
-QPoint PixelUnder(const QMouseEvent &event, const QWidget &map) {
-    const QPointF at = map.mapFromGlobal(event.globalPosition());
+QPoint PixelUnder(const QMouseEvent &event) {
+    // Qt rounds the place on the widget; that on the window still has what was rounded away.
+    const QPointF roundedAway = event.scenePosition() - event.scenePosition().toPoint();
+    const QPointF at = event.position() + roundedAway;
     return {FloorToInt32(at.x()), FloorToInt32(at.y())};
 }
 
@@ -42,7 +44,7 @@ MapEditing::MapEditing(const TargetEditorModule &module, MainWidgets &widgets)
 void MapEditing::ShowPosition(const QMouseEvent &event) {
     if (!module_.campaign.ProjectLoaded)
         return;
-    const QPoint at = PixelUnder(event, *widgets_.mapFrame->Img_Map);
+    const QPoint at = PixelUnder(event);
     widgets_.sb_status->xypos->setText(QString::fromStdString(
         CursorText(module_.view, static_cast<float>(at.x()), static_cast<float>(at.y()))));
 }
@@ -58,7 +60,7 @@ void MapEditing::EditAt(const QMouseEvent &event) {
         return;
     const MainMenu &menu = widgets_.menu;
     const auto set = [this](const char *field, int value) { widgets_.Number(field).SetNumber(value); };
-    const QPoint at = PixelUnder(event, *widgets_.mapFrame->Img_Map);
+    const QPoint at = PixelUnder(event);
     const MapPoint point = ScreenToMap(module_.view, static_cast<float>(at.x()), static_cast<float>(at.y()));
     const int x = RoundToInt32(point.x);
     const int y = RoundToInt32(point.y);
