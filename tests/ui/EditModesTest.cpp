@@ -118,6 +118,8 @@ TEST_F(EditModesTest, SwitchingAwayDisablesTheAirfieldFrameAndSwitchingBackLeave
     EXPECT_FALSE(Enabled("fra_airfield"));
     Entry("mnu_e_target").trigger();
     EXPECT_FALSE(Enabled("fra_airfield"));
+    Press<QPushButton>(window(), QStringLiteral("cmd_reorder"));
+    EXPECT_FALSE(Enabled("fra_airfield")) << "the same target is still selected";
     Number("upd_tar_code").SetNumber(IndexOfTarget(false));
     Number("upd_tar_code").SetNumber(IndexOfTarget(true));
     EXPECT_TRUE(Enabled("fra_airfield"));

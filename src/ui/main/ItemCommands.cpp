@@ -54,9 +54,8 @@ void ItemCommands::ReorderAllTargets() {
     progress.hide();
     if (!newIndices)
         return;
-    // The selected target stays selected, wherever it went.
+    // The selected target stays selected, wherever it went; the panels show it already.
     selector.ShowRecordValue(static_cast<int>((*newIndices)[static_cast<std::size_t>(selector.value())]));
-    widgets_.fra_target->Refresh();
     redraw_();
 }
 
