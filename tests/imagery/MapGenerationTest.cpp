@@ -176,11 +176,21 @@ TEST_F(BuiltTemplate, All256ColoursDifferAndTheirFourthByteIsZero) {
     EXPECT_EQ(colours.size(), 256U);
 }
 
-TEST_F(BuiltTemplate, WaterIsBlueForestGreenCityRedRoadBrightAndLandNotBlue) {
+TEST_F(BuiltTemplate, WaterAndRiversAreBlueForestGreenCityRedRoadBrightAndLandAndCoastNotBlue) {
     for (int turn = 0; turn < 4; ++turn) {
         const Colour water = ColourOf(64 * turn + 2);
         EXPECT_GT(water.blue, water.red + 60);
         EXPECT_GT(water.blue, water.green + 40);
+        for (const int type : {14, 15, 16, 17, 18, 19, 20, 21, 43}) {
+            const Colour river = ColourOf(64 * turn + type);
+            EXPECT_GT(river.blue, river.red + 60) << type;
+            EXPECT_GT(river.blue, river.green + 40) << type;
+        }
+        for (const int type : {3, 4, 5, 32, 33, 44}) {
+            const Colour coast = ColourOf(64 * turn + type);
+            EXPECT_GT(coast.red, coast.blue + 40) << type;
+            EXPECT_GT(coast.green, coast.blue + 20) << type;
+        }
         for (const int type : {0, 1, 6, 7, 8, 9, 38, 47, 22, 23, 24, 25}) {
             const Colour land = ColourOf(64 * turn + type);
             EXPECT_TRUE(land.green > land.blue + 20 || land.red > land.blue + 20) << type;

@@ -4,6 +4,7 @@
 #include <map>
 #include <random>
 
+#include "ErrorThrownBy.h"
 #include "LiteralPcx.h"
 #include "PcxFiles.h"
 #include "TemporaryFolder.h"
@@ -70,6 +71,18 @@ TEST(Pcx, MoreThan64MiBOfPixelsAreAnOverflow) {
     const PcxResult largest =
         DecodePcx(Pcx({.xMax = 4095, .yMax = 4095, .planes = 3, .bytesPerLine = 4096}, {}));
     EXPECT_EQ(std::get<PcxPicture>(largest).picture.pixels.size(), 16777216U);
+}
+
+TEST(Pcx, AFileOfMoreThan128MiBIsAnOverflowBeforeItIsRead) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Make("BNGrass.pcx", "");
+    std::filesystem::resize_file(path, 134217728);
+    EXPECT_TRUE(std::holds_alternative<PcxRefusal>(LoadPcx(path)));
+    std::filesystem::resize_file(path, 134217729);
+    const Error error = ErrorThrownBy([&path] { LoadPcx(path); });
+    EXPECT_EQ(error.Kind(), ErrorKind::Overflow);
+    EXPECT_EQ(error.File(), path);
+    EXPECT_EQ(error.Found(), "134217729 bytes");
 }
 
 /// What came of a file, in a form to compare: the kind of error or refusal, else the picture.

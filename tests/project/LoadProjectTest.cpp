@@ -220,6 +220,11 @@ TEST_F(LoadProjectTest, AMapOfNoneStopsWithAMessageAndKeepsWhatWasLoadedButThePa
     EXPECT_EQ(campaign->paths.Name, "Second");
 }
 
+TEST_F(LoadProjectTest, TheMapsNameMayBeWrittenInTheGamesLetters) {
+    Load("Name=x\r\nMap=K\xF6ln.bmp\r\n");
+    EXPECT_THAT(window.calls, ::testing::Contains("LoadMapPicture " + folder.Path() + "K\u00F6ln.bmp"));
+}
+
 TEST_F(LoadProjectTest, OnlyNoneInCapitalsMeansNoMap) {
     Load("Map=None\r\n");
     EXPECT_EQ(window.calls[2], "LoadMapPicture " + folder.Path() + "None");
@@ -312,6 +317,8 @@ TEST_F(LoadProjectTest, AnEmptyPathAndAFolderAreRefusedInWordsBeforeAnythingIsTo
     ASSERT_TRUE(isFolder);
     EXPECT_EQ(isFolder->File(), folder.Path());
     EXPECT_EQ(isFolder->Found(), "a folder");
+    std::filesystem::create_directory(folder.Path() + "north");
+    EXPECT_TRUE(RefusalOfProjectPath(folder.Path() + "NORTH")) << "it would be found in another letter case";
     EXPECT_FALSE(RefusalOfProjectPath(folder.Path() + "not-there-yet.prj"));
 }
 

@@ -47,6 +47,14 @@ TEST_F(ProjectFileTest, AKeyInAnyLetterCaseIsTheKey) {
     EXPECT_EQ(paths.Name, "mixed");
 }
 
+TEST_F(ProjectFileTest, AFileNamedInAnotherLetterCaseIsReadAndNotMadeAnew) {
+    folder.Make("north.prj", "NAME=North\r\n");
+    ReadProjectFile(folder.Path() + "NORTH.PRJ", paths, [] {});
+    EXPECT_EQ(paths.Name, "North");
+    EXPECT_THAT(folder.Names(), ::testing::ElementsAre("north.prj"));
+    EXPECT_EQ(folder.Content("north.prj"), "NAME=North\r\n");
+}
+
 TEST_F(ProjectFileTest, ABlankInFrontOfAKeyMakesItNoKey) {
     Read(" NAME=a\r\nMAP =b\r\n");
     EXPECT_EQ(paths.Name, "");
@@ -122,6 +130,7 @@ TEST(DeriveFolders, TheTilesFolderIsAbsoluteWithADriveLetterOnly) {
     EXPECT_EQ(TilesDirOf("\\\\server\\tiles", "D:\\p\\n.prj"), "D:\\p\\\\\\server\\tiles");
     EXPECT_EQ(TilesDirOf("", "D:\\p\\n.prj"), "D:\\p");
     EXPECT_EQ(TilesDirOf("C:/tiles", "D:\\p\\n.prj"), "D:\\p\\C:/tiles");
+    EXPECT_EQ(TilesDirOf("K\xF6ln", "D:\\p\\n.prj"), "D:\\p\\K\u00F6ln");
     EXPECT_EQ(TilesDirOf("t\\\\", "D:\\p\\n.prj"), "D:\\p\\t\\") << "one separator is dropped, no more";
 }
 

@@ -354,6 +354,18 @@ TEST_F(TargetFile, WritingTakesTheTemplateOfTheProgramsFolder) {
     EXPECT_THAT(program.Names(), testing::ElementsAre("targetbase.dat"));
 }
 
+TEST_F(TargetFile, WritingWithAShortTemplateKeepsTheFilesOwnBytesBehindIt) {
+    const TemporaryFolder folder;
+    const TemporaryFolder program;
+    program.Make("targetbase.dat", std::string(32 * 2, '\x22'));
+    const std::string path = folder.Make("TARGET.DAT", std::string(fileSize, '\x55'));
+    WriteTargets(path, *campaign, program.Path());
+    const std::string content = folder.Content("TARGET.DAT");
+    EXPECT_EQ(content.at(4 + 32 * 1 + 31), '\x22');
+    EXPECT_EQ(content.at(4 + 32 * 2 + 31), '\x55');
+    EXPECT_EQ(content.at(4 + 32 * 301 + 31), '\x55');
+}
+
 TEST_F(TargetFile, WritingWithoutATemplateKeepsTheFilesOwnBytes) {
     const TemporaryFolder folder;
     const TemporaryFolder program;

@@ -159,7 +159,9 @@ TEST_F(AirfieldPanelTest, AnAirfieldAbove161IsShownDisabledWithItsNumberAndTheRe
     EXPECT_FALSE(panel.isEnabled());
     EXPECT_EQ(ShownIn(panel, "txt_air_code"), "162");
     EXPECT_EQ(Combo("cbo_air_1940").currentIndex(), -1);
+    EXPECT_EQ(ShownIn(panel, "txt_air_orientation"), "0");
     EXPECT_TRUE(panel.toolTip().contains(QStringLiteral("162"))) << panel.toolTip().toStdString();
+    EXPECT_EQ(Find<QLineEdit>(panel, "txt_air_code").toolTip(), panel.toolTip());
     panel.ShowAirfield(161);
     EXPECT_TRUE(panel.isEnabled());
     EXPECT_FALSE(panel.toolTip().contains(QStringLiteral("162")));

@@ -20,6 +20,13 @@ inline bool DropOn(QWidget &widget, const QMimeData &data) {
     QCoreApplication::sendEvent(&widget, &enter);
     if (!enter.isAccepted())
         return false;
+    QDragMoveEvent move(at, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+    // The widget that took the drag takes its moves too unless it says no.
+    move.setDropAction(enter.dropAction());
+    move.accept();
+    QCoreApplication::sendEvent(&widget, &move);
+    EXPECT_EQ(move.dropAction(), Qt::CopyAction);
+    EXPECT_TRUE(move.isAccepted());
     QDropEvent drop(at, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
     QCoreApplication::sendEvent(&widget, &drop);
     EXPECT_TRUE(!drop.isAccepted() || drop.dropAction() == Qt::CopyAction);

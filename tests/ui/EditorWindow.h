@@ -57,6 +57,13 @@ class EditorWindow : public ::testing::Test {
         open();
         return shown;
     }
+    /// Lets the program run until it ends; 99 when it has not done so within 20 s.
+    static int ExitStatus() {
+        QTimer limit;
+        QObject::connect(&limit, &QTimer::timeout, [] { QCoreApplication::exit(99); });
+        limit.start(20000);
+        return QCoreApplication::exec();
+    }
     QString PanelText(const char *key) { return Find<QToolButton>(window(), QLatin1String(key)).text(); }
 
     TemporaryFolder folder;

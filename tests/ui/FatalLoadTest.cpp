@@ -25,7 +25,7 @@ class FatalLoadTest : public EditorWindow {
     static int ExitStatusAfter(const std::function<void(frm_main &)> &action) {
         frm_main doomed(BoundaryModule());
         QTimer::singleShot(0, qApp, [&] { action(doomed); });
-        return QCoreApplication::exec();
+        return ExitStatus();
     }
 
     /// Starts with path as the command line and accepts the one box that follows.

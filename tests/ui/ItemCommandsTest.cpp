@@ -144,6 +144,19 @@ TEST_F(ItemCommandsTest, AReorderThatFailsSaysSoAndLeavesTheTables) {
     EXPECT_EQ(Number("upd_tar_code").value(), 20);
 }
 
+TEST_F(ItemCommandsTest, TheProgressOfAReorderThatFailsStaysUntilTheMessageIsRead) {
+    campaign().TargetTable[7].y = 320;
+    const ProgressWatch progress;
+    int hiddenBefore = -1;
+    WhenModalOpens<QMessageBox>([&](QMessageBox &box) {
+        hiddenBefore = progress.hidden;
+        box.accept();
+    });
+    PressButton("cmd_reorder");
+    EXPECT_EQ(hiddenBefore, 0);
+    EXPECT_EQ(progress.hidden, 1);
+}
+
 TEST_F(ItemCommandsTest, ANameInSmallLettersFindsTheFirstTargetOfThatNameAndShowsIt) {
     campaign().TargetTable[77].name = campaign().TargetTable[200].name = "BERLIN";
     bool closed = false;
@@ -210,6 +223,24 @@ TEST_F(ItemCommandsTest, APrecisePositionIsRoundedToTheNearestMetreAndAHalfToThe
         }));
         EXPECT_EQ(campaign().flx_targets[20], (std::array{row.x, row.y}));
     }
+}
+
+TEST_F(ItemCommandsTest, TheTilesAreThoseOfTheProjectsTilesFolder) {
+    std::filesystem::create_directory(folder.Path() + "own tiles");
+    folder.Make("own tiles/BNGrass.pcx", PcxFile(256, 256, Pattern).toStdString());
+    campaign().paths.TilesDir = folder.Path() + "own tiles";
+    SetTerrain(Number("upd_tar_x").value(), Number("upd_tar_y").value(), 1);
+    SetTerrain(Number("upd_rail_x1").value(), Number("upd_rail_y1").value(), 1);
+    const auto showsTheTile = [](QWidget &dialog) {
+        EXPECT_FALSE(Find<QLabel>(dialog, "lbl_reason").isVisible());
+        EXPECT_EQ(Find<TilePicture>(dialog, "pic_tile").Shown().pixels.at(200 * 256 + 100),
+                  ColourOf(Pattern(100, 200)));
+        dialog.close();
+    };
+    EXPECT_TRUE(InPreciseDialog("cmd_tar_precise", showsTheTile));
+    EXPECT_TRUE(InPreciseDialog("cmd_tar_tile", showsTheTile));
+    Entry("mnu_e_railway").trigger();
+    EXPECT_TRUE(InPreciseDialog("cmd_rail_precise1", showsTheTile));
 }
 
 TEST_F(ItemCommandsTest, EachPreciseEndOfARailwayLineGetsJustItsTwoFineOffsets) {

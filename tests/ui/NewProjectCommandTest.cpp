@@ -84,6 +84,7 @@ TEST_F(NewProjectCommand, OpensItsDialogModallyWithoutAskingAboutAnExport) {
     StartWithSample();
     MakeNewProject([this](frm_newproject &dialog) {
         EXPECT_EQ(dialog.parentWidget(), &window());
+        EXPECT_EQ(module->operation, "Making the new project") << "a report of a failure begins with it";
         Press<QPushButton>(dialog, "cmd_cancel");
         EXPECT_FALSE(dialog.isVisible());
     });
@@ -142,7 +143,7 @@ TEST_F(NewProjectCommand, ACopyThatFailsEndsTheProgramWithTheFileAndTheReason) {
             Q_EMIT Find<QPushButton>(dialog, "cmd_ok").clicked();
         });
     });
-    EXPECT_EQ(QCoreApplication::exec(), 1);
+    EXPECT_EQ(ExitStatus(), 1);
     EXPECT_EQ(message.icon, QMessageBox::Critical);
     EXPECT_THAT(Message(), HasSubstr("File: " + gone));
     EXPECT_THAT(Message(), HasSubstr("No such file or directory"));
@@ -154,7 +155,7 @@ TEST_F(NewProjectCommand, ANamedMapThatCannotBeLoadedEndsTheProgram) {
     folder.Make("map.bmp", "no picture");
     window().Start(QString());
     QTimer::singleShot(0, qApp, [this] { MakeAndAccept(true, NewPath()); });
-    EXPECT_EQ(QCoreApplication::exec(), 1);
+    EXPECT_EQ(ExitStatus(), 1);
     EXPECT_EQ(message.icon, QMessageBox::Critical);
     EXPECT_THAT(Message(), HasSubstr("File: " + folder.Path() + "new/map.bmp"));
 }

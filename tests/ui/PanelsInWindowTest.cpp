@@ -206,6 +206,25 @@ TEST_F(PanelsInWindowTest, Typing700TurnsInto639AtTheThirdKeyAndMinus3Into0AtThe
     EXPECT_EQ(Target(20).x, 0);
 }
 
+TEST_F(PanelsInWindowTest, TypingMinus3IntoAnyFieldGives0) {
+    int typedInto = 0;
+    for (const char *mode :
+         {"mnu_e_frontline", "mnu_e_railway", "mnu_e_roadint", "mnu_e_railint", "mnu_e_target"}) {
+        Entry(mode).trigger();
+        Find<QWidget>(window(), "fra_airfield").setEnabled(true);
+        for (NumberField *const field : window().findChildren<NumberField *>()) {
+            if (!field->isEnabled())
+                continue;
+            ++typedInto;
+            field->SetNumber(1);
+            field->selectAll();
+            QTest::keyClicks(field, "-3");
+            EXPECT_EQ(field->value(), 0) << field->objectName().toStdString();
+        }
+    }
+    EXPECT_GE(typedInto, window().findChildren<NumberField *>().size());
+}
+
 TEST_F(PanelsInWindowTest, DisablingLinesAsksClearsTheTailTellsOfItAndRedraws) {
     Entry("mnu_e_railway").trigger();
     Select("upd_rail_linenum", 20);

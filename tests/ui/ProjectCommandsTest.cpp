@@ -6,6 +6,7 @@
 #include <QProgressBar>
 
 #include "EditorWindow.h"
+#include "MapSurface.h"
 #include "frm_save.h"
 
 namespace vtr {
@@ -136,6 +137,21 @@ TEST_F(ProjectCommandsTest, ALoadFillsItsProgressBarAndSelectsTheFirstItemOfEver
     EXPECT_EQ(Number("upd_rail_x2").value(), module->campaign.RailwayTable[0].x2);
     EXPECT_EQ(Number("upd_roi_x").value(), module->campaign.RoadWaypointTable[0].waypoints[0].x);
     EXPECT_EQ(Number("upd_rai_x").value(), module->campaign.RailWaypointTable[0].waypoints[0].x);
+}
+
+TEST_F(ProjectCommandsTest, AnotherProjectsMapIsShownLargeAndSmall) {
+    StartWithSample();
+    QImage plain(640, 320, QImage::Format_RGB32);
+    plain.fill(QColor(18, 52, 86));
+    ASSERT_TRUE(plain.save(Path("plain.bmp")));
+    folder.Make("plain.prj", "Name=Plain\r\nMap=plain.bmp\r\n");
+    for (const char *layer : {"mnu_v_targets", "mnu_v_frontlines", "mnu_v_railways", "mnu_v_roadint"})
+        if (Entry(layer).isChecked())
+            Entry(layer).trigger();
+    window().Start(Path("plain.prj"));
+    EXPECT_EQ(Find<MapSurface>(window(), "Img_Map").Surface().pixels.at(640 * 160 + 320), 0xFF123456U);
+    const QImage small = Find<QWidget>(window(), "Img_SmallMap").grab().toImage();
+    EXPECT_EQ(small.pixelColor(small.rect().center()), QColor(18, 52, 86));
 }
 
 TEST_F(ProjectCommandsTest, NoLineIsDisabledAfterALoadAlsoWhenTheRailwaysAreHidden) {

@@ -186,6 +186,7 @@ TEST_F(RailwayPanelTest, EnablingAllForgetsTheDisabledLinesButRestoresNone) {
     AnswerNextBox(box, QMessageBox::Yes);
     Click("cmd_rail_disable");
     Click("cmd_Enable");
+    EXPECT_EQ(Find<QPushButton>(panel, "cmd_rail_disable").text(), QStringLiteral("Disable Lines"));
     EXPECT_EQ(Find<QPushButton>(panel, "cmd_Enable").text(), QStringLiteral("Enable All"));
     EXPECT_EQ(campaign->firstDisabledRailwayLine, 0);
     EXPECT_EQ(Line(850), RailwayLine{});

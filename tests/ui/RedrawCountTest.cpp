@@ -62,6 +62,14 @@ TEST_F(RedrawCountTest, TheFirstLoadRedrawsOnce) {
     EXPECT_TRUE(module->view.TargetFlashPhase);
 }
 
+TEST_F(RedrawCountTest, ALaterLoadRedrawsOnceMoreOnlyWhenASelectorHadToMove) {
+    StartWithSample();
+    const auto loadAgain = [this] { window().Start(QString::fromStdString(SamplePath())); };
+    EXPECT_EQ(RedrawsOf(loadAgain), 1);
+    Number("upd_rail_linenum").SetNumber(5);
+    EXPECT_EQ(RedrawsOf(loadAgain), 2);
+}
+
 TEST_F(RedrawCountTest, EachZoomCommandRedrawsOnce) {
     StartWithSample();
     module->campaign.TargetTable[0].x = 320;

@@ -27,6 +27,18 @@ TEST_F(SaveCommand, ChosenTwiceTheCommandShowsOneDialog) {
     EXPECT_TRUE(DialogIsOpen());
 }
 
+TEST_F(SaveCommand, ChosenAgainAfterTheDialogWasClosedItOpensAnewWithNothingTicked) {
+    StartWithSample();
+    OpenSaveDialog();
+    Find<QCheckBox>(*SaveDialog(), QStringLiteral("chk_saveall")).click();
+    Press<QPushButton>(*SaveDialog(), QStringLiteral("cmd_close"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    OpenSaveDialog();
+    EXPECT_TRUE(DialogIsOpen());
+    for (const QCheckBox *const box : SaveDialog()->findChildren<QCheckBox *>())
+        EXPECT_FALSE(box->isChecked()) << box->objectName().toStdString();
+}
+
 TEST_F(SaveCommand, AMovedTargetIsInTheFileAfterASave) {
     StartWithSample();
     Number("upd_tar_code").SetNumber(100);

@@ -300,6 +300,8 @@ TEST_F(TargetPanelTest, TheButtonsAskTheWindow) {
     const QSignalSpy precise(&panel, &TargetPanel::PreciseRequested);
     const QSignalSpy reorder(&panel, &TargetPanel::ReorderRequested);
     const QSignalSpy tile(&panel, &TargetPanel::TileRequested);
+    EXPECT_EQ(Find<QPushButton>(panel, "cmd_tar_tile").text(), "View &Tile...");
+    EXPECT_EQ(Find<QPushButton>(panel, "cmd_reorder").text(), "Reorder Targets for GRIDDATA.DAT");
     Find<QPushButton>(panel, "cmd_tar_tile").click();
     Find<QPushButton>(panel, "cmd_target_search").click();
     Find<QPushButton>(panel, "cmd_tar_precise").click();

@@ -65,9 +65,11 @@ class NewProjectDialog : public ::testing::Test {
                 Browse(row.index, game.Path() + row.file);
     }
     ShownChooser Create(const std::string &path) { return Choose("cmd_ok", path); }
-    /// Drags the path onto widget and, when it is taken, drops it there.
+    /// Drags the path onto widget and, when it is taken, drops it there. Like a file manager's it is a text
+    /// too, which the text field would take.
     bool Drop(QWidget &widget, const std::string &path) {
         QMimeData data;
+        data.setText(QString::fromStdString(path));
         data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
         return DropOn(widget, data);
     }

@@ -62,6 +62,16 @@ TEST_F(PreciseDialog, PickingAnOrientationTurnsTheTile) {
     ExpectCross(20, 30);
 }
 
+TEST_F(PreciseDialog, ARotationThatIsNoOptionsCountsAsSouthFromTheNextClickOn) {
+    WriteTile("BNGrass.pcx");
+    dialog->ShowTile(1, 0.25F);
+    dialog->show();
+    EXPECT_EQ(CheckedOption(), "Opt_S");
+    Click(20, 30);
+    EXPECT_EQ(CheckedOption(), "Opt_S");
+    EXPECT_EQ(Pixel(128 + 50, 128 + 20), ColourOf(Pattern(128 - 50, 128 - 20)));
+}
+
 TEST_F(PreciseDialog, TheUserCanActAfterEachColumnWhileATileTurns) {
     WriteTile("BNGrass.pcx");
     dialog->show();
