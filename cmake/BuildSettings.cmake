@@ -27,7 +27,12 @@ endif()
 
 find_program(VTR_CCACHE ccache)
 if(VTR_CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${VTR_CCACHE})
+    # With its defaults ccache passes over everything that uses a precompiled header.
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros
+        CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} ${VTR_CCACHE})
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        target_compile_options(vtr_build_settings INTERFACE -fpch-preprocess)
+    endif()
 endif()
 
 # vtr_library(NAME LINKED...): a static library of all sources of the calling folder. Its headers are seen
