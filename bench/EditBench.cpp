@@ -22,9 +22,9 @@ using namespace vtr;
 int Run(int argc, char **argv, const std::string &folder) {
     const QApplication application(argc, argv);
     WriteSampleCampaign(folder, false);
-    const auto module = std::make_unique<TargetEditorModule>();
-    module->programFolder = folder;
-    frm_main window(*module);
+    const auto session = std::make_unique<Session>();
+    session->programFolder = folder;
+    frm_main window(*session);
     window.Start(QString::fromStdString(folder + "sample.prj"));
     auto &field = *window.findChild<NumberField *>(QStringLiteral("upd_tar_x"));
 
@@ -36,21 +36,21 @@ int Run(int argc, char **argv, const std::string &folder) {
     QCoreApplication::processEvents();
 
     Picture surface{mapWidth, mapHeight, std::vector<std::uint32_t>(std::size_t{mapWidth} * mapHeight)};
-    MapView view = module->view;
+    MapView view = session->view;
     int x = 0;
     const auto setField = [&] {
         x = 1 - x;
-        const bool phase = module->view.TargetFlashPhase;
+        const bool phase = session->view.TargetFlashPhase;
         field.SetNumber(100 + x);
         // The phase of the selected target's ring moves with every redraw.
-        if (module->campaign.TargetTable[0].x != 100 + x || module->view.TargetFlashPhase == phase)
+        if (session->campaign.TargetTable[0].x != 100 + x || session->view.TargetFlashPhase == phase)
             std::abort();
     };
     int bareX = 0;
     const auto setBareField = [&] {
         bareX = 1 - bareX;
         bareField->setValue(100 + bareX);
-        Redraw(surface, module->map, module->campaign, module->preferences, MapDisplay{}, view);
+        Redraw(surface, session->map, session->campaign, session->preferences, MapDisplay{}, view);
     };
     ReportAtMost("a value set in a field", Compare(2000, setField, setBareField), "QSpinBox and one redraw",
                  1.5);

@@ -48,11 +48,11 @@ int StartBareWindow(int argc, char **argv) {
 
 /// Ends when the main window is painted for the first time, or when the sample's map is painted in it.
 int StartEditor(int argc, char **argv, const std::string &project, bool untilMapIsShown) {
-    const auto module = std::make_unique<TargetEditorModule>();
-    module->programFolder = ProgramFolder();
-    EventBoundary application(argc, argv, *module);
+    const auto session = std::make_unique<Session>();
+    session->programFolder = ProgramFolder();
+    EventBoundary application(argc, argv, *session);
     EndAtFirstPaint end;
-    frm_main window(*module);
+    frm_main window(*session);
     if (!untilMapIsShown)
         window.installEventFilter(&end);
     window.Start(QString::fromStdString(project));

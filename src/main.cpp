@@ -7,21 +7,21 @@
 #include "frm_main.h"
 
 int main(int argc, char **argv) {
-    const auto module = std::make_unique<vtr::TargetEditorModule>();
+    const auto session = std::make_unique<vtr::Session>();
 
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
-    vtr::EventBoundary application(argc, argv, *module);
+    vtr::EventBoundary application(argc, argv, *session);
     QCoreApplication::setApplicationName(vtr::programTitle);
     QCoreApplication::setApplicationVersion(vtr::FullVersionText());
 
     QGuiApplication::setWindowIcon(vtr::ProgramIcon());
 
-    vtr::frm_main window(*module);
+    vtr::frm_main window(*session);
     const QString commandLine = QCoreApplication::arguments().mid(1).join(QLatin1Char(' '));
     // In the event loop, where a failure meets the event boundary.
     const auto start = [&] {
-        module->programFolder = vtr::ProgramFolder();
+        session->programFolder = vtr::ProgramFolder();
         window.Start(commandLine);
     };
     QMetaObject::invokeMethod(&window, start, Qt::QueuedConnection);

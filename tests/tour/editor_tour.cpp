@@ -80,23 +80,23 @@ void Tour(const std::string &folder) {
     const int newX = 321;
     const int newY = 123;
     {
-        auto module = std::make_unique<vtr::TargetEditorModule>();
-        module->programFolder = vtr::ProgramFolder();
-        vtr::frm_main window(*module);
+        auto session = std::make_unique<vtr::Session>();
+        session->programFolder = vtr::ProgramFolder();
+        vtr::frm_main window(*session);
         window.Start(project);
-        Require(module->campaign.ProjectLoaded, "the sample campaign is loaded");
+        Require(session->campaign.ProjectLoaded, "the sample campaign is loaded");
         Type(Find<vtr::NumberField>(window, "upd_tar_code"), 100);
         Type(Find<vtr::NumberField>(window, "upd_tar_x"), newX);
         Type(Find<vtr::NumberField>(window, "upd_tar_y"), newY);
-        Require(module->campaign.TargetTable[100].x == newX && module->campaign.TargetTable[100].y == newY,
+        Require(session->campaign.TargetTable[100].x == newX && session->campaign.TargetTable[100].y == newY,
                 "target 100 was moved in its panel");
         SaveTargets(window);
     }
-    auto module = std::make_unique<vtr::TargetEditorModule>();
-    module->programFolder = vtr::ProgramFolder();
-    vtr::frm_main window(*module);
+    auto session = std::make_unique<vtr::Session>();
+    session->programFolder = vtr::ProgramFolder();
+    vtr::frm_main window(*session);
     window.Start(project);
-    Require(module->campaign.TargetTable[100].x == newX && module->campaign.TargetTable[100].y == newY,
+    Require(session->campaign.TargetTable[100].x == newX && session->campaign.TargetTable[100].y == newY,
             "loaded again, the target is where it was moved to");
 
     Type(Find<vtr::NumberField>(window, "upd_tar_code"), 100);
@@ -120,8 +120,8 @@ int main(int argc, char **argv) {
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const std::string folder = std::filesystem::absolute(argv[1]).string() + "/";
-    const auto module = std::make_unique<vtr::TargetEditorModule>();
-    vtr::EventBoundary application(argc, argv, *module);
+    const auto session = std::make_unique<vtr::Session>();
+    vtr::EventBoundary application(argc, argv, *session);
     try {
         Tour(folder);
     } catch (const std::exception &error) {

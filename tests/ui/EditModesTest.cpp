@@ -60,7 +60,7 @@ class EditModesTest : public EditorWindow {
         EXPECT_TRUE(Entry(current.layer).isChecked());
     }
     const TargetRecord &Target(int index) {
-        return module->campaign.TargetTable[static_cast<std::size_t>(index)];
+        return session->campaign.TargetTable[static_cast<std::size_t>(index)];
     }
     int IndexOfTarget(bool airfield) {
         for (int i = 0; i < 302; ++i)
@@ -158,7 +158,7 @@ TEST_F(EditModesTest, AHiddenLayerThatItsModeSwitchesOnIsDrawnAtOnce) {
 TEST_F(EditModesTest, TheEditedRailwayLineIsDrawnInYellow) {
     Entry("mnu_e_railway").trigger();
     Number("upd_rail_linenum").SetNumber(10);
-    const RailwayLine &line = module->campaign.RailwayTable[10];
+    const RailwayLine &line = session->campaign.RailwayTable[10];
     const auto &pixels = Find<MapSurface>(window(), QStringLiteral("Img_Map")).Surface().pixels;
     int yellow = 0;
     for (int y = std::min(line.y1, line.y2); y <= std::max(line.y1, line.y2); ++y)

@@ -21,7 +21,7 @@ class EditorWindow : public ::testing::Test {
   protected:
     EditorWindow() {
         std::filesystem::create_directory(folder.Path() + "program");
-        module->programFolder = folder.Path() + "program/";
+        session->programFolder = folder.Path() + "program/";
     }
 
     void WriteSample() { WriteSampleCampaign(folder.Path(), false); }
@@ -36,7 +36,7 @@ class EditorWindow : public ::testing::Test {
     /// The window is made when it is first asked for, so that a test can prepare files before.
     frm_main &window() {
         if (!window_)
-            window_ = std::make_unique<frm_main>(*module);
+            window_ = std::make_unique<frm_main>(*session);
         return *window_;
     }
 
@@ -67,7 +67,7 @@ class EditorWindow : public ::testing::Test {
     QString PanelText(const char *key) { return Find<QToolButton>(window(), QLatin1String(key)).text(); }
 
     TemporaryFolder folder;
-    std::unique_ptr<TargetEditorModule> module = std::make_unique<TargetEditorModule>();
+    std::unique_ptr<Session> session = std::make_unique<Session>();
 
   private:
     std::unique_ptr<frm_main> window_;

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "BoundaryModule.h"
+#include "BoundarySession.h"
 #include "DialogDriver.h"
 #include "EventBoundary.h"
 
@@ -24,8 +24,8 @@ class EventBoundaryTest : public ::testing::Test {
     void SetUp() override { SetTo(false, QStringLiteral("Loading the project")); }
     void TearDown() override { SetTo(false, QStringLiteral("Your last action")); }
     static void SetTo(bool projectLoaded, const QString &operation) {
-        BoundaryModule().campaign.ProjectLoaded = projectLoaded;
-        BoundaryModule().operation = operation;
+        BoundarySession().campaign.ProjectLoaded = projectLoaded;
+        BoundarySession().operation = operation.toStdString();
     }
 };
 

@@ -1,29 +1,29 @@
 #include <gmock/gmock.h>
 
-#include "BoundaryModule.h"
+#include "BoundarySession.h"
 #include "EditorWindow.h"
 
 namespace vtr {
 namespace {
 
-/// A window over the module that the event boundary reports of, run as the program runs it.
+/// A window over the session that the event boundary reports of, run as the program runs it.
 class FatalLoadTest : public EditorWindow {
   protected:
     void SetUp() override {
         // In place: it is too large to go over the stack by value.
-        std::destroy_at(&BoundaryModule());
-        std::construct_at(&BoundaryModule());
-        BoundaryModule().programFolder = module->programFolder;
+        std::destroy_at(&BoundarySession());
+        std::construct_at(&BoundarySession());
+        BoundarySession().programFolder = session->programFolder;
         WriteSample();
     }
     void TearDown() override {
-        std::destroy_at(&BoundaryModule());
-        std::construct_at(&BoundaryModule());
+        std::destroy_at(&BoundarySession());
+        std::construct_at(&BoundarySession());
     }
 
     /// Does action to a new window in the event loop until the program ends.
     static int ExitStatusAfter(const std::function<void(frm_main &)> &action) {
-        frm_main doomed(BoundaryModule());
+        frm_main doomed(BoundarySession());
         QTimer::singleShot(0, qApp, [&] { action(doomed); });
         return ExitStatus();
     }

@@ -19,8 +19,8 @@ class GridDataSave : public EditorWindow {
     }
 
     void Place(std::size_t target, int x, int y) {
-        module->campaign.TargetTable[target].x = static_cast<std::int16_t>(x);
-        module->campaign.TargetTable[target].y = static_cast<std::int16_t>(y);
+        session->campaign.TargetTable[target].x = static_cast<std::int16_t>(x);
+        session->campaign.TargetTable[target].y = static_cast<std::int16_t>(y);
     }
     void Save() {
         Entry("mnu_p_export").trigger();
@@ -101,8 +101,8 @@ TEST_F(GridDataSave, AReorderKeepsTargetsAtColumns1And3OfOneRowInTheirOldOrder) 
     Place(10, 3, 50);
     Place(20, 1, 50);
     Press<QPushButton>(window(), "cmd_reorder");
-    EXPECT_EQ(module->campaign.TargetTable[0].x, 3);
-    EXPECT_EQ(module->campaign.TargetTable[1].x, 1);
+    EXPECT_EQ(session->campaign.TargetTable[0].x, 3);
+    EXPECT_EQ(session->campaign.TargetTable[1].x, 1);
 }
 
 TEST_F(GridDataSave, A256thTargetInOneCellIsToldAsAnOverflowAndTheFileStays) {

@@ -44,7 +44,7 @@ class ItemCommandsTest : public EditorWindow {
   protected:
     void SetUp() override { StartWithSample(); }
 
-    Campaign &campaign() { return module->campaign; }
+    Campaign &campaign() { return session->campaign; }
     void PressButton(const char *name) { Press<QPushButton>(window(), QString::fromLatin1(name)); }
     QString Text(const char *name) { return Find<QLineEdit>(window(), name).text(); }
 
@@ -356,7 +356,7 @@ TEST_F(WithoutATerrainMap, EveryPositionLiesOnTypeZeroFacingNorth) {
     project.erase(name, project.find('\r', name) - name);
     folder.Make("sample.prj", project);
     window().Start(QString::fromStdString(SamplePath()));
-    ASSERT_TRUE(module->campaign.ProjectLoaded);
+    ASSERT_TRUE(session->campaign.ProjectLoaded);
     for (const char *button : {"cmd_tar_precise", "cmd_tar_tile"}) {
         int shown = 0;
         WhenModalOpens([&shown](QWidget &dialog) {

@@ -55,7 +55,7 @@ class KeyboardTest : public EditorWindow {
         ASSERT_TRUE(window().isActiveWindow());
     }
 
-    Campaign &campaign() { return module->campaign; }
+    Campaign &campaign() { return session->campaign; }
     QWidget &Map() { return Find<QWidget>(window(), QStringLiteral("Img_Map")); }
     void ExpectKeysSwitchModesFrom(QWidget &widget) {
         for (const std::size_t index : {2U, 4U, 1U, 3U, 0U}) {
@@ -185,13 +185,13 @@ using KeyboardWithoutAProject = EditorWindow;
 
 TEST_F(KeyboardWithoutAProject, TheArrowKeysDoNothing) {
     window().Start(QString());
-    const std::string before = Everything(module->campaign);
+    const std::string before = Everything(session->campaign);
     for (const ModeKey &mode : modeKeys) {
         Entry(mode.entry).trigger();
         for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down})
             QTest::keyClick(&Find<QWidget>(window(), "Img_Map"), key);
     }
-    EXPECT_EQ(Everything(module->campaign), before);
+    EXPECT_EQ(Everything(session->campaign), before);
     EXPECT_EQ(Number("upd_tar_x").value(), 0);
 }
 
@@ -279,7 +279,7 @@ TEST_F(KeyboardTest, TheFocusFrameLeavesTheWindowItsSize) {
 TEST_F(KeyboardTest, TheFocusFrameIsPaintedWithoutBeingAskedForAndIsNoRedraw) {
     Number("upd_tar_x").setFocus();
     QCoreApplication::processEvents();
-    const bool phase = module->view.TargetFlashPhase;
+    const bool phase = session->view.TargetFlashPhase;
     PaintCount paints(*Map().parentWidget());
     Map().setFocus();
     QCoreApplication::processEvents();
@@ -287,7 +287,7 @@ TEST_F(KeyboardTest, TheFocusFrameIsPaintedWithoutBeingAskedForAndIsNoRedraw) {
     Number("upd_tar_x").setFocus();
     QCoreApplication::processEvents();
     EXPECT_EQ(paints.count, 2);
-    EXPECT_EQ(module->view.TargetFlashPhase, phase);
+    EXPECT_EQ(session->view.TargetFlashPhase, phase);
 }
 
 TEST_F(KeyboardTest, TheMapIsAPictureForAssistiveTools) {

@@ -28,7 +28,7 @@ class MainMenuTest : public EditorWindow {
         ASSERT_TRUE(DropOn(window(), file));
         QCoreApplication::processEvents();
         ASSERT_EQ(question.count, 1);
-        ASSERT_EQ(module->campaign.paths.ProjectDir + module->campaign.paths.ProjectFile, path);
+        ASSERT_EQ(session->campaign.paths.ProjectDir + session->campaign.paths.ProjectFile, path);
     }
     /// Starts with a list of recent projects whose files are path, those without a name left out.
     void StartWithRecent(const std::array<std::string, 4> &names, const std::array<std::string, 4> &files) {
@@ -170,8 +170,8 @@ TEST_F(MainMenuTest, EntriesOneToFourLoadTheirOwnFiles) {
     const std::array<std::string, 4> files{MakeProject("a.prj", "A"), MakeProject("b.prj", "B"),
                                            MakeProject("c.prj", "C"), MakeProject("d.prj", "D")};
     for (std::size_t i = 0; i < files.size(); ++i) {
-        TargetEditorModule own;
-        own.programFolder = module->programFolder;
+        Session own;
+        own.programFolder = session->programFolder;
         std::string lines;
         for (std::size_t k = 0; k < 4; ++k) {
             const std::string number = std::to_string(k + 1);
@@ -197,7 +197,7 @@ TEST_F(MainMenuTest, LoadingAThenBThenAGivesABA) {
     Load(b);
     Load(a);
     EXPECT_EQ(Recent(), (QStringList{"&1 A", "&2 B", "&3 A", "&4 Yaxel Sound", "-"}));
-    EXPECT_EQ(module->preferences.RecentProjectFiles, (std::array<std::string, 4>{a, b, a, SamplePath()}));
+    EXPECT_EQ(session->preferences.RecentProjectFiles, (std::array<std::string, 4>{a, b, a, SamplePath()}));
     Load(b);
     EXPECT_EQ(Recent(), (QStringList{"&1 B", "&2 A", "&3 B", "&4 A", "-"}));
 }
@@ -209,7 +209,7 @@ TEST_F(MainMenuTest, LoadingTheSameProjectTwiceLeavesTheList) {
     // Another project of the same name leaves the entry pointing at the old file.
     Load(MakeProject("other.prj", "Yaxel Sound"));
     EXPECT_EQ(Recent(), (QStringList{"&1 Yaxel Sound", "-"}));
-    EXPECT_EQ(module->preferences.RecentProjectFiles[0], SamplePath());
+    EXPECT_EQ(session->preferences.RecentProjectFiles[0], SamplePath());
 }
 
 TEST_F(MainMenuTest, AProjectWithoutANameHidesItsEntryWhichKeepsItsCaption) {

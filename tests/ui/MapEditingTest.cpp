@@ -94,8 +94,8 @@ class MapEditingTest : public EditorWindow {
         // A pixel of their own that is in the viewport at every zoom: at 10000% that shows columns 317 to 323
         // and rows 158 to 161.
         for (const std::size_t target : {5U, 9U}) {
-            module->campaign.TargetTable[target].x = 320;
-            module->campaign.TargetTable[target].y = 160;
+            session->campaign.TargetTable[target].x = 320;
+            session->campaign.TargetTable[target].y = 160;
         }
     }
     QWidget &Map() { return Find<QWidget>(window(), QStringLiteral("Img_Map")); }
@@ -111,15 +111,15 @@ class MapEditingTest : public EditorWindow {
     }
     /// The viewport's pixel in the middle of the magnified map pixel.
     QPoint ScreenOf(int x, int y) {
-        const int zoom = module->view.MapZoom;
-        return {(x - module->view.h_scroll.Value) * zoom + zoom / 2,
-                (y - module->view.v_scroll.Value) * zoom + zoom / 2};
+        const int zoom = session->view.MapZoom;
+        return {(x - session->view.h_scroll.Value) * zoom + zoom / 2,
+                (y - session->view.v_scroll.Value) * zoom + zoom / 2};
     }
     void ClickMap(Qt::MouseButton button, Qt::KeyboardModifiers keys, int x, int y) {
         const QPoint at = ScreenOf(x, y);
         Click(button, keys, at.x(), at.y());
     }
-    Campaign &campaign() { return module->campaign; }
+    Campaign &campaign() { return session->campaign; }
     /// Selects target 20, point 4 of slot 3 and line 12, and places them all at (100, 50).
     void PlaceCurrentItemsElsewhere() {
         Number("upd_tar_code").SetNumber(20);
@@ -139,7 +139,7 @@ class MapEditingTest : public EditorWindow {
         ClickMap(row.button, keySets[keySet], 320, 160);
         const std::string what = std::string(mode.mode) + ", button " + std::to_string(row.button) +
                                  ", key set " + std::to_string(keySet) + ", zoom " +
-                                 std::to_string(module->view.MapZoom);
+                                 std::to_string(session->view.MapZoom);
         EXPECT_EQ(Everything(campaign()), Everything(*expected)) << what;
         EXPECT_EQ(Number("upd_tar_code").value(), effect == 's' ? 5 : 20) << what;
         EXPECT_EQ(Number("upd_frnt_num").value(), 3) << what;
@@ -354,10 +354,10 @@ using MapEditingWithoutAProject = EditorWindow;
 TEST_F(MapEditingWithoutAProject, ClicksEditNothingAndOpenNoMenu) {
     window().Start(QString());
     auto &map = Find<QWidget>(window(), QStringLiteral("Img_Map"));
-    module->campaign.TargetTable[5].x = 320;
-    module->campaign.TargetTable[5].y = 160;
+    session->campaign.TargetTable[5].x = 320;
+    session->campaign.TargetTable[5].y = 160;
     Number("upd_tar_code").SetNumber(20);
-    const std::string before = Everything(module->campaign);
+    const std::string before = Everything(session->campaign);
     for (const ModeRows &mode : editsOfClicks) {
         Entry(mode.mode).trigger();
         for (const ButtonRow &row : mode.rows)
@@ -366,7 +366,7 @@ TEST_F(MapEditingWithoutAProject, ClicksEditNothingAndOpenNoMenu) {
                 QTest::mouseRelease(&map, row.button, keys, QPoint(320, 160));
             }
     }
-    EXPECT_EQ(Everything(module->campaign), before);
+    EXPECT_EQ(Everything(session->campaign), before);
     EXPECT_EQ(Number("upd_tar_code").value(), 20);
 }
 
@@ -376,7 +376,7 @@ TEST_F(MapEditingTest, AClickThatRoundsBeyondTheLastColumnIsRefused) {
     Find<QScrollBar>(window(), QStringLiteral("h_scroll")).setValue(427);
     Number("upd_tar_code").SetNumber(20);
     const std::int16_t before = campaign().TargetTable[20].x;
-    const int row = module->view.v_scroll.Value + 3;
+    const int row = session->view.v_scroll.Value + 3;
     Click(Qt::LeftButton, shift, 639, 9);
     EXPECT_EQ(campaign().TargetTable[20].x, before);
     EXPECT_EQ(campaign().TargetTable[20].y, row);

@@ -23,7 +23,7 @@ class MapFrameTest : public EditorWindow {
     std::vector<std::uint32_t> Pixels() { return Map().Surface().pixels; }
     /// Its ring comes and goes with each redraw: away from the picture it cannot pass for another change.
     void MoveTheSelectedTargetOutOfThePicture() {
-        module->campaign.TargetTable[0].x = 5000;
+        session->campaign.TargetTable[0].x = 5000;
         window().Redraw();
     }
     /// Loads the project that is open once more.
@@ -45,10 +45,10 @@ class MapFrameTest : public EditorWindow {
                 ASSERT_EQ(shown.pixel(x, y), pixels[static_cast<std::size_t>(y * 640 + x)]) << x << ", " << y;
     }
     void ExpectSame(const ExpectedView &expected) {
-        EXPECT_EQ(module->view.MapZoom, expected.zoom);
+        EXPECT_EQ(session->view.MapZoom, expected.zoom);
         EXPECT_EQ(PanelText("zoom").toStdString(), std::to_string(expected.zoom * 100) + "%");
-        EXPECT_EQ(module->view.MapCenterX, expected.centerX);
-        EXPECT_EQ(module->view.MapCenterY, expected.centerY);
+        EXPECT_EQ(session->view.MapCenterX, expected.centerX);
+        EXPECT_EQ(session->view.MapCenterY, expected.centerY);
         ExpectBar("h_scroll", expected.h, expected.hMax, expected.hLarge);
         ExpectBar("v_scroll", expected.v, expected.vMax, expected.vLarge);
         EXPECT_EQ(Area().isVisible(), expected.shown);
@@ -74,7 +74,7 @@ class MapFrameTest : public EditorWindow {
 
 TEST_F(MapFrameTest, ZoomInAfterALoadShowsTheMiddleAtTwiceTheSize) {
     Choose("mnu_m_z_in");
-    EXPECT_EQ(module->view.MapZoom, 2);
+    EXPECT_EQ(session->view.MapZoom, 2);
     EXPECT_EQ(Bar("h_scroll").maximum(), 320);
     EXPECT_EQ(Bar("v_scroll").maximum(), 160);
     EXPECT_EQ(Bar("h_scroll").pageStep(), 320);
@@ -130,8 +130,8 @@ TEST_F(MapFrameTest, The100PercentCommandPutsEverythingBackFromAnyZoom) {
     Choose("mnu_m_z_100");
     EXPECT_EQ(Bar("h_scroll").value(), 0);
     EXPECT_EQ(Bar("v_scroll").value(), 0);
-    EXPECT_EQ(module->view.MapCenterX, 320);
-    EXPECT_EQ(module->view.MapCenterY, 160);
+    EXPECT_EQ(session->view.MapCenterX, 320);
+    EXPECT_EQ(session->view.MapCenterY, 160);
     EXPECT_FALSE(Area().isVisible());
     EXPECT_FALSE(Entry("mnu_m_z_out").isEnabled());
     ExpectChecked(true, false, false);
@@ -143,7 +143,7 @@ TEST_F(MapFrameTest, ScrollingMovesTheRectangleAndTheCentreAtOnceAndTheMapAtTheN
     const auto before = Pixels();
     Bar("h_scroll").setValue(8);
     EXPECT_EQ(Area().geometry(), QRect(2, 20, 80, 40));
-    EXPECT_EQ(module->view.MapCenterX, 168);
+    EXPECT_EQ(session->view.MapCenterX, 168);
     QCoreApplication::processEvents();
     EXPECT_EQ(Pixels(), before);
     QTest::mouseClick(&SmallMap(), Qt::LeftButton);
@@ -159,7 +159,7 @@ TEST_F(MapFrameTest, AClickOnTheOverviewDoesNotMoveTheViewport) {
 
 TEST_F(MapFrameTest, PaintingTheWindowAgainIsNoRedrawAndShowsTheMapAsItWasBeforeTheScroll) {
     Choose("mnu_m_z_200");
-    const auto before = module->view.TargetFlashPhase;
+    const auto before = session->view.TargetFlashPhase;
     const auto pixels = Pixels();
     Bar("h_scroll").setValue(8);
     Bar("v_scroll").setValue(150);
@@ -171,7 +171,7 @@ TEST_F(MapFrameTest, PaintingTheWindowAgainIsNoRedrawAndShowsTheMapAsItWasBefore
     window().show();
     QCoreApplication::processEvents();
     ExpectShown(pixels);
-    EXPECT_EQ(module->view.TargetFlashPhase, before);
+    EXPECT_EQ(session->view.TargetFlashPhase, before);
     EXPECT_EQ(Pixels(), pixels);
     MoveTheSelectedTargetOutOfThePicture();
     EXPECT_NE(Pixels(), pixels) << "the scroll must be one that a redraw shows";
@@ -223,8 +223,8 @@ TEST_F(MapFrameTest, ThePathSelectorsCountFromOneAndZeroShowsAll) {
     Number("upd_view_roadint").SetNumber(2);
     EXPECT_NE(Pixels(), first);
     // Path 0 alone: the other paths are out of its way.
-    for (std::size_t path = 1; path < module->campaign.RoadWaypointTable.size(); ++path)
-        module->campaign.RoadWaypointTable[path].count = 0;
+    for (std::size_t path = 1; path < session->campaign.RoadWaypointTable.size(); ++path)
+        session->campaign.RoadWaypointTable[path].count = 0;
     Number("upd_view_roadint").SetNumber(0);
     EXPECT_EQ(Number("upd_view_roadint").text(), "ALL");
     EXPECT_EQ(Pixels(), first);
@@ -242,7 +242,7 @@ TEST_F(MapFrameTest, TheViewedFrontlineIsDrawn) {
     MoveTheSelectedTargetOutOfThePicture();
     const auto before = Pixels();
     Number("upd_viewfrontline").SetNumber(19);
-    EXPECT_EQ(module->view.ViewFrontline, 19);
+    EXPECT_EQ(session->view.ViewFrontline, 19);
     EXPECT_NE(Pixels(), before);
 }
 
@@ -253,7 +253,7 @@ TEST_F(MapFrameTest, LoadingAgainShowsAllRailwaysAndTheFirstFrontline) {
     EXPECT_EQ(Find<QLineEdit>(window(), QStringLiteral("txt_view_railway")).text(), "ALL");
     EXPECT_EQ(Number("upd_view_railway").value(), 0);
     EXPECT_EQ(Find<QLineEdit>(window(), QStringLiteral("txt_viewfrontline")).text(), "0");
-    EXPECT_EQ(module->view.ViewFrontline, 0);
+    EXPECT_EQ(session->view.ViewFrontline, 0);
 }
 
 TEST_F(MapFrameTest, LoadingAgainCompletesAHalfErasedAll) {
@@ -270,7 +270,7 @@ TEST_F(MapFrameTest, ZoomOutFromTheRightEdgeSetsTheCentreFromTheClampedValueFirs
     Bar("h_scroll").setValue(480);
     Choose("mnu_m_z_out");
     EXPECT_EQ(Bar("h_scroll").maximum(), 427);  // 640 - 213.33
-    EXPECT_EQ(module->view.MapCenterX, 533);    // 106 + 427
+    EXPECT_EQ(session->view.MapCenterX, 533);   // 106 + 427
     EXPECT_EQ(Bar("h_scroll").value(), 426);    // 533 - 106.67
     EXPECT_EQ(Area().geometry().left(), 106);   // 106.5, to the even
 }
@@ -374,48 +374,48 @@ TEST_F(MapFrameTest, TheSelectedTargetBlinksWhileThePreferenceIsSet) {
     auto &timer = Find<QTimer>(window(), QStringLiteral("tmr_TargetFlash"));
     EXPECT_EQ(timer.interval(), 750);
     timer.start(1);
-    module->preferences.FlashTarget = 1;
-    const bool phase = module->view.TargetFlashPhase;
-    EXPECT_TRUE(QTest::qWaitFor([&] { return module->view.TargetFlashPhase != phase; }, 2000));
+    session->preferences.FlashTarget = 1;
+    const bool phase = session->view.TargetFlashPhase;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return session->view.TargetFlashPhase != phase; }, 2000));
 
-    module->preferences.FlashTarget = 0;
-    const bool still = module->view.TargetFlashPhase;
+    session->preferences.FlashTarget = 0;
+    const bool still = session->view.TargetFlashPhase;
     QTest::qWait(30);
-    EXPECT_EQ(module->view.TargetFlashPhase, still);
+    EXPECT_EQ(session->view.TargetFlashPhase, still);
 
-    module->preferences.FlashTarget = 1;
+    session->preferences.FlashTarget = 1;
     Choose("mnu_v_targets");
-    const bool hidden = module->view.TargetFlashPhase;
+    const bool hidden = session->view.TargetFlashPhase;
     QTest::qWait(30);
-    EXPECT_EQ(module->view.TargetFlashPhase, hidden) << "nothing blinks while the targets are hidden";
+    EXPECT_EQ(session->view.TargetFlashPhase, hidden) << "nothing blinks while the targets are hidden";
 }
 
 TEST(MapFrameWithoutProject, NeitherTheMouseNorTheOverviewDoesAnything) {
-    auto module = std::make_unique<TargetEditorModule>();
-    frm_main window(*module);
+    auto session = std::make_unique<Session>();
+    frm_main window(*session);
     window.show();
     QTest::mouseMove(&Find<QWidget>(window, QStringLiteral("Img_Map")), QPoint(5, 5));
     EXPECT_EQ(Find<QToolButton>(window, QStringLiteral("xypos")).text(), "(0, 0)");
     QTest::mouseClick(&Find<QWidget>(window, QStringLiteral("Img_SmallMap")), Qt::LeftButton);
-    EXPECT_EQ(module->view.MapZoom, 0);
+    EXPECT_EQ(session->view.MapZoom, 0);
 }
 
 TEST(MapFrameWithoutProject, TheZoomKeyDoesNothingUntilAProjectIsLoaded) {
-    auto module = std::make_unique<TargetEditorModule>();
-    frm_main window(*module);
+    auto session = std::make_unique<Session>();
+    frm_main window(*session);
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QTest::keyClick(&window, Qt::Key_Plus, Qt::ControlModifier);
-    EXPECT_EQ(module->view, MapView());
+    EXPECT_EQ(session->view, MapView());
     EXPECT_EQ(Find<QToolButton>(window, QStringLiteral("zoom")).text(), "100%");
     EXPECT_EQ(Find<QScrollBar>(window, QStringLiteral("h_scroll")).maximum(), 0);
     EXPECT_FALSE(Find<QWidget>(window, QStringLiteral("shp_area")).isVisible());
     // Once the menu is enabled the same key zooms.
-    module->view.MapZoom = 1;
+    session->view.MapZoom = 1;
     Find<QMenu>(window, QStringLiteral("mnu_m_zoom")).setEnabled(true);
     QTest::keyClick(&window, Qt::Key_Plus, Qt::ControlModifier);
-    EXPECT_EQ(module->view.MapZoom, 2);
+    EXPECT_EQ(session->view.MapZoom, 2);
 }
 
 }  // namespace

@@ -84,11 +84,11 @@ TEST_F(NewProjectCommand, OpensItsDialogModallyWithoutAskingAboutAnExport) {
     StartWithSample();
     MakeNewProject([this](frm_newproject &dialog) {
         EXPECT_EQ(dialog.parentWidget(), &window());
-        EXPECT_EQ(module->operation, "Making the new project") << "a report of a failure begins with it";
+        EXPECT_EQ(session->operation, "Making the new project") << "a report of a failure begins with it";
         Press<QPushButton>(dialog, "cmd_cancel");
         EXPECT_FALSE(dialog.isVisible());
     });
-    EXPECT_EQ(module->campaign.paths.ProjectFile, "sample.prj");
+    EXPECT_EQ(session->campaign.paths.ProjectFile, "sample.prj");
 }
 
 TEST_F(NewProjectCommand, LoadsTheProjectThatItMade) {
@@ -99,11 +99,11 @@ TEST_F(NewProjectCommand, LoadsTheProjectThatItMade) {
         Create(dialog, NewPath());
         EXPECT_FALSE(dialog.isVisible());
     });
-    EXPECT_TRUE(module->campaign.ProjectLoaded);
-    EXPECT_EQ(module->campaign.paths.ProjectDir, folder.Path() + "new/");
-    EXPECT_EQ(module->campaign.paths.ProjectFile, "north.prj");
+    EXPECT_TRUE(session->campaign.ProjectLoaded);
+    EXPECT_EQ(session->campaign.paths.ProjectDir, folder.Path() + "new/");
+    EXPECT_EQ(session->campaign.paths.ProjectFile, "north.prj");
     EXPECT_EQ(PanelText("project"), "  North front  ");
-    EXPECT_EQ(module->preferences.RecentProjectFiles[0], NewPath());
+    EXPECT_EQ(session->preferences.RecentProjectFiles[0], NewPath());
 }
 
 TEST_F(NewProjectCommand, LoadsAProjectWhoseMapItGenerated) {
@@ -112,11 +112,11 @@ TEST_F(NewProjectCommand, LoadsAProjectWhoseMapItGenerated) {
         BrowseAll(dialog, false);
         Create(dialog, NewPath());
     });
-    EXPECT_TRUE(module->campaign.ProjectLoaded);
-    EXPECT_EQ(module->campaign.paths.Map, "worldmap.bmp");
+    EXPECT_TRUE(session->campaign.ProjectLoaded);
+    EXPECT_EQ(session->campaign.paths.Map, "worldmap.bmp");
     EXPECT_EQ(folder.Content("new/worldmap.bmp").size(), 205878U);
-    EXPECT_EQ(module->map.width, 640);
-    EXPECT_EQ(module->map.height, 320);
+    EXPECT_EQ(session->map.width, 640);
+    EXPECT_EQ(session->map.height, 320);
 }
 
 TEST_F(NewProjectCommand, WithoutAPlaceToSaveItWarnsAndTheProgramGoesOn) {
@@ -126,7 +126,7 @@ TEST_F(NewProjectCommand, WithoutAPlaceToSaveItWarnsAndTheProgramGoesOn) {
     EXPECT_EQ(message.title, "VTR Target Editor");
     EXPECT_THAT(Message(), HasSubstr("Loading the project failed."));
     EXPECT_THAT(Message(), HasSubstr("Found: no path at all"));
-    EXPECT_EQ(module->campaign.paths.ProjectFile, "sample.prj");
+    EXPECT_EQ(session->campaign.paths.ProjectFile, "sample.prj");
     EXPECT_TRUE(window().isVisible());
 }
 
@@ -148,7 +148,7 @@ TEST_F(NewProjectCommand, ACopyThatFailsEndsTheProgramWithTheFileAndTheReason) {
     EXPECT_THAT(Message(), HasSubstr("File: " + gone));
     EXPECT_THAT(Message(), HasSubstr("No such file or directory"));
     EXPECT_FALSE(std::filesystem::exists(NewPath()));
-    EXPECT_FALSE(module->campaign.ProjectLoaded);
+    EXPECT_FALSE(session->campaign.ProjectLoaded);
 }
 
 TEST_F(NewProjectCommand, ANamedMapThatCannotBeLoadedEndsTheProgram) {
@@ -167,13 +167,13 @@ TEST_F(NewProjectCommand, AfterAFailedLoadTheProjectThatWasOpenStaysSoWithItsEdi
     Number("upd_tar_x").SetNumber(7);
     Entry("mnu_m_z_400").trigger();
     const QString name = PanelText("project");
-    const auto before = std::make_unique<TargetEditorModule>(*module);
+    const auto before = std::make_unique<Session>(*session);
     MakeAndAccept(false, NewPath());
     EXPECT_EQ(message.icon, QMessageBox::Warning);
-    EXPECT_EQ(Everything(module->campaign), Everything(before->campaign));
-    EXPECT_EQ(module->campaign.paths.ProjectDir, folder.Path());
-    EXPECT_EQ(module->view.MapZoom, 4);
-    EXPECT_EQ(module->preferences.RecentProjectNames, before->preferences.RecentProjectNames);
+    EXPECT_EQ(Everything(session->campaign), Everything(before->campaign));
+    EXPECT_EQ(session->campaign.paths.ProjectDir, folder.Path());
+    EXPECT_EQ(session->view.MapZoom, 4);
+    EXPECT_EQ(session->preferences.RecentProjectNames, before->preferences.RecentProjectNames);
     EXPECT_EQ(PanelText("project"), name);
     EXPECT_TRUE(Find<QWidget>(window(), "fra_target").isEnabled());
 
@@ -192,8 +192,8 @@ TEST_F(NewProjectCommand, AfterAFailedLoadWithoutAProjectBeforeThereStillIsNone)
     const QImage smallMap = Find<QWidget>(window(), "Img_SmallMap").grab().toImage();
     MakeAndAccept(false, NewPath());
     EXPECT_THAT(Message(), HasSubstr("File: " + folder.Path() + "new/AIRFIELD.DAT"));
-    EXPECT_FALSE(module->campaign.ProjectLoaded);
-    EXPECT_EQ(module->view.MapZoom, 0);
+    EXPECT_FALSE(session->campaign.ProjectLoaded);
+    EXPECT_EQ(session->view.MapZoom, 0);
     EXPECT_EQ(PanelText("project"), "  NO PROJECT LOADED");
     EXPECT_EQ(Find<QWidget>(window(), "Img_SmallMap").grab().toImage(), smallMap);
     EXPECT_FALSE(Entry("mnu_p_export").isEnabled());
@@ -233,7 +233,7 @@ TEST_F(NewProjectCommand, AfterAFailedGenerationTheFailedLoadIsAWarningAndThePro
     EXPECT_THAT(Message(), HasSubstr("File: " + folder.Path() + "new/worldmap.bmp"));
     EXPECT_TRUE(std::filesystem::exists(NewPath()));
     EXPECT_FALSE(std::filesystem::exists(folder.Path() + "new/worldmap.bmp"));
-    EXPECT_FALSE(module->campaign.ProjectLoaded);
+    EXPECT_FALSE(session->campaign.ProjectLoaded);
     EXPECT_TRUE(window().isVisible());
     EXPECT_FALSE(Find<QWidget>(window(), "frm_progress").isVisible());
 }

@@ -7,7 +7,7 @@ namespace vtr {
 namespace {
 
 TEST(Operation, NamesWhatTheProgramIsAtAndGivesTheNameBeforeBackAtItsEnd) {
-    QString current = QStringLiteral("before");
+    std::string current = "before";
     {
         const Operation outer(current, QStringLiteral("outer"));
         EXPECT_EQ(current, "outer");
@@ -21,7 +21,7 @@ TEST(Operation, NamesWhatTheProgramIsAtAndGivesTheNameBeforeBackAtItsEnd) {
 }
 
 TEST(Operation, KeepsItsNameForTheReportWhenAnErrorFliesPast) {
-    QString current = QStringLiteral("before");
+    std::string current = "before";
     const auto fail = [&current] {
         const Operation outer(current, QStringLiteral("outer"));
         const Operation inner(current, QStringLiteral("inner"));
@@ -32,7 +32,7 @@ TEST(Operation, KeepsItsNameForTheReportWhenAnErrorFliesPast) {
 }
 
 TEST(Operation, GivesTheNameBackWhenItsErrorIsCaughtWithinIt) {
-    QString current = QStringLiteral("before");
+    std::string current = "before";
     {
         const Operation operation(current, QStringLiteral("operation"));
         EXPECT_THROW(throw Error(ErrorKind::Overflow, {}, "a", "b"), Error);
@@ -41,9 +41,9 @@ TEST(Operation, GivesTheNameBackWhenItsErrorIsCaughtWithinIt) {
 }
 
 TEST(Operation, EndsAsAlwaysWhileAnotherErrorIsOnItsWay) {
-    QString current = QStringLiteral("before");
+    std::string current = "before";
     struct CleansUp {
-        QString &current;
+        std::string &current;
         ~CleansUp() { const Operation cleaning(current, QStringLiteral("cleaning up")); }
     };
     const auto fail = [&current] {

@@ -21,7 +21,7 @@ class PanelsInWindowTest : public EditorWindow {
   protected:
     void SetUp() override { StartWithSample(); }
 
-    Campaign &campaign() { return module->campaign; }
+    Campaign &campaign() { return session->campaign; }
     TargetRecord &Target(int index) { return campaign().TargetTable[static_cast<std::size_t>(index)]; }
     QLineEdit &Edit(const char *name) { return Find<QLineEdit>(window(), name); }
     std::string Text(const std::string &name) { return Edit(name.c_str()).text().toStdString(); }

@@ -66,7 +66,7 @@ class PreferencesCommandsTest : public EditorWindow {
 
 TEST_F(PreferencesCommandsTest, AStartWithoutTheFileWritesTheShippedValuesAtClose) {
     Start();
-    EXPECT_EQ(module->preferences, ShippedPreferences());
+    EXPECT_EQ(session->preferences, ShippedPreferences());
     EXPECT_FALSE(IsOnDisk("prefs.cfg"));
     window().close();
     EXPECT_EQ(OnDisk(), shipped);
@@ -84,7 +84,7 @@ TEST_F(PreferencesCommandsTest, WhatWasReadIsWrittenAgainInItsOrder) {
     const std::string shuffled = "flashtarget=0\r\n" + allSet.substr(0, allSet.find("FLASHTARGET"));
     folder.Make("program/prefs.cfg", shuffled);
     Start();
-    EXPECT_EQ(module->preferences.RailIntColour, -7);
+    EXPECT_EQ(session->preferences.RailIntColour, -7);
     window().close();
     EXPECT_EQ(OnDisk(), allSet);
 }
@@ -104,9 +104,9 @@ TEST_F(PreferencesCommandsTest, BadLinesAreListedInOneMessageAndTheFileIsKept) {
     EXPECT_FALSE(box.text.contains(QLatin1String("Line 1:")));
     EXPECT_FALSE(box.text.contains(QLatin1String("Line 5:")));
     EXPECT_TRUE(box.text.contains(QString::fromStdString(FileName() + ".bad")));
-    EXPECT_EQ(module->preferences.RailwayColour, 515);
-    EXPECT_EQ(module->preferences.FlashTarget, 1);
-    EXPECT_EQ(module->preferences.TargetColour, 0);
+    EXPECT_EQ(session->preferences.RailwayColour, 515);
+    EXPECT_EQ(session->preferences.FlashTarget, 1);
+    EXPECT_EQ(session->preferences.TargetColour, 0);
     EXPECT_EQ(folder.Content("program/prefs.cfg.bad"), damaged);
     window().close();
     EXPECT_EQ(folder.Content("program/prefs.cfg.bad"), damaged);
@@ -127,7 +127,7 @@ TEST_F(PreferencesCommandsTest, AFileThatCannotBeReadStartsWithTheShippedValuesA
     EXPECT_TRUE(box.text.startsWith(QLatin1String("Reading the preferences failed.")))
         << box.text.toStdString();
     EXPECT_TRUE(box.text.contains(QString::fromStdString(FileName())));
-    EXPECT_EQ(module->preferences, ShippedPreferences());
+    EXPECT_EQ(session->preferences, ShippedPreferences());
 }
 
 TEST_F(PreferencesCommandsTest, AFailureToWriteThemIsShownAndTheWindowClosesAllTheSame) {
@@ -148,8 +148,8 @@ TEST_F(PreferencesCommandsTest, ColoursSwitchAndRecentProjectsAreThereAtTheNextS
     EditPreferences("cmd_OK");
     window().close();
 
-    TargetEditorModule next;
-    next.programFolder = module->programFolder;
+    Session next;
+    next.programFolder = session->programFolder;
     frm_main editor(next);
     editor.Start(QString());
     EXPECT_EQ(next.preferences.FrontlineColour, 9 + 256 * 8 + 65536 * 7);
@@ -171,12 +171,12 @@ TEST_F(PreferencesCommandsTest, OKChangesTheValuesButNeitherTheMapNorTheFileUnti
     StartWithSample();
     auto &map = Find<MapSurface>(window(), QStringLiteral("Img_Map"));
     const auto pixels = map.Surface().pixels;
-    const bool phase = module->view.TargetFlashPhase;
+    const bool phase = session->view.TargetFlashPhase;
     EditPreferences("cmd_OK");
     QCoreApplication::processEvents();
-    EXPECT_EQ(module->preferences.FrontlineColour, 9 + 256 * 8 + 65536 * 7);
-    EXPECT_EQ(module->preferences.FlashTarget, 0);
-    EXPECT_EQ(module->view.TargetFlashPhase, phase);
+    EXPECT_EQ(session->preferences.FrontlineColour, 9 + 256 * 8 + 65536 * 7);
+    EXPECT_EQ(session->preferences.FlashTarget, 0);
+    EXPECT_EQ(session->view.TargetFlashPhase, phase);
     EXPECT_EQ(map.Surface().pixels, pixels);
     EXPECT_EQ(OnDisk(), shipped);
     window().Redraw();
@@ -189,9 +189,9 @@ TEST_F(PreferencesCommandsTest, OKChangesTheValuesButNeitherTheMapNorTheFileUnti
 TEST_F(PreferencesCommandsTest, CancelChangesNothing) {
     folder.Make("program/prefs.cfg", allSet);
     Start();
-    const Preferences before = module->preferences;
+    const Preferences before = session->preferences;
     EditPreferences("cmd_cancel");
-    EXPECT_EQ(module->preferences, before);
+    EXPECT_EQ(session->preferences, before);
     window().close();
     EXPECT_EQ(OnDisk(), allSet);
 }

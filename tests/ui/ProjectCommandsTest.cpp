@@ -16,7 +16,7 @@ class ProjectCommandsTest : public EditorWindow {
   protected:
     frm_save *SaveDialog() { return window().findChild<frm_save *>(); }
     QString Path(const char *name) const { return QString::fromStdString(folder.Path() + name); }
-    void ExpectTarget100At(int x) { EXPECT_EQ(module->campaign.TargetTable[100].x, x); }
+    void ExpectTarget100At(int x) { EXPECT_EQ(session->campaign.TargetTable[100].x, x); }
 
     ShownChooser chooser;
 };
@@ -50,27 +50,27 @@ TEST_F(ProjectCommandsTest, ACommandLineWithoutQuotesIsThePathAsItStandsBlanksIn
     WriteSample();
     std::filesystem::rename(SamplePath(), folder.Path() + "my campaign.prj");
     window().Start(Path("my campaign.prj"));
-    EXPECT_EQ(module->campaign.paths.ProjectFile, "my campaign.prj");
-    EXPECT_TRUE(module->campaign.ProjectLoaded);
+    EXPECT_EQ(session->campaign.paths.ProjectFile, "my campaign.prj");
+    EXPECT_TRUE(session->campaign.ProjectLoaded);
 }
 
 TEST_F(ProjectCommandsTest, ACommandLineInDoubleQuotesIsThePathWithoutThem) {
     WriteSample();
     window().Start(QLatin1Char('"') + QString::fromStdString(SamplePath()) + QLatin1Char('"'));
-    EXPECT_EQ(module->campaign.paths.ProjectFile, "sample.prj");
+    EXPECT_EQ(session->campaign.paths.ProjectFile, "sample.prj");
 }
 
 TEST_F(ProjectCommandsTest, ALoadedProjectIsNamedAndEnablesTheMenusAndFrames) {
     StartWithSample();
-    EXPECT_EQ(PanelText("project"), "  " + QString::fromStdString(module->campaign.paths.Name) + "  ");
+    EXPECT_EQ(PanelText("project"), "  " + QString::fromStdString(session->campaign.paths.Name) + "  ");
     EXPECT_TRUE(Entry("mnu_p_export").isEnabled());
     EXPECT_TRUE(Find<QMenu>(window(), QStringLiteral("mnu_m_zoom")).isEnabled());
     EXPECT_TRUE(Find<QMenu>(window(), QStringLiteral("mnu_view")).isEnabled());
     EXPECT_TRUE(Find<QWidget>(window(), QStringLiteral("fra_control")).isEnabled());
     EXPECT_TRUE(Find<QWidget>(window(), QStringLiteral("fra_target")).isEnabled());
     EXPECT_FALSE(Find<QWidget>(window(), QStringLiteral("frm_progress")).isVisible());
-    EXPECT_EQ(module->view.MapZoom, 1);
-    EXPECT_EQ(module->view.MapCenterX, 320);
+    EXPECT_EQ(session->view.MapZoom, 1);
+    EXPECT_EQ(session->view.MapCenterX, 320);
     EXPECT_EQ(Number("upd_tar_code").value(), 0);
     EXPECT_EQ(Number("upd_view_railway").text(), "ALL");
     EXPECT_EQ(Number("upd_viewfrontline").text(), "0");
@@ -83,7 +83,7 @@ TEST_F(ProjectCommandsTest, LoadingAsksForAnExportOnlyWhenAProjectIsOpen) {
     Entry("mnu_p_load").trigger();
     EXPECT_EQ(chooser.title, "Load Project");
     EXPECT_EQ(chooser.filters, QStringList{"Target Editor Projects (*.prj)"});
-    EXPECT_TRUE(module->campaign.ProjectLoaded);
+    EXPECT_TRUE(session->campaign.ProjectLoaded);
 
     ShownBox question;
     AnswerNextBox(question, QMessageBox::Cancel);
@@ -110,7 +110,7 @@ TEST_F(ProjectCommandsTest, TheChooserStillNamesTheFileThatWasLoadedWithItLast) 
 
 TEST_F(ProjectCommandsTest, CancelBeforeARecentProjectLoadsNothing) {
     StartWithSample();
-    module->campaign.TargetTable[100].x = 7;
+    session->campaign.TargetTable[100].x = 7;
     ShownBox question;
     AnswerNextBox(question, QMessageBox::Cancel);
     Entry("mnu_p_last1").trigger();
@@ -132,11 +132,11 @@ TEST_F(ProjectCommandsTest, ALoadFillsItsProgressBarAndSelectsTheFirstItemOfEver
     EXPECT_EQ(bar.window()->windowTitle(), "Load Project...");
     for (const char *selector : selectors)
         EXPECT_EQ(Number(selector).value(), 0) << selector;
-    EXPECT_EQ(Number("upd_tar_x").value(), module->campaign.TargetTable[0].x);
-    EXPECT_EQ(Number("upd_frnt_x").value(), module->campaign.FrontlineTable[0].points[0].x);
-    EXPECT_EQ(Number("upd_rail_x2").value(), module->campaign.RailwayTable[0].x2);
-    EXPECT_EQ(Number("upd_roi_x").value(), module->campaign.RoadWaypointTable[0].waypoints[0].x);
-    EXPECT_EQ(Number("upd_rai_x").value(), module->campaign.RailWaypointTable[0].waypoints[0].x);
+    EXPECT_EQ(Number("upd_tar_x").value(), session->campaign.TargetTable[0].x);
+    EXPECT_EQ(Number("upd_frnt_x").value(), session->campaign.FrontlineTable[0].points[0].x);
+    EXPECT_EQ(Number("upd_rail_x2").value(), session->campaign.RailwayTable[0].x2);
+    EXPECT_EQ(Number("upd_roi_x").value(), session->campaign.RoadWaypointTable[0].waypoints[0].x);
+    EXPECT_EQ(Number("upd_rai_x").value(), session->campaign.RailWaypointTable[0].waypoints[0].x);
 }
 
 TEST_F(ProjectCommandsTest, AnotherProjectsMapIsShownLargeAndSmall) {
@@ -157,12 +157,12 @@ TEST_F(ProjectCommandsTest, AnotherProjectsMapIsShownLargeAndSmall) {
 TEST_F(ProjectCommandsTest, NoLineIsDisabledAfterALoadAlsoWhenTheRailwaysAreHidden) {
     StartWithSample();
     auto &disabled = Find<QLabel>(window(), QStringLiteral("lbl_disabled"));
-    module->campaign.firstDisabledRailwayLine = 850;
+    session->campaign.firstDisabledRailwayLine = 850;
     window().Redraw();
     ASSERT_EQ(disabled.text(), "Lines 850+ Disabled");
     Entry("mnu_v_railways").trigger();
     window().Start(QString::fromStdString(SamplePath()));
-    EXPECT_EQ(module->campaign.firstDisabledRailwayLine, 0);
+    EXPECT_EQ(session->campaign.firstDisabledRailwayLine, 0);
     EXPECT_EQ(disabled.text(), "No Lines disabled");
 }
 
@@ -180,7 +180,7 @@ TEST_F(ProjectCommandsTest, YesBeforeLoadingShowsTheSaveDialogWithoutWaitingForI
 
 TEST_F(ProjectCommandsTest, YesBeforeARecentProjectWaitsForTheSaveDialog) {
     StartWithSample();
-    module->campaign.TargetTable[100].x = 7;
+    session->campaign.TargetTable[100].x = 7;
     bool wasModal = false;
     ShownBox question;
     AnswerNextBox(question, QMessageBox::Yes);
@@ -191,12 +191,12 @@ TEST_F(ProjectCommandsTest, YesBeforeARecentProjectWaitsForTheSaveDialog) {
     });
     Entry("mnu_p_last1").trigger();
     EXPECT_TRUE(wasModal);
-    EXPECT_NE(module->campaign.TargetTable[100].x, 7) << "loaded again after the dialog closed";
+    EXPECT_NE(session->campaign.TargetTable[100].x, 7) << "loaded again after the dialog closed";
 }
 
 TEST_F(ProjectCommandsTest, AFolderAsProjectIsRefusedAndNothingChanges) {
     StartWithSample();
-    const std::string name = module->campaign.paths.Name;
+    const std::string name = session->campaign.paths.Name;
     ShownBox warning;
     AcceptNextBox(warning);
     window().Start(Path(""));
@@ -207,16 +207,16 @@ TEST_F(ProjectCommandsTest, AFolderAsProjectIsRefusedAndNothingChanges) {
     EXPECT_THAT(warning.text.toStdString(),
                 ::testing::HasSubstr("Expected: the path of a project file (*.prj)"));
     EXPECT_THAT(warning.text.toStdString(), ::testing::HasSubstr("Found: a folder"));
-    EXPECT_EQ(module->campaign.paths.Name, name);
+    EXPECT_EQ(session->campaign.paths.Name, name);
 }
 
 TEST_F(ProjectCommandsTest, AnEmptyPathInQuotesIsRefusedAndNothingChanges) {
     StartWithSample();
-    const ProjectPaths &paths = module->campaign.paths;
+    const ProjectPaths &paths = session->campaign.paths;
     const std::string name = paths.Name;
     const std::string project = paths.ProjectDir + paths.ProjectFile;
-    const auto recent = module->preferences.RecentProjectFiles;
-    module->campaign.TargetTable[100].x = 7;
+    const auto recent = session->preferences.RecentProjectFiles;
+    session->campaign.TargetTable[100].x = 7;
     for (const char *commandLine : {"\"\"", "\""}) {
         const ShownBox warning = BoxShownBy([&] { window().Start(QLatin1String(commandLine)); });
         EXPECT_EQ(warning.icon, QMessageBox::Warning);
@@ -239,15 +239,15 @@ TEST_F(ProjectCommandsTest, ARelativePathOnTheCommandLineIsRememberedWhole) {
     ASSERT_TRUE(QDir::setCurrent(Path("program")));
     window().Start(QStringLiteral("../sample.prj"));
     ASSERT_TRUE(QDir::setCurrent(before));
-    EXPECT_TRUE(module->campaign.ProjectLoaded);
-    const std::string &remembered = module->preferences.RecentProjectFiles[0];
+    EXPECT_TRUE(session->campaign.ProjectLoaded);
+    const std::string &remembered = session->preferences.RecentProjectFiles[0];
     EXPECT_TRUE(QDir::isAbsolutePath(QString::fromStdString(remembered))) << remembered;
     EXPECT_TRUE(std::filesystem::equivalent(remembered, SamplePath())) << remembered;
 }
 
 TEST_F(ProjectCommandsTest, AMapOfNoneIsToldAndKeepsTheProjectBefore) {
     StartWithSample();
-    const auto targets = module->campaign.TargetTable[5].x;
+    const auto targets = session->campaign.TargetTable[5].x;
     folder.Make("none.prj", "Name=Nothing\r\nMap=NONE\r\n");
     ShownBox message;
     AcceptNextBox(message);
@@ -255,7 +255,7 @@ TEST_F(ProjectCommandsTest, AMapOfNoneIsToldAndKeepsTheProjectBefore) {
     EXPECT_EQ(message.text, "No Map specified. Cannot load project.");
     EXPECT_EQ(message.buttons, QMessageBox::Ok);
     EXPECT_EQ(PanelText("project"), "  Nothing  ");
-    EXPECT_EQ(module->campaign.TargetTable[5].x, targets);
+    EXPECT_EQ(session->campaign.TargetTable[5].x, targets);
     EXPECT_FALSE(Find<QWidget>(window(), QStringLiteral("frm_progress")).isVisible());
 }
 
@@ -268,7 +268,7 @@ TEST_F(ProjectCommandsTest, ShortFilesAreListedInOneMessage) {
     EXPECT_EQ(warning.count, 1);
     EXPECT_THAT(warning.text.toStdString(), ::testing::HasSubstr("AIRFIELD.DAT"));
     EXPECT_THAT(warning.text.toStdString(), ::testing::HasSubstr("found 100 bytes, expected 7132 bytes"));
-    EXPECT_TRUE(module->campaign.ProjectLoaded);
+    EXPECT_TRUE(session->campaign.ProjectLoaded);
 }
 
 }  // namespace

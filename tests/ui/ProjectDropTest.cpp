@@ -28,9 +28,9 @@ class ProjectDrop : public EditorWindow {
     /// Opens the sample and changes a target, by which a load shows.
     void StartWithChangedSample() {
         StartWithSample();
-        module->campaign.TargetTable[100].x = 7;
+        session->campaign.TargetTable[100].x = 7;
     }
-    bool SampleWasLoadedAgain() const { return module->campaign.TargetTable[100].x != 7; }
+    bool SampleWasLoadedAgain() const { return session->campaign.TargetTable[100].x != 7; }
 
     /// Drops the sample's file and answers the question that comes.
     ShownBox AnswerAfterDrop(QMessageBox::StandardButton answer) {
@@ -48,11 +48,11 @@ TEST_F(ProjectDrop, OfAProjectFileLoadsItWhenTheDropIsOver) {
     WriteSample();
     window().Start(QString());
     EXPECT_TRUE(DropSample());
-    EXPECT_FALSE(module->campaign.ProjectLoaded);
+    EXPECT_FALSE(session->campaign.ProjectLoaded);
     QCoreApplication::processEvents();
-    EXPECT_TRUE(module->campaign.ProjectLoaded);
-    EXPECT_EQ(module->campaign.paths.ProjectFile, "sample.prj");
-    EXPECT_EQ(module->campaign.paths.ProjectDir, folder.Path());
+    EXPECT_TRUE(session->campaign.ProjectLoaded);
+    EXPECT_EQ(session->campaign.paths.ProjectFile, "sample.prj");
+    EXPECT_EQ(session->campaign.paths.ProjectDir, folder.Path());
 }
 
 TEST_F(ProjectDrop, TakesTheSuffixInAnyLetterCase) {
@@ -61,8 +61,8 @@ TEST_F(ProjectDrop, TakesTheSuffixInAnyLetterCase) {
     window().Start(QString());
     EXPECT_TRUE(Drop(window(), {LocalUrl(folder.Path() + "SAMPLE.PRJ")}));
     QCoreApplication::processEvents();
-    EXPECT_TRUE(module->campaign.ProjectLoaded);
-    EXPECT_EQ(module->campaign.paths.ProjectFile, "SAMPLE.PRJ");
+    EXPECT_TRUE(session->campaign.ProjectLoaded);
+    EXPECT_EQ(session->campaign.paths.ProjectFile, "SAMPLE.PRJ");
 }
 
 TEST_F(ProjectDrop, WithAProjectOpenAsksAndCancelKeepsIt) {
@@ -103,7 +103,7 @@ TEST_F(ProjectDrop, OfAnythingElseIsRefused) {
     text.setText(QString::fromStdString(SamplePath()));
     EXPECT_FALSE(DropOn(window(), text));
     QCoreApplication::processEvents();
-    EXPECT_FALSE(module->campaign.ProjectLoaded);
+    EXPECT_FALSE(session->campaign.ProjectLoaded);
 }
 
 TEST_F(ProjectDrop, OntoATextFieldIsForTheWindow) {

@@ -51,15 +51,15 @@ class RedrawCountTest : public EditorWindow {
 TEST_F(RedrawCountTest, EachRedrawThatReachesTheSelectedTargetTurnsItsPhase) {
     StartWithSample();
     for (int redraw = 0; redraw < 3; ++redraw) {
-        const bool before = module->view.TargetFlashPhase;
+        const bool before = session->view.TargetFlashPhase;
         EXPECT_EQ(RedrawsOf([&] { window().Redraw(); }), 1);
-        EXPECT_EQ(module->view.TargetFlashPhase, !before);
+        EXPECT_EQ(session->view.TargetFlashPhase, !before);
     }
 }
 
 TEST_F(RedrawCountTest, TheFirstLoadRedrawsOnce) {
     EXPECT_EQ(RedrawsOf([&] { StartWithSample(); }), 1);
-    EXPECT_TRUE(module->view.TargetFlashPhase);
+    EXPECT_TRUE(session->view.TargetFlashPhase);
 }
 
 TEST_F(RedrawCountTest, ALaterLoadRedrawsOnceMoreOnlyWhenASelectorHadToMove) {
@@ -72,13 +72,13 @@ TEST_F(RedrawCountTest, ALaterLoadRedrawsOnceMoreOnlyWhenASelectorHadToMove) {
 
 TEST_F(RedrawCountTest, EachZoomCommandRedrawsOnce) {
     StartWithSample();
-    module->campaign.TargetTable[0].x = 320;
-    module->campaign.TargetTable[0].y = 160;
+    session->campaign.TargetTable[0].x = 320;
+    session->campaign.TargetTable[0].y = 160;
     for (const char *entry : {"mnu_m_z_in", "mnu_m_z_in", "mnu_m_z_200", "mnu_m_z_400", "mnu_m_z_400",
                               "mnu_m_z_out", "mnu_m_z_100", "mnu_m_z_100", "mnu_m_z_in", "mnu_m_z_out"}) {
-        const bool before = module->view.TargetFlashPhase;
+        const bool before = session->view.TargetFlashPhase;
         EXPECT_EQ(RedrawsOfEntry(entry), 1) << entry;
-        EXPECT_EQ(module->view.TargetFlashPhase, !before) << entry;
+        EXPECT_EQ(session->view.TargetFlashPhase, !before) << entry;
     }
 }
 
@@ -164,7 +164,7 @@ TEST_F(RedrawCountTest, EachEditOfARailwayLineRedrawsOnceButItsMetresDoNot) {
 TEST_F(RedrawCountTest, ReorderingAndFindingATargetRedrawOnce) {
     StartWithSample();
     EXPECT_EQ(RedrawsOfButton("cmd_reorder"), 1);
-    module->campaign.TargetTable[77].name = "BERLIN";
+    session->campaign.TargetTable[77].name = "BERLIN";
     WhenModalOpens([](QWidget &dialog) {
         Find<QLineEdit>(dialog, QStringLiteral("txt_name")).setText(QStringLiteral("BERLIN"));
         Press<QPushButton>(dialog, QStringLiteral("cmd_find"));

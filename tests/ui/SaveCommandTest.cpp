@@ -75,12 +75,12 @@ TEST_F(SaveCommand, AFailedSaveSaysWhatWasWrittenAndWhatNotAndStaysOpenWithAllEd
                 ::testing::HasSubstr(
                     "Not written: TARNAMES.STR, GRIDDATA.DAT, FRNTLINE.DAT, AIRFIELD.DAT, VTR_RRD.DAT."));
     EXPECT_TRUE(DialogIsOpen());
-    EXPECT_EQ(module->campaign.TargetTable[100].x, 321);
+    EXPECT_EQ(session->campaign.TargetTable[100].x, 321);
 }
 
 TEST_F(SaveCommand, ATargetThatFitsNoCellIsNamedAndTheDialogStays) {
     StartWithSample();
-    module->campaign.TargetTable[7].y = 1759;
+    session->campaign.TargetTable[7].y = 1759;
     const std::string before = folder.Content("GRIDDATA.DAT");
     OpenSaveDialog();
     Find<QCheckBox>(*SaveDialog(), QStringLiteral("chk_save(2)")).click();
@@ -98,8 +98,8 @@ TEST_F(SaveCommand, ATargetThatFitsNoCellIsNamedAndTheDialogStays) {
 
 TEST_F(SaveCommand, ATargetThatFitsNoCellKeepsTheDialogOpenAlsoWhereTheProjectHasNoGridFile) {
     StartWithSample();
-    module->campaign.TargetTable[7].y = 1759;
-    module->campaign.paths.GridData.clear();
+    session->campaign.TargetTable[7].y = 1759;
+    session->campaign.paths.GridData.clear();
     OpenSaveDialog();
     Find<QCheckBox>(*SaveDialog(), QStringLiteral("chk_save(2)")).click();
     ShownBox message;
@@ -111,7 +111,7 @@ TEST_F(SaveCommand, ATargetThatFitsNoCellKeepsTheDialogOpenAlsoWhereTheProjectHa
 
 TEST_F(SaveCommand, CancelUnloadsTheDialogWithoutWriting) {
     StartWithSample();
-    module->campaign.TargetTable[7].x = 1;
+    session->campaign.TargetTable[7].x = 1;
     const std::string before = folder.Content("TARGET.DAT");
     OpenSaveDialog();
     Find<QCheckBox>(*SaveDialog(), QStringLiteral("chk_saveall")).click();

@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
-#include "BoundaryModule.h"
+#include "BoundarySession.h"
 #include "EventBoundary.h"
 
 namespace vtr {
 
-TargetEditorModule &BoundaryModule() {
-    static TargetEditorModule module;
-    return module;
+Session &BoundarySession() {
+    static Session session;
+    return session;
 }
 
 }  // namespace vtr
@@ -15,7 +15,7 @@ TargetEditorModule &BoundaryModule() {
 int main(int argc, char **argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    const vtr::EventBoundary application(argc, argv, vtr::BoundaryModule());
+    const vtr::EventBoundary application(argc, argv, vtr::BoundarySession());
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QString>
 #include <string>
 
 #include "Campaign.h"
@@ -11,13 +10,13 @@
 namespace vtr {
 
 /// All that the editor holds while it runs: made once by the program's start and handed down by reference.
-struct TargetEditorModule {
+struct Session {
     Campaign campaign;
     Preferences preferences;
     MapView view;
-    Picture map;                                             ///< the project's map picture
-    std::string programFolder;                               ///< ends in a separator
-    QString operation = QStringLiteral("Your last action");  ///< what the program is at, see Operation
+    Picture map;                                 ///< the project's map picture
+    std::string programFolder;                   ///< ends in a separator
+    std::string operation = "Your last action";  ///< what the program is at (UTF-8), see Operation
 };
 
 }  // namespace vtr

@@ -14,8 +14,7 @@ class ItemCommands : public QObject {
     Q_OBJECT
 
   public:
-    ItemCommands(TargetEditorModule &module, MainWidgets &widgets, QMainWindow *window,
-                 std::function<void()> redraw);
+    ItemCommands(Session &session, MainWidgets &widgets, QMainWindow *window, std::function<void()> redraw);
 
   private:
     /// The fields of one position of the panels: its tile, and the metres within it.
@@ -33,7 +32,7 @@ class ItemCommands : public QObject {
     /// Shows the tile under the position that two fields hold; false, after a message, when it lies on none.
     bool ShowTileAt(const char *xField, const char *yField, frm_precise &dialog) const;
 
-    TargetEditorModule &module_;
+    Session &session_;
     MainWidgets &widgets_;
     QMainWindow *window_;
     std::function<void()> redraw_;

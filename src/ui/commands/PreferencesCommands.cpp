@@ -12,27 +12,26 @@
 
 namespace vtr {
 
-PreferencesCommands::PreferencesCommands(TargetEditorModule &module, MainWidgets &widgets,
-                                         QMainWindow *window)
-    : QObject(window), module_(module), widgets_(widgets), window_(window) {
+PreferencesCommands::PreferencesCommands(Session &session, MainWidgets &widgets, QMainWindow *window)
+    : QObject(window), session_(session), widgets_(widgets), window_(window) {
     connect(widgets.menu.mnu_p_prefs, &QAction::triggered, this,
-            [this] { frm_prefs(module_.preferences, window_).exec(); });
+            [this] { frm_prefs(session_.preferences, window_).exec(); });
 }
 
 void PreferencesCommands::Read() {
-    const Operation reading(module_.operation, tr("Reading the preferences"));
-    paths_ = FindPreferences(module_.programFolder, UserConfigFolder());
+    const Operation reading(session_.operation, tr("Reading the preferences"));
+    paths_ = FindPreferences(session_.programFolder, UserConfigFolder());
     try {
         read_ = ReadPreferences(paths_);
     } catch (const Error &error) {
         // Nothing worth ending the program for: it starts as it was shipped.
         read_.preferences = ShippedPreferences();
-        ShowMessage(
-            nullptr, QMessageBox::Warning,
-            ErrorReport(module_.operation, error, tr("The program starts with its shipped preferences.")));
+        ShowMessage(nullptr, QMessageBox::Warning,
+                    ErrorReport(QString::fromStdString(session_.operation), error,
+                                tr("The program starts with its shipped preferences.")));
     }
-    module_.preferences = read_.preferences;
-    widgets_.menu.ShowRecentProjects(module_.preferences.RecentProjectNames);
+    session_.preferences = read_.preferences;
+    widgets_.menu.ShowRecentProjects(session_.preferences.RecentProjectNames);
 }
 
 void PreferencesCommands::TellBadLines() {
@@ -63,7 +62,7 @@ void PreferencesCommands::TellBadLines() {
 void PreferencesCommands::Write() {
     const QString operation = tr("Saving the preferences");
     try {
-        WritePreferences(paths_, module_.preferences);
+        WritePreferences(paths_, session_.preferences);
     } catch (const Error &error) {
         ShowMessage(
             window_, QMessageBox::Warning,

@@ -4,7 +4,7 @@
 
 #include "MainMenu.h"
 #include "MapDisplay.h"
-#include "TargetEditorModule.h"
+#include "Session.h"
 
 namespace vtr {
 
@@ -21,7 +21,7 @@ class WaypointPanel;
 
 /// The parts of the main window, built and laid out; what they do together is wired elsewhere.
 struct MainWidgets {
-    MainWidgets(QMainWindow *window, TargetEditorModule &module);
+    MainWidgets(QMainWindow *window, Session &session);
 
     MainMenu menu;
     MapFrame *mapFrame;

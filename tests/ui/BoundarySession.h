@@ -1,10 +1,10 @@
 #pragma once
 
-#include "TargetEditorModule.h"
+#include "Session.h"
 
 namespace vtr {
 
 /// What the tests' event boundary tells of when an error reaches it.
-TargetEditorModule &BoundaryModule();
+Session &BoundarySession();
 
 }  // namespace vtr

@@ -12,7 +12,7 @@ class MapEditing : public QObject {
     Q_OBJECT
 
   public:
-    MapEditing(const TargetEditorModule &module, MainWidgets &widgets);
+    MapEditing(const Session &session, MainWidgets &widgets);
 
   private:
     void ShowPosition(const QMouseEvent &event);
@@ -21,7 +21,7 @@ class MapEditing : public QObject {
     bool SelectTargetAt(float x, float y);
     void Nudge(int dx, int dy);
 
-    const TargetEditorModule &module_;
+    const Session &session_;
     MainWidgets &widgets_;
 };
 

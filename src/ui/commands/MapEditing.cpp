@@ -32,8 +32,7 @@ QPoint PixelUnder(const QMouseEvent &event) {
 
 }  // namespace
 
-MapEditing::MapEditing(const TargetEditorModule &module, MainWidgets &widgets)
-    : module_(module), widgets_(widgets) {
+MapEditing::MapEditing(const Session &session, MainWidgets &widgets) : session_(session), widgets_(widgets) {
     MapSurface *map = widgets.mapFrame->Img_Map;
     connect(map, &MapSurface::MouseMoved, this, [this](const QMouseEvent *event) { ShowPosition(*event); });
     connect(map, &MapSurface::MousePressed, this, [this](const QMouseEvent *event) { OpenZoomMenu(*event); });
@@ -42,11 +41,11 @@ MapEditing::MapEditing(const TargetEditorModule &module, MainWidgets &widgets)
 }
 
 void MapEditing::ShowPosition(const QMouseEvent &event) {
-    if (!module_.campaign.ProjectLoaded)
+    if (!session_.campaign.ProjectLoaded)
         return;
     const QPoint at = PixelUnder(event);
     widgets_.sb_status->xypos->setText(QString::fromStdString(
-        CursorText(module_.view, static_cast<float>(at.x()), static_cast<float>(at.y()))));
+        CursorText(session_.view, static_cast<float>(at.x()), static_cast<float>(at.y()))));
 }
 
 void MapEditing::OpenZoomMenu(const QMouseEvent &event) {
@@ -56,12 +55,12 @@ void MapEditing::OpenZoomMenu(const QMouseEvent &event) {
 }
 
 void MapEditing::EditAt(const QMouseEvent &event) {
-    if (!module_.campaign.ProjectLoaded)
+    if (!session_.campaign.ProjectLoaded)
         return;
     const MainMenu &menu = widgets_.menu;
     const auto set = [this](const char *field, int value) { widgets_.Number(field).SetNumber(value); };
     const QPoint at = PixelUnder(event);
-    const MapPoint point = ScreenToMap(module_.view, static_cast<float>(at.x()), static_cast<float>(at.y()));
+    const MapPoint point = ScreenToMap(session_.view, static_cast<float>(at.x()), static_cast<float>(at.y()));
     const int x = RoundToInt32(point.x);
     const int y = RoundToInt32(point.y);
     const bool left = event.button() == Qt::LeftButton;
@@ -90,7 +89,7 @@ void MapEditing::EditAt(const QMouseEvent &event) {
 }
 
 bool MapEditing::SelectTargetAt(float x, float y) {
-    const auto &targets = module_.campaign.TargetTable;
+    const auto &targets = session_.campaign.TargetTable;
     const auto found = std::ranges::find_if(targets, [x, y](const TargetRecord &target) {
         return static_cast<float>(target.x) == x && static_cast<float>(target.y) == y;
     });
@@ -110,7 +109,7 @@ void MapEditing::Nudge(int dx, int dy) {
     for (const ItemFields &item : {ItemFields{menu.mnu_e_target, "upd_tar_x", "upd_tar_y"},
                                    ItemFields{menu.mnu_e_frontline, "upd_frnt_x", "upd_frnt_y"},
                                    ItemFields{menu.mnu_e_railway, "upd_rail_x1", "upd_rail_y1"}}) {
-        if (!module_.campaign.ProjectLoaded || !item.mode->isChecked())
+        if (!session_.campaign.ProjectLoaded || !item.mode->isChecked())
             continue;
         NumberField &field = widgets_.Number(dx != 0 ? item.x : item.y);
         field.SetNumber(field.value() + dx + dy);

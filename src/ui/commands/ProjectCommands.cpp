@@ -43,10 +43,10 @@ QString JoinedCaptions(const std::vector<std::string_view> &captions) {
 
 }  // namespace
 
-ProjectCommands::ProjectCommands(TargetEditorModule &module, MainWidgets &widgets, QMainWindow *window,
+ProjectCommands::ProjectCommands(Session &session, MainWidgets &widgets, QMainWindow *window,
                                  std::function<void()> redraw)
     : QObject(window),
-      module_(module),
+      session_(session),
       widgets_(widgets),
       window_(window),
       redraw_(std::move(redraw)),
@@ -60,17 +60,18 @@ ProjectCommands::ProjectCommands(TargetEditorModule &module, MainWidgets &widget
 }
 
 void ProjectCommands::Load(const std::string &path) {
-    const Operation loading(module_.operation, tr("Loading the project"));
+    const Operation loading(session_.operation, tr("Loading the project"));
     if (const auto refusal = RefusalOfProjectPath(path)) {
-        ShowMessage(window_, QMessageBox::Warning,
-                    ErrorReport(module_.operation, *refusal, tr("Nothing was changed.")));
+        ShowMessage(
+            window_, QMessageBox::Warning,
+            ErrorReport(QString::fromStdString(session_.operation), *refusal, tr("Nothing was changed.")));
         return;
     }
-    LoadProject(path, module_.campaign, *this);
+    LoadProject(path, session_.campaign, *this);
 }
 
 bool ProjectCommands::OfferExport(SaveDialogMode mode) {
-    if (!module_.campaign.ProjectLoaded)
+    if (!session_.campaign.ProjectLoaded)
         return true;
     const auto answer =
         QMessageBox::question(window_, programTitle, QStringLiteral("Do you wish to export this project?"),
@@ -98,31 +99,31 @@ void ProjectCommands::LoadDropped(const QString &path) {
 
 void ProjectCommands::LoadRecent(std::size_t index) {
     // A copy: the load itself moves the list.
-    const std::string file = module_.preferences.RecentProjectFiles[index];
+    const std::string file = session_.preferences.RecentProjectFiles[index];
     if (OfferExport(SaveDialogMode::Wait))
         Load(file);
 }
 
 void ProjectCommands::MakeNewProject() {
-    const Operation making(module_.operation, tr("Making the new project"));
-    frm_newproject dialog(module_.programFolder, window_);
+    const Operation making(session_.operation, tr("Making the new project"));
+    frm_newproject dialog(session_.programFolder, window_);
     if (dialog.exec() != QDialog::Accepted)
         return;
     if (!dialog.MapWasGenerated())
         return Load(dialog.ProjectPath());
     // From the generation of the map on, no failure ends the program. What was open stays so: half loaded,
     // the next save would write the tables of the one campaign over the files of the other.
-    const auto before = std::make_unique<TargetEditorModule>(module_);
+    const auto before = std::make_unique<Session>(session_);
     const QString nameBefore = widgets_.sb_status->project->text();
     const bool targetPanelBefore = widgets_.fra_target->isEnabled();
     try {
         Load(dialog.ProjectPath());
     } catch (const Error &error) {
         CloseProgress();
-        module_ = std::move(*before);
+        session_ = std::move(*before);
         widgets_.sb_status->project->setText(nameBefore);
-        widgets_.Img_SmallMap->ShowPicture(module_.map);
-        if (!module_.campaign.ProjectLoaded)
+        widgets_.Img_SmallMap->ShowPicture(session_.map);
+        if (!session_.campaign.ProjectLoaded)
             SetProjectControlsEnabled(false);
         widgets_.fra_target->setEnabled(targetPanelBefore);
         ShowMessage(
@@ -160,7 +161,7 @@ bool ProjectCommands::Save(const SaveBoxes &ticked) {
         ShowMessage(dialog, QMessageBox::Warning, ErrorReport(operation, error, consequence));
     };
     try {
-        SaveFiles(module_.campaign, ticked, module_.programFolder, progress, [&](int target) {
+        SaveFiles(session_.campaign, ticked, session_.programFolder, progress, [&](int target) {
             succeeded = false;
             ShowMessage(dialog, QMessageBox::Warning, QString::fromStdString(MessageOfMisfit(target)));
         });
@@ -199,7 +200,7 @@ void ProjectCommands::LoadMapPicture(const std::string &path) {
 }
 
 void ProjectCommands::EnableProjectControls() {
-    module_.view.MapZoom = 1;
+    session_.view.MapZoom = 1;
     SetProjectControlsEnabled(true);
 }
 
@@ -212,27 +213,27 @@ void ProjectCommands::SetProjectControlsEnabled(bool enabled) {
 }
 
 void ProjectCommands::CopyMapPicture() {
-    module_.map = std::move(overviewPicture_);
-    Canvas(widgets_.mapFrame->Img_Map->Surface()).Stretch(module_.map, 0, 0, 1);
+    session_.map = std::move(overviewPicture_);
+    Canvas(widgets_.mapFrame->Img_Map->Surface()).Stretch(session_.map, 0, 0, 1);
 }
 
 void ProjectCommands::DrawFrontlines() {
     if (!widgets_.menu.mnu_v_frontlines->isChecked())
         return;
     Canvas canvas(widgets_.mapFrame->Img_Map->Surface());
-    DrawFrontlineLayer(canvas, module_.view, module_.campaign, module_.preferences,
-                       module_.view.ViewFrontline, -1);
+    DrawFrontlineLayer(canvas, session_.view, session_.campaign, session_.preferences,
+                       session_.view.ViewFrontline, -1);
 }
 
 void ProjectCommands::DrawRailways() {
     if (!widgets_.menu.mnu_v_railways->isChecked())
         return;
     Canvas canvas(widgets_.mapFrame->Img_Map->Surface());
-    DrawRailwayLayer(canvas, module_.view, module_.campaign, module_.preferences);
+    DrawRailwayLayer(canvas, session_.view, session_.campaign, session_.preferences);
 }
 
 void ProjectCommands::ResetViewSelectors() {
-    module_.view.ViewFrontline = 0;
+    session_.view.ViewFrontline = 0;
     widgets_.Number("upd_viewfrontline").ShowRecordValue(0);
     widgets_.Number("upd_view_railway").ShowRecordValue(0);
     // The layer that tells it may be switched off.
@@ -244,9 +245,9 @@ void ProjectCommands::ZoomTo100() {
 }
 
 void ProjectCommands::UpdateRecentProjects() {
-    const ProjectPaths &paths = module_.campaign.paths;
-    vtr::UpdateRecentProjects(module_.preferences, paths.Name, paths.ProjectDir + paths.ProjectFile);
-    widgets_.menu.ShowRecentProjects(module_.preferences.RecentProjectNames);
+    const ProjectPaths &paths = session_.campaign.paths;
+    vtr::UpdateRecentProjects(session_.preferences, paths.Name, paths.ProjectDir + paths.ProjectFile);
+    widgets_.menu.ShowRecentProjects(session_.preferences.RecentProjectNames);
 }
 
 void ProjectCommands::SelectFirstItems() {

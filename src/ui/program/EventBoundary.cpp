@@ -9,8 +9,8 @@ namespace vtr {
 
 namespace {
 
-QString LostEdits(const TargetEditorModule &module) {
-    return module.campaign.ProjectLoaded
+QString LostEdits(const Session &session) {
+    return session.campaign.ProjectLoaded
                ? QStringLiteral(
                      "The program ends now. Edits that you had not saved, if any, are lost; the files that "
                      "you saved are as you saved them.")
@@ -19,17 +19,18 @@ QString LostEdits(const TargetEditorModule &module) {
 
 }  // namespace
 
-EventBoundary::EventBoundary(int &argc, char **argv, const TargetEditorModule &module)
-    : QApplication(argc, argv), module_(module) {}
+EventBoundary::EventBoundary(int &argc, char **argv, const Session &session)
+    : QApplication(argc, argv), session_(session) {}
 
 bool EventBoundary::notify(QObject *receiver, QEvent *event) {
     try {
         return QApplication::notify(receiver, event);
     } catch (const Error &error) {
-        Fail(ErrorReport(module_.operation, error, LostEdits(module_)));
+        Fail(ErrorReport(QString::fromStdString(session_.operation), error, LostEdits(session_)));
     } catch (const std::exception &error) {
         Fail(QStringLiteral("%1 failed.\n\n%2\n\n%3")
-                 .arg(module_.operation, QString::fromUtf8(error.what()), LostEdits(module_)));
+                 .arg(QString::fromStdString(session_.operation), QString::fromUtf8(error.what()),
+                      LostEdits(session_)));
     }
     return false;
 }

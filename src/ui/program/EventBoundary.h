@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "TargetEditorModule.h"
+#include "Session.h"
 
 namespace vtr {
 
@@ -12,14 +12,14 @@ class EventBoundary : public QApplication {
     Q_OBJECT
 
   public:
-    EventBoundary(int &argc, char **argv, const TargetEditorModule &module);
+    EventBoundary(int &argc, char **argv, const Session &session);
 
     bool notify(QObject *receiver, QEvent *event) override;
 
   private:
     void Fail(const QString &report);
 
-    const TargetEditorModule &module_;
+    const Session &session_;
     bool reporting_ = false;  ///< one message is enough
 };
 

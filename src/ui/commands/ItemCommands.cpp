@@ -17,9 +17,9 @@
 
 namespace vtr {
 
-ItemCommands::ItemCommands(TargetEditorModule &module, MainWidgets &widgets, QMainWindow *window,
+ItemCommands::ItemCommands(Session &session, MainWidgets &widgets, QMainWindow *window,
                            std::function<void()> redraw)
-    : QObject(window), module_(module), widgets_(widgets), window_(window), redraw_(std::move(redraw)) {
+    : QObject(window), session_(session), widgets_(widgets), window_(window), redraw_(std::move(redraw)) {
     connect(widgets.fra_target, &TargetPanel::FindRequested, this, &ItemCommands::FindTarget);
     connect(widgets.fra_target, &TargetPanel::ReorderRequested, this, &ItemCommands::ReorderAllTargets);
     connect(widgets.fra_target, &TargetPanel::TileRequested, this, &ItemCommands::ViewTile);
@@ -36,19 +36,19 @@ ItemCommands::ItemCommands(TargetEditorModule &module, MainWidgets &widgets, QMa
 void ItemCommands::FindTarget() {
     NumberField &selector = widgets_.Number("upd_tar_code");
     frm_findtarget(
-        module_.campaign.TargetTable, [&selector](int found) { selector.SetNumber(found); }, window_)
+        session_.campaign.TargetTable, [&selector](int found) { selector.SetNumber(found); }, window_)
         .exec();
 }
 
 void ItemCommands::ReorderAllTargets() {
-    const Operation reordering(module_.operation, tr("Reordering the targets"));
+    const Operation reordering(session_.operation, tr("Reordering the targets"));
     NumberField &selector = widgets_.Number("upd_tar_code");
     frm_progress progress(window_);
     progress.setWindowTitle(QStringLiteral("Reorder Targets..."));
     progress.show();
     double value = 0;
     const auto newIndices =
-        ReorderTargets(module_.campaign, [&](double step) { progress.SetProgress(value += step); });
+        ReorderTargets(session_.campaign, [&](double step) { progress.SetProgress(value += step); });
     if (!newIndices)
         ShowMessage(window_, QMessageBox::Warning, QString::fromUtf8(reorderFailedMessage));
     progress.hide();
@@ -60,8 +60,8 @@ void ItemCommands::ReorderAllTargets() {
 }
 
 bool ItemCommands::ShowTileAt(const char *xField, const char *yField, frm_precise &dialog) const {
-    const TerrainMap &terrain = module_.campaign.terrain;
-    const std::string file = module_.campaign.paths.PathOf(module_.campaign.paths.MapTM);
+    const TerrainMap &terrain = session_.campaign.terrain;
+    const std::string file = session_.campaign.paths.PathOf(session_.campaign.paths.MapTM);
     try {
         const std::uint8_t tile =
             TerrainByte(terrain, widgets_.Number(xField).value(), widgets_.Number(yField).value(),
@@ -78,7 +78,7 @@ bool ItemCommands::ShowTileAt(const char *xField, const char *yField, frm_precis
 void ItemCommands::PositionPrecisely(const PositionFields &fields) {
     NumberField &xMetres = widgets_.Number(fields.xm);
     NumberField &yMetres = widgets_.Number(fields.ym);
-    frm_precise dialog(module_.campaign.paths.TilesDir, window_);
+    frm_precise dialog(session_.campaign.paths.TilesDir, window_);
     dialog.SetPosition(ToInt16(xMetres.value()), ToInt16(yMetres.value()));
     if (!ShowTileAt(fields.x, fields.y, dialog))
         return;
@@ -88,7 +88,7 @@ void ItemCommands::PositionPrecisely(const PositionFields &fields) {
 }
 
 void ItemCommands::ViewTile() {
-    frm_precise dialog(module_.campaign.paths.TilesDir, window_);
+    frm_precise dialog(session_.campaign.paths.TilesDir, window_);
     if (ShowTileAt("upd_tar_x", "upd_tar_y", dialog))
         dialog.exec();
 }

@@ -12,7 +12,7 @@ class PreferencesCommands : public QObject {
     Q_OBJECT
 
   public:
-    PreferencesCommands(TargetEditorModule &module, MainWidgets &widgets, QMainWindow *window);
+    PreferencesCommands(Session &session, MainWidgets &widgets, QMainWindow *window);
 
     void Read();
     /// Lists the lines that Read passed over, if there were any.
@@ -21,7 +21,7 @@ class PreferencesCommands : public QObject {
     void Write();
 
   private:
-    TargetEditorModule &module_;
+    Session &session_;
     MainWidgets &widgets_;
     QMainWindow *window_;
     PreferencesPaths paths_;

@@ -18,7 +18,7 @@ class frm_main : public QMainWindow {
     Q_OBJECT
 
   public:
-    explicit frm_main(TargetEditorModule &module);
+    explicit frm_main(Session &session);
 
     /// Reads the preferences, shows the window and loads the project that commandLine names, if it names one.
     void Start(const QString &commandLine);
@@ -40,7 +40,7 @@ class frm_main : public QMainWindow {
     /// Takes the frame that the window got, once it has one, out of the window's own size.
     void FitFrame();
 
-    TargetEditorModule &module_;
+    Session &session_;
     MainWidgets widgets_;
     EditModes editModes_;
     MapEditing mapEditing_;

@@ -16,7 +16,7 @@ class ProjectCommands : public QObject, private LoadProjectWindow {
     Q_OBJECT
 
   public:
-    ProjectCommands(TargetEditorModule &module, MainWidgets &widgets, QMainWindow *window,
+    ProjectCommands(Session &session, MainWidgets &widgets, QMainWindow *window,
                     std::function<void()> redraw);
 
     /// Loads the project at path (UTF-8). An empty path or a folder is refused in a warning; any other
@@ -56,7 +56,7 @@ class ProjectCommands : public QObject, private LoadProjectWindow {
     void SelectFirstItems() override;
     void TellShortFiles(const std::vector<ShortFile> &files) override;
 
-    TargetEditorModule &module_;
+    Session &session_;
     MainWidgets &widgets_;
     QMainWindow *window_;
     std::function<void()> redraw_;

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <exception>
+#include <string>
 #include <utility>
 
 namespace vtr {
@@ -10,8 +11,8 @@ namespace vtr {
 /// report.
 class Operation {
   public:
-    Operation(QString &current, QString name)
-        : current_(current), previous_(std::exchange(current, std::move(name))) {}
+    Operation(std::string &current, const QString &name)
+        : current_(current), previous_(std::exchange(current, name.toStdString())) {}
     Operation(const Operation &) = delete;
     Operation &operator=(const Operation &) = delete;
     ~Operation() {
@@ -20,8 +21,8 @@ class Operation {
     }
 
   private:
-    QString &current_;
-    QString previous_;
+    std::string &current_;
+    std::string previous_;
     int errorsBefore_ = std::uncaught_exceptions();
 };
 

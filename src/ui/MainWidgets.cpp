@@ -17,17 +17,17 @@
 
 namespace vtr {
 
-MainWidgets::MainWidgets(QMainWindow *window, TargetEditorModule &module)
+MainWidgets::MainWidgets(QMainWindow *window, Session &session)
     : menu(window->menuBar()),
-      mapFrame(new MapFrame(module.view, window)),
+      mapFrame(new MapFrame(session.view, window)),
       Img_SmallMap(new Overview(window)),
-      fra_control(new ControlBox(module.campaign, window)),
-      fra_target(new TargetPanel(module.campaign, window)),
-      fra_airfield(new AirfieldPanel(module.campaign, window)),
-      fra_frontline(new FrontlinePanel(module.campaign, window)),
-      fra_railway(new RailwayPanel(module.campaign, window)),
-      fra_roadint(new WaypointPanel(WaypointPanel::Kind::Road, module.campaign, window)),
-      fra_railint(new WaypointPanel(WaypointPanel::Kind::Rail, module.campaign, window)),
+      fra_control(new ControlBox(session.campaign, window)),
+      fra_target(new TargetPanel(session.campaign, window)),
+      fra_airfield(new AirfieldPanel(session.campaign, window)),
+      fra_frontline(new FrontlinePanel(session.campaign, window)),
+      fra_railway(new RailwayPanel(session.campaign, window)),
+      fra_roadint(new WaypointPanel(WaypointPanel::Kind::Road, session.campaign, window)),
+      fra_railint(new WaypointPanel(WaypointPanel::Kind::Rail, session.campaign, window)),
       sb_status(new StatusBar(window)),
       window_(window) {
     auto *centre = new QWidget(window);

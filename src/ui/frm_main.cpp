@@ -39,14 +39,14 @@ QString ProjectFileIn(const QDropEvent &event) {
 
 }  // namespace
 
-frm_main::frm_main(TargetEditorModule &module)
-    : module_(module),
-      widgets_(this, module),
+frm_main::frm_main(Session &session)
+    : session_(session),
+      widgets_(this, session),
       editModes_(widgets_),
-      mapEditing_(module, widgets_),
-      itemCommands_(module, widgets_, this, [this] { Redraw(); }),
-      preferencesCommands_(module, widgets_, this),
-      projectCommands_(module, widgets_, this, [this] { Redraw(); }),
+      mapEditing_(session, widgets_),
+      itemCommands_(session, widgets_, this, [this] { Redraw(); }),
+      preferencesCommands_(session, widgets_, this),
+      projectCommands_(session, widgets_, this, [this] { Redraw(); }),
       tmr_TargetFlash_(this) {
     setObjectName(QStringLiteral("frm_main"));
     setWindowTitle(programTitle);
@@ -80,10 +80,10 @@ void frm_main::Start(const QString &commandLine) {
 }
 
 void frm_main::Redraw() {
-    const Operation drawing(module_.operation, tr("Drawing the map"));
+    const Operation drawing(session_.operation, tr("Drawing the map"));
     MapSurface &map = *widgets_.mapFrame->Img_Map;
-    const auto disabledLines = vtr::Redraw(map.Surface(), module_.map, module_.campaign, module_.preferences,
-                                           widgets_.Display(), module_.view);
+    const auto disabledLines = vtr::Redraw(map.Surface(), session_.map, session_.campaign,
+                                           session_.preferences, widgets_.Display(), session_.view);
     if (disabledLines)
         widgets_.fra_control->ShowDisabledLines(QString::fromStdString(*disabledLines));
     map.update();
@@ -110,24 +110,24 @@ void frm_main::WireMenus() {
 void frm_main::AddZoomEntry(QAction *entry, void (*command)(MapView &view, ScrollBars bars)) {
     connect(entry, &QAction::triggered, this, [this, command] {
         widgets_.mapFrame->Zoom(command);
-        widgets_.menu.ShowZoom(module_.view.zoomMenu);
-        widgets_.sb_status->zoom->setText(QString::fromStdString(ZoomText(module_.view)));
+        widgets_.menu.ShowZoom(session_.view.zoomMenu);
+        widgets_.sb_status->zoom->setText(QString::fromStdString(ZoomText(session_.view)));
         Redraw();
     });
 }
 
 void frm_main::WireMap() {
     connect(widgets_.mapFrame, &MapFrame::AreaChanged, this,
-            [this] { widgets_.Img_SmallMap->ShowArea(module_.view.shp_area); });
+            [this] { widgets_.Img_SmallMap->ShowArea(session_.view.shp_area); });
     connect(widgets_.Img_SmallMap, &Overview::Clicked, this, [this] {
-        if (module_.campaign.ProjectLoaded)
+        if (session_.campaign.ProjectLoaded)
             Redraw();
     });
     tmr_TargetFlash_.setObjectName(QStringLiteral("tmr_TargetFlash"));
     tmr_TargetFlash_.setInterval(750);
     connect(&tmr_TargetFlash_, &QTimer::timeout, this, [this] {
-        if (module_.campaign.ProjectLoaded && widgets_.menu.mnu_v_targets->isChecked() &&
-            module_.preferences.FlashTarget != 0)
+        if (session_.campaign.ProjectLoaded && widgets_.menu.mnu_v_targets->isChecked() &&
+            session_.preferences.FlashTarget != 0)
             Redraw();
     });
     tmr_TargetFlash_.start();
@@ -145,7 +145,7 @@ void frm_main::WirePanels() {
     ControlBox *control = widgets_.fra_control;
     connect(control, &ControlBox::Changed, this, &frm_main::Redraw);
     connect(control, &ControlBox::ViewFrontlineChanged, this, [this](int slot) {
-        module_.view.ViewFrontline = ToInt16(slot);
+        session_.view.ViewFrontline = ToInt16(slot);
         Redraw();
     });
     connect(control, &ControlBox::ViewRailwayChanged, this, [this](int line) {
