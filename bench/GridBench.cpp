@@ -27,7 +27,7 @@ void Scatter(Campaign &campaign, unsigned seed) {
         campaign.TargetTable[t].x = column(random);
         campaign.TargetTable[t].y = row(random);
         campaign.TargetTable[t].name = "Bridge over the river " + std::to_string(t);
-        campaign.flx_targets[t] = {std::to_string(random() % 4100), "1025.00390625"};
+        campaign.TargetTable[t].fineOffsets = {static_cast<double>(random() % 4100), 1025.00390625};
     }
 }
 

@@ -5,7 +5,7 @@
 
 namespace vtr {
 
-FineOffset FineOffsetAt(Point place, std::uint32_t seed) {
+double FineOffsetAt(Point place, std::uint32_t seed) {
     constexpr int partsOfTile = 4 << 16;
     const auto part = static_cast<int>(Hash(place.x, place.y, seed) % partsOfTile);
     // Exact: part is divided by a power of two, and the product has at most 31 bits.

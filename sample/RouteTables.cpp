@@ -90,14 +90,13 @@ void FillRailways(const Theatre &theatre, Campaign &campaign) {
         for (std::size_t line = 0; line < lines; ++line) {
             const Point from = placeAt(line);
             const Point to = placeAt(line + 1);
-            campaign.RailwayTable[used] = LineBetween(from, to);
-            campaign.flx_rrd[used++] = {FineOffsetAt(from, 701), FineOffsetAt(to, 701),
-                                        FineOffsetAt(from, 703), FineOffsetAt(to, 703)};
+            RailwayLine &drawn = campaign.RailwayTable[used++];
+            drawn = LineBetween(from, to);
+            drawn.fineOffsets = {FineOffsetAt(from, 701), FineOffsetAt(to, 701), FineOffsetAt(from, 703),
+                                 FineOffsetAt(to, 703)};
         }
     }
     campaign.RailwayLineCount = ToInt16(static_cast<int>(used));
-    for (; used < railwayLineTotal; ++used)
-        campaign.flx_rrd[used].fill(0.0);
 }
 
 void FillInterdictionPaths(const Theatre &theatre, Campaign &campaign) {

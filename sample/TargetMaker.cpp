@@ -142,7 +142,7 @@ void FillTargets(const Theatre &theatre, Campaign &campaign) {
             target.airfield_ref =
                 static_cast<std::uint16_t>(std::ranges::find(sites, *draft.airfieldSite) - sites.begin());
         }
-        campaign.flx_targets[i] = {FineOffsetAt(draft.place, 521), FineOffsetAt(draft.place, 523)};
+        target.fineOffsets = {FineOffsetAt(draft.place, 521), FineOffsetAt(draft.place, 523)};
     }
     FillAirfields(theatre, sites, campaign);
 }

@@ -64,11 +64,4 @@ std::optional<double> FindNumber(std::string_view text) {
     return value;
 }
 
-double NumberOfText(std::string_view text, const Place &place) {
-    const std::optional<double> value = FindNumber(text);
-    if (!value)
-        throw Error(ErrorKind::TypeMismatch, place, "a decimal number", "\"" + std::string(text) + "\"");
-    return *value;
-}
-
 }  // namespace vtr

@@ -61,7 +61,5 @@ std::string ShortestText(double value);
 /// The number that text holds as a whole, blanks before it allowed, in the C locale; none when it holds
 /// something else.
 std::optional<double> FindNumber(std::string_view text);
-/// The same; throws a type-mismatch Error when it holds something else.
-double NumberOfText(std::string_view text, const Place &place = {});
 
 }  // namespace vtr

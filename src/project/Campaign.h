@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <string>
 
-#include "FineOffset.h"
 #include "ProjectPaths.h"
 #include "TerrainMap.h"
 
@@ -23,6 +22,10 @@ constexpr std::size_t waypointTotal = 12;
 /// What the game's files store for "set" in a word that is a flag.
 constexpr std::uint16_t flagSet = 65535;
 
+/// Where a position lies within its map pixel: metres from the tile's left or upper edge, 0 to 4100.
+template <std::size_t Positions>
+using FineOffsets = std::array<double, Positions>;
+
 /// Rows that no real point lies on: what an end marker of 255 bytes and an all-zero position convert to.
 constexpr bool IsMarkerRow(std::int16_t y) {
     return y == 1759 || y == 1760;
@@ -38,6 +41,7 @@ struct TargetRecord {
     std::uint16_t extra_word = 0;
     std::uint16_t airfield_mark = 0;  ///< flagSet or 0
     std::uint16_t airfield_ref = 0;   ///< index into AirfieldTable
+    FineOffsets<2> fineOffsets{};     ///< of x, y
 
     bool operator==(const TargetRecord &) const = default;
 };
@@ -75,13 +79,15 @@ constexpr std::array<std::uint8_t AirfieldRecord::*, airfieldYears.size()> airfi
     &AirfieldRecord::base_1940, &AirfieldRecord::base_1943, &AirfieldRecord::base_1944,
     &AirfieldRecord::base_1945};
 
-/// A line from (x1, y1) to (x2, y2) in map pixels; four zeros mean that it is unused.
+/// A line from (x1, y1) to (x2, y2) in map pixels.
 struct RailwayLine {
     std::int16_t x1 = 0;
     std::int16_t x2 = 0;
     std::int16_t y1 = 0;
     std::int16_t y2 = 0;
+    FineOffsets<4> fineOffsets{};  ///< of x1, x2, y1, y2
 
+    bool IsUnused() const { return x1 == 0 && x2 == 0 && y1 == 0 && y2 == 0; }
     bool operator==(const RailwayLine &) const = default;
 };
 
@@ -138,11 +144,6 @@ struct Campaign {
     std::array<Frontline, frontlineTotal> FrontlineTable;
     std::array<WaypointPath, roadPathTotal> RoadWaypointTable;
     std::array<WaypointPath, railPathTotal> RailWaypointTable;
-
-    /// The fine offsets: of each target its X and Y, ...
-    std::array<std::array<FineOffset, 2>, targetTotal> flx_targets;
-    /// ... and of each railway line those of x1, x2, y1, y2.
-    std::array<std::array<FineOffset, 4>, railwayLineTotal> flx_rrd;
 };
 
 }  // namespace vtr

@@ -30,6 +30,10 @@ FrontlinePoint &PointAt(Campaign &campaign, int slot, int point) {
     return frontline.points[IndexOf("frontline point", point, frontlinePointTotal)];
 }
 
+RailwayLine &LineAt(Campaign &campaign, int line) {
+    return campaign.RailwayTable[IndexOf("railway line", line, railwayLineTotal)];
+}
+
 std::size_t NameEntryOf(const Campaign &campaign, int target) {
     const std::size_t index = IndexOf("target", target, targetTotal);
     return CheckIndex(campaign.TargetTable[index].code, targetNameTotal, At("target", target));
@@ -43,8 +47,7 @@ void SetTargetPixel(Campaign &campaign, int target, Axis axis, int pixel) {
 }
 
 void SetTargetFineOffset(Campaign &campaign, int target, Axis axis, int metres) {
-    auto &offsets = campaign.flx_targets[IndexOf("target", target, targetTotal)];
-    offsets[axis == Axis::X ? 0 : 1] = static_cast<double>(metres);
+    TargetAt(campaign, target).fineOffsets[axis == Axis::X ? 0 : 1] = metres;
 }
 
 void SetTargetCount(Campaign &campaign, int target, int count) {
@@ -103,18 +106,18 @@ void CopyFrontlineIntoAllSlots(Campaign &campaign, int slot) {
 }
 
 void SetRailwayPixel(Campaign &campaign, int line, RailwayCoordinate coordinate, int pixel) {
-    RailwayLine &record = campaign.RailwayTable[IndexOf("railway line", line, railwayLineTotal)];
-    record.*railwayPixels[coordinate] = ToInt16(pixel, At("railway line", line));
+    LineAt(campaign, line).*railwayPixels[coordinate] = ToInt16(pixel, At("railway line", line));
 }
 
 void SetRailwayFineOffset(Campaign &campaign, int line, RailwayCoordinate coordinate, int metres) {
-    auto &offsets = campaign.flx_rrd[IndexOf("railway line", line, railwayLineTotal)];
-    offsets[coordinate] = static_cast<double>(metres);
+    LineAt(campaign, line).fineOffsets[coordinate] = metres;
 }
 
 void DisableRailwayFrom(Campaign &campaign, int line) {
     IndexOf("railway line", line, railwayLineTotal);
-    std::fill(campaign.RailwayTable.begin() + line, campaign.RailwayTable.end(), RailwayLine{});
+    for (auto cleared = campaign.RailwayTable.begin() + line; cleared != campaign.RailwayTable.end();
+         ++cleared)
+        *cleared = {.fineOffsets = cleared->fineOffsets};
     campaign.firstDisabledRailwayLine = ToInt16(line);
 }
 

@@ -29,7 +29,7 @@ void SetFrontlinePointOnMap(Campaign &campaign, int slot, int point, bool onMap)
 /// Copies all points of a slot into every slot.
 void CopyFrontlineIntoAllSlots(Campaign &campaign, int slot);
 
-/// The four coordinates of a railway line: indexes in the order of the file and of a row of flx_rrd.
+/// The four coordinates of a railway line: indexes in the order of the file and of a line's fineOffsets.
 enum RailwayCoordinate : std::size_t { X1, X2, Y1, Y2 };
 constexpr std::array<std::int16_t RailwayLine::*, 4> railwayPixels{&RailwayLine::x1, &RailwayLine::x2,
                                                                    &RailwayLine::y1, &RailwayLine::y2};

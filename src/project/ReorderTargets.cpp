@@ -71,7 +71,6 @@ std::optional<NewTargetIndices> ReorderTargets(Campaign &campaign,
     for (std::size_t n = 0; n < targetTotal; ++n)
         newIndices[order[n]] = n;
     Rearrange(campaign.TargetTable, order);
-    Rearrange(campaign.flx_targets, order);
     return newIndices;
 }
 

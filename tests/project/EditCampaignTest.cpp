@@ -23,8 +23,8 @@ TEST_F(EditCampaignTest, ATargetsPixelsFineOffsetsAndCountAreSetOneByOne) {
     EXPECT_EQ(campaign->TargetTable[301].x, 639);
     EXPECT_EQ(campaign->TargetTable[301].y, 319);
     EXPECT_EQ(campaign->TargetTable[301].count, 64);
-    EXPECT_EQ(campaign->flx_targets[301][0], "4100");
-    EXPECT_EQ(campaign->flx_targets[301][1], "0");
+    EXPECT_EQ(campaign->TargetTable[301].fineOffsets[0], 4100);
+    EXPECT_EQ(campaign->TargetTable[301].fineOffsets[1], 0);
     EXPECT_EQ(campaign->TargetTable[300].x, 0);
 }
 
@@ -110,24 +110,21 @@ TEST_F(EditCampaignTest, ARailwayLinesCoordinatesGoWhereTheFileHasThem) {
         SetRailwayFineOffset(*campaign, 893, coordinate, 1000 + pixel);
         ++pixel;
     }
-    EXPECT_EQ(campaign->RailwayTable[893], (RailwayLine{.x1 = 1, .x2 = 2, .y1 = 3, .y2 = 4}));
-    EXPECT_EQ(campaign->flx_rrd[893], (std::array<FineOffset, 4>{"1001", "1002", "1003", "1004"}));
+    EXPECT_EQ(campaign->RailwayTable[893],
+              (RailwayLine{.x1 = 1, .x2 = 2, .y1 = 3, .y2 = 4, .fineOffsets = {1001, 1002, 1003, 1004}}));
 }
 
 TEST_F(EditCampaignTest, DisablingClearsBothEndsFromALineOnAndKeepsTheFineOffsets) {
-    campaign->RailwayTable.fill({.x1 = 1, .x2 = 2, .y1 = 3, .y2 = 4});
-    for (auto &row : campaign->flx_rrd)
-        row.fill("7.5");
+    campaign->RailwayTable.fill({.x1 = 1, .x2 = 2, .y1 = 3, .y2 = 4, .fineOffsets = {7.5, 7.5, 7.5, 7.5}});
     DisableRailwayFrom(*campaign, 850);
     EXPECT_EQ(campaign->firstDisabledRailwayLine, 850);
     EXPECT_EQ(campaign->RailwayTable[849].y2, 4);
     for (std::size_t line = 850; line < 894; ++line) {
-        EXPECT_EQ(campaign->RailwayTable[line], RailwayLine{}) << line;
-        EXPECT_EQ(campaign->flx_rrd[line][3], "7.5") << line;
+        EXPECT_EQ(campaign->RailwayTable[line], (RailwayLine{.fineOffsets = {7.5, 7.5, 7.5, 7.5}})) << line;
     }
     EnableRailway(*campaign);
     EXPECT_EQ(campaign->firstDisabledRailwayLine, 0);
-    EXPECT_EQ(campaign->RailwayTable[850], RailwayLine{});
+    EXPECT_TRUE(campaign->RailwayTable[850].IsUnused());
 }
 
 TEST_F(EditCampaignTest, DisablingFromLine0ClearsEveryLine) {

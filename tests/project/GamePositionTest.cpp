@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <charconv>
 #include <cmath>
+#include <random>
 
 #include "ErrorThrownBy.h"
 #include "GamePosition.h"
@@ -57,18 +57,18 @@ TEST(GamePosition, OverflowNamesThePlace) {
 }
 
 TEST(GamePosition, FineOffsetsAreMetresWithinTheTile) {
-    EXPECT_EQ(FineOffsetOfGamePosition(Axis::X, Position{0, 0, 0, 0}), "0");
-    EXPECT_EQ(FineOffsetOfGamePosition(Axis::X, Position{0, 0, 1, 0}), "1025");
-    EXPECT_EQ(FineOffsetOfGamePosition(Axis::Y, Position{0, 0, 2, 0}), "2050");
-    EXPECT_EQ(FineOffsetOfGamePosition(Axis::X, Position{0, 1, 0, 0}), "4.00390625");
-    EXPECT_EQ(FineOffsetOfGamePosition(Axis::X, Position{1, 0, 0, 0}), "0.0156402587890625");
-    EXPECT_EQ(FineOffsetOfGamePosition(Axis::Y, Position{255, 255, 3, 0}), "4099.984359741211");
+    EXPECT_EQ(FineOffsetOfGamePosition(Axis::X, Position{0, 0, 0, 0}), 0);
+    EXPECT_EQ(FineOffsetOfGamePosition(Axis::X, Position{0, 0, 1, 0}), 1025);
+    EXPECT_EQ(FineOffsetOfGamePosition(Axis::Y, Position{0, 0, 2, 0}), 2050);
+    EXPECT_EQ(FineOffsetOfGamePosition(Axis::X, Position{0, 1, 0, 0}), 4.00390625);
+    EXPECT_EQ(FineOffsetOfGamePosition(Axis::X, Position{1, 0, 0, 0}), 0.0156402587890625);
+    EXPECT_EQ(FineOffsetOfGamePosition(Axis::Y, Position{255, 255, 3, 0}), 4099.984359741211);
 }
 
 TEST(GamePosition, FineOffsetsOfNegativePositionsAreNeverNegative) {
-    EXPECT_EQ(FineOffsetOfGamePosition(Axis::X, PositionOf(-641)), "3075");
-    EXPECT_EQ(FineOffsetOfGamePosition(Axis::X, PositionOf(-32768, 128 * 256)), "512.5");
-    EXPECT_EQ(FineOffsetOfGamePosition(Axis::Y, PositionOf(-7042)), "2050");
+    EXPECT_EQ(FineOffsetOfGamePosition(Axis::X, PositionOf(-641)), 3075);
+    EXPECT_EQ(FineOffsetOfGamePosition(Axis::X, PositionOf(-32768, 128 * 256)), 512.5);
+    EXPECT_EQ(FineOffsetOfGamePosition(Axis::Y, PositionOf(-7042)), 2050);
 }
 
 TEST(GamePosition, PixelsAreStoredAsTheTwosComplementOfQuarterTiles) {
@@ -91,67 +91,60 @@ TEST(GamePosition, StoringTrapsEachStepBeyond16Bits) {
         EXPECT_EQ(KindThrownBy([pixel] { StoredUpperHalf(Axis::Y, pixel); }), ErrorKind::Overflow) << pixel;
 }
 
-Position Encoded(Axis axis, std::int16_t pixel, const FineOffset &fine) {
+Position Encoded(Axis axis, std::int16_t pixel, double fine) {
     Position bytes{};
     EncodeGamePosition(axis, pixel, fine, bytes);
     return bytes;
 }
 
 TEST(GamePosition, WritesTheBytesOfPixelAndFineOffset) {
-    EXPECT_EQ(Encoded(Axis::X, 0, "0"), (Position{0, 0, 0x80, 0xFD}));
-    EXPECT_EQ(Encoded(Axis::X, 639, "1025"), (Position{0, 0, 0x7D, 0x07}));
-    EXPECT_EQ(Encoded(Axis::Y, 319, "512.5"), (Position{0, 128, 0x7C, 0xE9}));
-    EXPECT_EQ(Encoded(Axis::X, 160, "4.00390625"), (Position{0, 1, 0, 0}));
+    EXPECT_EQ(Encoded(Axis::X, 0, 0), (Position{0, 0, 0x80, 0xFD}));
+    EXPECT_EQ(Encoded(Axis::X, 639, 1025), (Position{0, 0, 0x7D, 0x07}));
+    EXPECT_EQ(Encoded(Axis::Y, 319, 512.5), (Position{0, 128, 0x7C, 0xE9}));
+    EXPECT_EQ(Encoded(Axis::X, 160, 4.00390625), (Position{0, 1, 0, 0}));
     // 1000 m: 1000 / 4100 * 1024 = 249.756..., and .756 * 256 = 193.56.
-    EXPECT_EQ(Encoded(Axis::X, 160, "1000"), (Position{193, 249, 0, 0}));
+    EXPECT_EQ(Encoded(Axis::X, 160, 1000), (Position{193, 249, 0, 0}));
 }
 
 TEST(GamePosition, AFineOffsetOfAWholeTileCarriesIntoTheNextPixelUntilTheByteIsFull) {
-    EXPECT_EQ(Encoded(Axis::X, 160, "4100"), (Position{0, 0, 4, 0}));
+    EXPECT_EQ(Encoded(Axis::X, 160, 4100), (Position{0, 0, 4, 0}));
     // Pixel 223 is stored as 252, 0: four more quarters do not fit the byte.
-    EXPECT_EQ(Encoded(Axis::X, 223, "4099"), (Position{0xC0, 0xFF, 255, 0}));
-    EXPECT_EQ(KindThrownBy([] { Encoded(Axis::X, 223, "4100"); }), ErrorKind::Overflow);
-    EXPECT_EQ(KindThrownBy([] { Encoded(Axis::X, 160, "-1"); }), ErrorKind::Overflow);
-    EXPECT_EQ(KindThrownBy([] { Encoded(Axis::X, 160, "1e300"); }), ErrorKind::Overflow);
-}
-
-TEST(GamePosition, AFineOffsetThatIsNoNumberIsATypeMismatch) {
-    for (const char *text : {"", "12 m", "1,5"})
-        EXPECT_EQ(KindThrownBy([text] { Encoded(Axis::X, 0, text); }), ErrorKind::TypeMismatch) << text;
+    EXPECT_EQ(Encoded(Axis::X, 223, 4099), (Position{0xC0, 0xFF, 255, 0}));
+    EXPECT_EQ(KindThrownBy([] { Encoded(Axis::X, 223, 4100); }), ErrorKind::Overflow);
+    EXPECT_EQ(KindThrownBy([] { Encoded(Axis::X, 160, -1); }), ErrorKind::Overflow);
+    EXPECT_EQ(KindThrownBy([] { Encoded(Axis::X, 160, 1e300); }), ErrorKind::Overflow);
 }
 
 TEST(GamePosition, ARefusedPositionLeavesTheBytesAsTheyWere) {
     Position bytes{1, 2, 3, 4};
-    EXPECT_THROW(EncodeGamePosition(Axis::X, 223, "4100", bytes), Error);
+    EXPECT_THROW(EncodeGamePosition(Axis::X, 223, 4100, bytes), Error);
     EXPECT_EQ(bytes, (Position{1, 2, 3, 4}));
-}
-
-TEST(GamePosition, EveryFineOffsetIsTheShortestTextOfItsMetres) {
-    for (int fractions = 0; fractions < 4 * 65536; ++fractions) {
-        std::array<char, 32> text;
-        const auto end = std::to_chars(text.data(), text.data() + text.size(), fractions / 262144.0 * 4100);
-        const Position bytes = PositionOf(fractions / 65536, fractions % 65536);
-        ASSERT_EQ(FineOffsetOfGamePosition(Axis::X, bytes).Text(), std::string_view(text.data(), end.ptr));
-    }
 }
 
 TEST(GamePosition, EveryFractionOfATileSurvivesLoadingAndSaving) {
     for (const int tile : {-640, -32768, 0, 252, 32124})
         for (int fractions = 0; fractions < 4 * 65536; ++fractions) {
             const Position bytes = PositionOf(tile + fractions / 65536, fractions % 65536);
-            const FineOffset read = FineOffsetOfGamePosition(Axis::X, bytes);
-            const std::string text = read.Text();
-            const std::int16_t pixel = PixelOfGamePosition(Axis::X, bytes);
-            ASSERT_EQ(std::strtod(text.c_str(), nullptr), fractions / 262144.0 * 4100) << text;
-            ASSERT_EQ(Encoded(Axis::X, pixel, read), bytes) << text;
-            ASSERT_EQ(Encoded(Axis::X, pixel, text), bytes) << text;
+            const double read = FineOffsetOfGamePosition(Axis::X, bytes);
+            ASSERT_EQ(read, fractions / 262144.0 * 4100);
+            ASSERT_EQ(Encoded(Axis::X, PixelOfGamePosition(Axis::X, bytes), read), bytes) << read;
         }
+}
+
+TEST(GamePosition, AnyMetresAreRoundedDownToAStepOfTheFile) {
+    std::mt19937 random(4100);
+    for (int run = 0; run < 10000; ++run) {
+        const double metres = static_cast<double>(random()) / 4294967296 * 4100;
+        const double read = FineOffsetOfGamePosition(Axis::X, Encoded(Axis::X, 160, metres));
+        ASSERT_LE(read, metres);
+        ASSERT_GT(read, metres - 4100.0 / 262144);
+    }
 }
 
 TEST(GamePosition, EveryPixelSurvivesSavingAndLoading) {
     for (const Axis axis : {Axis::X, Axis::Y})
         for (std::int16_t pixel = -6432; pixel < 8192; ++pixel)
-            ASSERT_EQ(PixelOfGamePosition(axis, Encoded(axis, pixel, "2050")), pixel);
+            ASSERT_EQ(PixelOfGamePosition(axis, Encoded(axis, pixel, 2050)), pixel);
 }
 
 TEST(GamePosition, ATwoByteValueOf255And255ReadsAsNone) {

@@ -11,7 +11,6 @@ namespace vtr {
 namespace {
 
 using Record = std::array<std::uint8_t, 24>;
-using FineOffsets = std::array<FineOffset, 4>;
 
 // Bytes that no writer of ours makes stand where the record has no meaning.
 constexpr Record recordByHand{0x00, 0x80, 0x11, 0xFF,  // 0: x1, -239.5 quarter tiles
@@ -19,8 +18,8 @@ constexpr Record recordByHand{0x00, 0x80, 0x11, 0xFF,  // 0: x1, -239.5 quarter 
                               0x00, 0x00, 0x80, 0xE4,  // 8: y1, -7040
                               0xFF, 0xFF, 0xA3, 0xE7,  // 12: y2, -6237 and nearly one
                               0xA1, 0xA2, 0xA3, 0xA4, 0xA5, 0xA6, 0xA7, 0xA8};  // 16
-constexpr RailwayLine lineByHand{.x1 = 100, .x2 = 639, .y1 = 0, .y2 = 200};
-const FineOffsets fineOffsetsByHand{"1537.5", "0", "0", "4099.984359741211"};
+constexpr RailwayLine lineByHand{
+    .x1 = 100, .x2 = 639, .y1 = 0, .y2 = 200, .fineOffsets = {1537.5, 0, 0, 4099.984359741211}};
 
 /// Pixel 0 on both axes.
 constexpr Record unusedRecord{0, 0, 0x80, 0xFD, 0, 0, 0x80, 0xFD, 0, 0, 0x80, 0xE4, 0, 0, 0x80, 0xE4};
@@ -62,28 +61,24 @@ class RailwayFile : public testing::Test {
 
 TEST_F(RailwayFile, ReadsARecordByteByByte) {
     RailwayLine line;
-    FineOffsets fineOffsets;
-    DecodeRailwayLine(recordByHand, line, fineOffsets);
+    DecodeRailwayLine(recordByHand, line);
     EXPECT_EQ(line, lineByHand);
-    EXPECT_EQ(fineOffsets, fineOffsetsByHand);
 }
 
 TEST_F(RailwayFile, WritesARecordByteByByteAndLeavesTheOtherBytesOfTheSpan) {
     Record record = recordByHand;
-    EncodeRailwayLine(lineByHand, fineOffsetsByHand, record);
+    EncodeRailwayLine(lineByHand, record);
     EXPECT_EQ(record, recordByHand);
 
     Record expected = recordByHand;
     std::fill(expected.begin() + 16, expected.end(), std::uint8_t{0});
     Record fresh{};
-    EncodeRailwayLine(lineByHand, fineOffsetsByHand, fresh);
+    EncodeRailwayLine(lineByHand, fresh);
     EXPECT_EQ(fresh, expected);
 }
 
 TEST_F(RailwayFile, StandsInTheFileWithAHeaderOf894) {
-    campaign->flx_rrd.fill({"0", "0", "0", "0"});
     campaign->RailwayTable[893] = lineByHand;
-    campaign->flx_rrd[893] = fineOffsetsByHand;
     const Bytes file = EncodeRailway(*campaign);
     ASSERT_EQ(file.size(), 21460U);
     EXPECT_EQ((Bytes(file.begin(), file.begin() + 4)), (Bytes{126, 3, 0, 0}));
@@ -145,7 +140,6 @@ TEST_F(RailwayFile, Of1000RandomTablesIsReadAsItWasWrittenAndWrittenAgainTheSame
         const auto before = campaign->RailwayTable;
         const Bytes file = EncodeRailway(*campaign);
         campaign->RailwayTable.fill({});
-        campaign->flx_rrd.fill({});
         Decode(file);
         ASSERT_TRUE(campaign->RailwayTable == before) << run;
         ASSERT_EQ(EncodeRailway(*campaign), file) << run;
@@ -156,7 +150,6 @@ TEST_F(RailwayFile, Of1000RandomTablesIsReadAsItWasWrittenAndWrittenAgainTheSame
 TEST_F(RailwayFile, ChangingOneFieldChangesOnlyItsPosition) {
     const Bytes before = RandomFile();
     const RailwayLine line = campaign->RailwayTable[17];
-    const FineOffsets fineOffsets = campaign->flx_rrd[17];
     const std::array<std::int16_t RailwayLine::*, 4> fields{&RailwayLine::x1, &RailwayLine::x2,
                                                             &RailwayLine::y1, &RailwayLine::y2};
     for (std::size_t i = 0; i < 4; ++i) {
@@ -165,9 +158,9 @@ TEST_F(RailwayFile, ChangingOneFieldChangesOnlyItsPosition) {
         ExpectChangeOnlyWithin(before, EncodeRailway(*campaign), position + 2, 2);
         campaign->RailwayTable[17] = line;
 
-        campaign->flx_rrd[17][i] = fineOffsets[i] == "2000" ? "1000" : "2000";
+        campaign->RailwayTable[17].fineOffsets[i] = line.fineOffsets[i] == 2000 ? 1000 : 2000;
         ExpectChangeOnlyWithin(before, EncodeRailway(*campaign), position, 4);
-        campaign->flx_rrd[17] = fineOffsets;
+        campaign->RailwayTable[17] = line;
     }
     EXPECT_EQ(EncodeRailway(*campaign), before);
 }
@@ -198,10 +191,8 @@ TEST_F(RailwayFile, CutAtAnyLengthReadsTheMissingBytesAsZeroAndIsReportedOnce) {
             for (std::size_t b = 0; b < 24; ++b)
                 record[b] = 4 + 24 * i + b < length ? file[4 + 24 * i + b] : std::uint8_t{0};
             RailwayLine line;
-            FineOffsets fineOffsets;
-            DecodeRailwayLine(record, line, fineOffsets);
+            DecodeRailwayLine(record, line);
             ASSERT_EQ(campaign->RailwayTable[i], line) << length << ", " << i;
-            ASSERT_EQ(campaign->flx_rrd[i], fineOffsets) << length << ", " << i;
         }
         ASSERT_EQ(campaign->RailwayLineCount, length < 4 + 24 * 881 + 16 ? 0 : 880) << length;
         ASSERT_EQ(listener.steps.size(), railwayLineTotal);
@@ -239,7 +230,6 @@ TEST_F(RailwayFile, APositionThatLeaves16BitsIsAnOverflowNamedByItsPlace) {
     EXPECT_EQ(read.File(), "VTR_RRD.DAT");
     EXPECT_EQ(read.PlaceText(), "offset 136, railway line 5");
 
-    campaign->flx_rrd.fill({"0", "0", "0", "0"});
     campaign->RailwayTable.fill({});
     campaign->RailwayTable[893].x2 = 9000;
     const Error written = ErrorThrownBy([&] { EncodeRailway(*campaign, "OUT.DAT"); });

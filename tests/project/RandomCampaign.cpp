@@ -1,6 +1,7 @@
 #include "RandomCampaign.h"
 
 #include "AirfieldLists.h"
+#include "RandomLines.h"
 
 namespace vtr {
 
@@ -17,18 +18,6 @@ std::uint16_t RandomWord(std::mt19937 &random) {
     return UpTo(std::uint16_t{65534}, random);
 }
 
-/// Metres as the editor's fields give them, whole, or with the digits that a file's position gives.
-std::string RandomFineOffset(std::mt19937 &random) {
-    switch (random() % 3) {
-        case 0:
-            return "0";
-        case 1:
-            return std::to_string(UpTo(4099, random));
-        default:
-            return std::to_string(UpTo(4099, random)) + "." + std::to_string(random());
-    }
-}
-
 std::string RandomName(std::size_t longest, std::mt19937 &random) {
     std::string name(UpTo(longest, random), ' ');
     for (char &character : name)
@@ -36,10 +25,10 @@ std::string RandomName(std::size_t longest, std::mt19937 &random) {
     return name;
 }
 
-void FillTarget(TargetRecord &target, std::array<FineOffset, 2> &fine, std::mt19937 &random) {
+void FillTarget(TargetRecord &target, std::mt19937 &random) {
     target.x = UpTo(std::int16_t{639}, random);
     target.y = UpTo(std::int16_t{319}, random);
-    fine = {RandomFineOffset(random), RandomFineOffset(random)};
+    target.fineOffsets = {RandomFineOffset(random), RandomFineOffset(random)};
     target.code = UpTo(std::uint16_t{targetNameTotal - 1}, random);
     target.count = UpTo(std::uint16_t{255}, random);
     target.extra_word = RandomWord(random);
@@ -71,7 +60,7 @@ void FillWithRandomTables(Campaign &campaign, std::mt19937 &random) {
         name = RandomName(longestName, random);
     for (std::size_t i = 0; i < targetTotal; ++i) {
         TargetRecord &target = campaign.TargetTable[i];
-        FillTarget(target, campaign.flx_targets[i], random);
+        FillTarget(target, random);
         target.name = campaign.TargetNameTable[target.code];
         target.airfield_mark = target.airfield_ref != 0 || i == 81 ? flagSet : std::uint16_t{0};
     }

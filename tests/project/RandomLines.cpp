@@ -8,14 +8,18 @@ std::int16_t Below(int limit, std::mt19937 &random) {
     return static_cast<std::int16_t>(random() % static_cast<unsigned>(limit));
 }
 
-std::string RandomMetres(std::mt19937 &random) {
-    if (random() % 2 == 0)
-        return "0";
-    const std::string whole = std::to_string(Below(4100, random));
-    return random() % 2 == 0 ? whole : whole + "." + std::to_string(random());
-}
-
 }  // namespace
+
+double RandomFineOffset(std::mt19937 &random) {
+    switch (random() % 3) {
+        case 0:
+            return 0;
+        case 1:
+            return Below(4, random) * 1025;
+        default:
+            return static_cast<double>(random() % 262144) / 262144 * 4100;
+    }
+}
 
 void EndFrontline(Frontline &frontline, std::size_t count) {
     for (std::size_t p = count; p < frontlinePointTotal; ++p)
@@ -27,13 +31,13 @@ void FillWithRandomLines(Campaign &campaign, std::mt19937 &random) {
     const std::size_t used = random() % (1 + random() % (railwayLineTotal + 1));
     for (std::size_t i = 0; i < railwayLineTotal; ++i) {
         campaign.RailwayTable[i] = {};
-        campaign.flx_rrd[i] = {"0", "0", "0", "0"};
+        campaign.RailwayTable[i].fineOffsets = {};
         if (i >= used)
             continue;
         campaign.RailwayTable[i] = {Below(640, random), Below(640, random), Below(320, random),
                                     Below(320, random)};
-        for (FineOffset &fineOffset : campaign.flx_rrd[i])
-            fineOffset = RandomMetres(random);
+        for (double &fineOffset : campaign.RailwayTable[i].fineOffsets)
+            fineOffset = RandomFineOffset(random);
     }
     for (std::size_t slot = 0; slot < frontlineTotal; ++slot) {
         Frontline &frontline = campaign.FrontlineTable[slot];

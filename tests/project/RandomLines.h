@@ -10,6 +10,9 @@ namespace vtr {
 /// survive being written and read: no slot but the last is full.
 void FillWithRandomLines(Campaign &campaign, std::mt19937 &random);
 
+/// Metres that a file can hold.
+double RandomFineOffset(std::mt19937 &random);
+
 /// What a slot's points behind its real ones read as: the end marker, then zero bytes.
 constexpr FrontlinePoint markerPoint{159, 1759, 0};
 constexpr FrontlinePoint zeroPoint{160, 1760, 0};

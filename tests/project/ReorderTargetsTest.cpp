@@ -23,7 +23,7 @@ std::unique_ptr<Campaign> MarkedCampaign() {
         campaign->TargetTable[t] = {
             0,          0,          next(1000), next(2000), "name " + std::to_string(t),
             next(3000), next(4000), next(5000), next(6000)};
-        campaign->flx_targets[t] = {std::to_string(t) + ".25", std::to_string(t) + ".75"};
+        campaign->TargetTable[t].fineOffsets = {static_cast<double>(t) + .25, static_cast<double>(t) + .75};
     }
     return campaign;
 }
@@ -36,7 +36,6 @@ auto Fields(const TargetRecord &target) {
 void ExpectUnchanged(const Campaign &campaign, const Campaign &before) {
     for (std::size_t t = 0; t < targetTotal; ++t)
         ASSERT_EQ(Fields(campaign.TargetTable[t]), Fields(before.TargetTable[t])) << t;
-    EXPECT_EQ(campaign.flx_targets, before.flx_targets);
 }
 
 /// Reorders campaign and compares everything with the order wanted, old indices in their new order.
@@ -51,7 +50,6 @@ void ExpectReorderedTo(const std::vector<std::size_t> &order, Campaign &campaign
     ASSERT_TRUE(newIndices);
     for (std::size_t n = 0; n < targetTotal; ++n) {
         ASSERT_EQ(Fields(campaign.TargetTable[n]), Fields(before->TargetTable[order[n]])) << n;
-        ASSERT_EQ(campaign.flx_targets[n], before->flx_targets[order[n]]) << n;
         ASSERT_EQ((*newIndices)[order[n]], n);
     }
 }
@@ -113,7 +111,7 @@ TEST(ReorderTargets, TellsWhereTheSelectedTargetWentAndTakesItsFineOffsetsAlong)
     ASSERT_TRUE(newIndices);
     EXPECT_EQ((*newIndices)[0], 301U);
     EXPECT_EQ((*newIndices)[300], 1U);
-    EXPECT_EQ(campaign->flx_targets[1], (std::array<FineOffset, 2>{"300.25", "300.75"}));
+    EXPECT_EQ(campaign->TargetTable[1].fineOffsets, (FineOffsets<2>{300.25, 300.75}));
 }
 
 TEST(ReorderTargets, LeavesEverythingAsItIsWhenATargetIsNeverMet) {

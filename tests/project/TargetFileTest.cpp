@@ -11,7 +11,6 @@ namespace vtr {
 namespace {
 
 using Record = std::array<std::uint8_t, 32>;
-using FineOffsets = std::array<std::array<FineOffset, 2>, targetTotal>;
 
 constexpr std::size_t fileSize = 4 + 32 * 302;
 
@@ -27,7 +26,6 @@ class TargetFile : public testing::Test {
     TargetFile() {
         for (std::size_t i = 0; i < targetNameTotal; ++i)
             campaign->TargetNameTable[i] = "Name " + std::to_string(i);
-        campaign->flx_targets.fill({"0", "0"});
     }
 
     void Decode(const Bytes &bytes) { DecodeTargets(bytes, "TARGET.DAT", *campaign, listener); }
@@ -71,10 +69,10 @@ TEST_F(TargetFile, ReadsARecordByteByByte) {
                                 .count = 200,
                                 .extra_word = 0x1234,
                                 .airfield_mark = 65535,
-                                .airfield_ref = 161};
+                                .airfield_ref = 161,
+                                // 1025 + 1025 / 2 and 320 / 262144 * 4100
+                                .fineOffsets = {1537.5, 5.0048828125}};
     EXPECT_EQ(Target(5), expected);
-    EXPECT_EQ(campaign->flx_targets[5][0], "1537.5");        // 1025 + 1025 / 2
-    EXPECT_EQ(campaign->flx_targets[5][1], "5.0048828125");  // 320 / 262144 * 4100
 }
 
 TEST_F(TargetFile, WritesARecordByteByByteAndLeavesTheOtherBytesOfTheSpan) {
@@ -118,9 +116,9 @@ TEST_F(TargetFile, UpperHalfMinus640OnXIsPixel0AndMinus644IsStoredAs0Too) {
     Decode(file);
     EXPECT_EQ(Target(0).x, 0);
     EXPECT_EQ(Target(1).x, 0);
-    EXPECT_EQ(campaign->flx_targets[1][0], "512.5");
+    EXPECT_EQ(campaign->TargetTable[1].fineOffsets[0], 512.5);
     EXPECT_EQ(Target(2).y, 0);
-    EXPECT_EQ(campaign->flx_targets[2][1], "3075");
+    EXPECT_EQ(campaign->TargetTable[2].fineOffsets[1], 3075);
 }
 
 TEST_F(TargetFile, ATwoByteFieldOf255And255ReadsAs0) {
@@ -182,7 +180,6 @@ TEST_F(TargetFile, ValuesThatTheFileCannotHoldAreErrorsThatNameTheirPlace) {
         EXPECT_EQ(error.File(), "T.DAT");
         EXPECT_EQ(error.PlaceText(), place);
         Target(2) = {};
-        campaign->flx_targets[2] = {"0", "0"};
     };
     Target(2).count = 256;
     expect(ErrorKind::Overflow, "offset 87, target 2");
@@ -191,33 +188,30 @@ TEST_F(TargetFile, ValuesThatTheFileCannotHoldAreErrorsThatNameTheirPlace) {
     Target(2).y = 8512;
     expect(ErrorKind::Overflow, "offset 72, target 2");
     Target(2).x = 223;
-    campaign->flx_targets[2][0] = "4100";
+    Target(2).fineOffsets[0] = 4100;
     expect(ErrorKind::Overflow, "offset 68, target 2");
-    campaign->flx_targets[2][1] = "12 m";
-    expect(ErrorKind::TypeMismatch, "offset 72, target 2");
 }
 
 TEST_F(TargetFile, AChangedFieldChangesOnlyItsOwnBytes) {
     const Bytes before = RandomFile();
     TargetRecord &target = Target(150);
-    auto &fine = campaign->flx_targets[150];
+    auto &fine = target.fineOffsets;
     target.x = 100;
     target.y = 100;
-    fine = {"1025", "1025"};
+    fine = {1025, 1025};
     const Bytes start = Encode();
     const TargetRecord kept = target;
     const auto expectOnly = [&](std::size_t offset, std::size_t size) {
         ExpectChangeOnlyWithin(start, Encode(), 4 + 32 * 150 + offset, size);
         target = kept;
-        fine = {"1025", "1025"};
     };
     target.x = 639;
     expectOnly(2, 2);
     target.y = 5;
     expectOnly(6, 2);
-    fine[0] = "2000";
+    fine[0] = 2000;
     expectOnly(0, 3);
-    fine[1] = "3333.25";
+    fine[1] = 3333.25;
     expectOnly(4, 3);
     target.code = kept.code == 300 ? 7 : 300;
     expectOnly(16, 2);
@@ -260,9 +254,8 @@ TEST_F(TargetFile, MissingBytesCountAsZeroAtEveryLengthAndTheShortFileIsReported
     const auto decode = [](const Bytes &bytes, Campaign &into, LoadListener &to) {
         DecodeTargets(bytes, "T.DAT", into, to);
     };
-    ExpectMissingBytesToCountAsZero(RandomFile(), decode, [](const Campaign &from) {
-        return std::tie(from.TargetTable, from.flx_targets);
-    });
+    ExpectMissingBytesToCountAsZero(RandomFile(), decode,
+                                    [](const Campaign &from) { return std::tie(from.TargetTable); });
 }
 
 TEST_F(TargetFile, BytesBeyondTheLastRecordAreLeftAlone) {
@@ -283,20 +276,10 @@ TEST_F(TargetFile, AThousandRandomTablesComeBackAndAreWrittenAsTheSameBytes) {
     for (int run = 0; run < 1000; ++run) {
         FillWithRandomTables(*campaign, random);
         const auto targets = campaign->TargetTable;
-        const FineOffsets fine = campaign->flx_targets;
         const Bytes written = Encode();
         campaign->TargetTable = {};
-        campaign->flx_targets = {};
         Decode(written);
         ASSERT_EQ(campaign->TargetTable, targets);
-        for (std::size_t i = 0; i < targetTotal; ++i)
-            for (const std::size_t axis : std::initializer_list<std::size_t>{0, 1}) {
-                const double metres = std::stod(fine[i][axis].Text());
-                const double read = std::stod(campaign->flx_targets[i][axis].Text());
-                // The file counts in steps of 4100 / 262144 metres, rounded down.
-                ASSERT_LE(read, metres);
-                ASSERT_GT(read, metres - 4100.0 / 262144);
-            }
         ASSERT_EQ(Encode(), written);
     }
 }

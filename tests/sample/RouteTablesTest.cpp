@@ -43,7 +43,7 @@ TEST(RouteTables, UsesAbout850RailwayLinesAndLeavesTheRestUnused) {
     EXPECT_GE(count, 840);
     EXPECT_LE(count, 860);
     for (std::size_t i = 0; i < railwayLineTotal; ++i)
-        EXPECT_EQ(Sample().RailwayTable[i] == RailwayLine{}, i >= static_cast<std::size_t>(count)) << i;
+        EXPECT_EQ(Sample().RailwayTable[i].IsUnused(), i >= static_cast<std::size_t>(count)) << i;
 }
 
 TEST(RouteTables, LaysRailwayLinesOneAfterTheOther) {
@@ -54,8 +54,8 @@ TEST(RouteTables, LaysRailwayLinesOneAfterTheOther) {
             ++breaks;
             continue;
         }
-        EXPECT_EQ(Sample().flx_rrd[i][0], Sample().flx_rrd[i - 1][1]) << i;
-        EXPECT_EQ(Sample().flx_rrd[i][2], Sample().flx_rrd[i - 1][3]) << i;
+        EXPECT_EQ(Sample().RailwayTable[i].fineOffsets[0], Sample().RailwayTable[i - 1].fineOffsets[1]) << i;
+        EXPECT_EQ(Sample().RailwayTable[i].fineOffsets[2], Sample().RailwayTable[i - 1].fineOffsets[3]) << i;
     }
     EXPECT_LT(breaks, 40);
 }

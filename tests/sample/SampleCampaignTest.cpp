@@ -103,10 +103,8 @@ TEST_F(SampleFolder, LoadsAsTheCampaignThatWasMade) {
     EXPECT_TRUE(listener.shortFiles.empty());
 
     EXPECT_TRUE(loaded->TargetNameTable == Sample().TargetNameTable);
-    EXPECT_TRUE(loaded->flx_targets == Sample().flx_targets);
     EXPECT_TRUE(loaded->AirfieldTable == Sample().AirfieldTable);
     EXPECT_TRUE(loaded->RailwayTable == Sample().RailwayTable);
-    EXPECT_TRUE(loaded->flx_rrd == Sample().flx_rrd);
     EXPECT_EQ(loaded->RailwayLineCount, Sample().RailwayLineCount);
     EXPECT_TRUE(loaded->FrontlineTable == Sample().FrontlineTable);
     for (std::size_t i = 0; i < targetTotal; ++i) {

@@ -94,22 +94,20 @@ TEST(TargetMaker, RefersToEveryAirfieldOnceAndToAirfieldZeroByTheTargetThatIsAlw
 }
 
 TEST(TargetMaker, UsesTheWholeRangeOfFineOffsets) {
-    std::set<std::string> texts;
+    std::set<double> all;
     double least = 4100;
     double most = 0;
-    for (const auto &row : Sample().flx_targets)
-        for (const FineOffset &fine : row) {
-            const std::string text = fine.Text();
-            const double metres = std::stod(text);
+    for (const TargetRecord &target : Sample().TargetTable)
+        for (const double metres : target.fineOffsets) {
             least = std::min(least, metres);
             most = std::max(most, metres);
-            texts.insert(text);
+            all.insert(metres);
         }
     EXPECT_GE(least, 0);
     EXPECT_LT(least, 100);
     EXPECT_GT(most, 4000);
     EXPECT_LT(most, 4100);
-    EXPECT_GT(texts.size(), 590U);
+    EXPECT_GT(all.size(), 590U);
 }
 
 }  // namespace

@@ -53,7 +53,8 @@ class ItemCommandsTest : public EditorWindow {
         for (std::size_t t = 0; t < targetTotal; ++t) {
             campaign().TargetTable[t].x = static_cast<std::int16_t>(600 - t);
             campaign().TargetTable[t].y = 100;
-            campaign().flx_targets[t] = {std::to_string(t) + ".25", std::to_string(t) + ".75"};
+            campaign().TargetTable[t].fineOffsets = {static_cast<double>(t) + .25,
+                                                     static_cast<double>(t) + .75};
         }
     }
 
@@ -107,7 +108,7 @@ TEST_F(ItemCommandsTest, ReorderMovesRecordsAndFineOffsetsFollowsTheSelectionAnd
     PressButton("cmd_reorder");
     for (std::size_t t = 0; t < targetTotal; ++t) {
         ASSERT_EQ(campaign().TargetTable[t], before->TargetTable[301 - t]) << t;
-        ASSERT_EQ(campaign().flx_targets[t], before->flx_targets[301 - t]) << t;
+        ASSERT_EQ(campaign().TargetTable[t].fineOffsets, before->TargetTable[301 - t].fineOffsets) << t;
     }
     EXPECT_EQ(Number("upd_tar_code").value(), 281);
     EXPECT_EQ(Text("txt_tar_code"), "281");
@@ -195,11 +196,11 @@ TEST_F(ItemCommandsTest, ANameThatNoTargetHasIsToldAndTheSelectionStays) {
 }
 
 TEST_F(ItemCommandsTest, APreciseTargetGetsJustItsTwoFineOffsets) {
-    campaign().flx_targets[20] = {"7.5", "8.5"};
+    campaign().TargetTable[20].fineOffsets = {7.5, 8.5};
     Number("upd_tar_code").SetNumber(20);
     const auto expected = std::make_unique<Campaign>(campaign());
     ASSERT_TRUE(InPreciseDialog("cmd_tar_precise", ClickTileAndPressOk));
-    expected->flx_targets[20] = {"1025", "3075"};
+    expected->TargetTable[20].fineOffsets = {1025, 3075};
     EXPECT_EQ(Everything(campaign()), Everything(*expected));
     EXPECT_EQ(Text("txt_tar_xm"), "1025");
     EXPECT_EQ(Text("txt_tar_ym"), "3075");
@@ -208,20 +209,20 @@ TEST_F(ItemCommandsTest, APreciseTargetGetsJustItsTwoFineOffsets) {
 TEST_F(ItemCommandsTest, APrecisePositionIsRoundedToTheNearestMetreAndAHalfToTheEvenOne) {
     struct Row {
         QPoint click;
-        FineOffset x;
-        FineOffset y;
+        double x;
+        double y;
     };
     Number("upd_tar_code").SetNumber(20);
     // A pixel is 16.015625 metres wide.
-    for (const Row &row : {Row{{255, 65}, "4084", "1041"},
-                           {{65, 255}, "1041", "4084"},
-                           {{32, 96}, "512", "1538"},
-                           {{96, 32}, "1538", "512"}}) {
+    for (const Row &row : {Row{{255, 65}, 4084, 1041},
+                           {{65, 255}, 1041, 4084},
+                           {{32, 96}, 512, 1538},
+                           {{96, 32}, 1538, 512}}) {
         EXPECT_TRUE(InPreciseDialog("cmd_tar_precise", [&row](QWidget &dialog) {
             ClickTile(dialog, row.click);
             Press<QPushButton>(dialog, QStringLiteral("cmd_OK"));
         }));
-        EXPECT_EQ(campaign().flx_targets[20], (std::array{row.x, row.y}));
+        EXPECT_EQ(campaign().TargetTable[20].fineOffsets, (std::array{row.x, row.y}));
     }
 }
 
@@ -245,27 +246,27 @@ TEST_F(ItemCommandsTest, TheTilesAreThoseOfTheProjectsTilesFolder) {
 
 TEST_F(ItemCommandsTest, EachPreciseEndOfARailwayLineGetsJustItsTwoFineOffsets) {
     Entry("mnu_e_railway").trigger();
-    campaign().flx_rrd[12] = {"1.5", "2.5", "3.5", "4.5"};
+    campaign().RailwayTable[12].fineOffsets = {1.5, 2.5, 3.5, 4.5};
     Number("upd_rail_linenum").SetNumber(12);
     const auto expected = std::make_unique<Campaign>(campaign());
     ASSERT_TRUE(InPreciseDialog("cmd_rail_precise1", ClickTileAndPressOk));
-    expected->flx_rrd[12] = {"1025", "2.5", "3075", "4.5"};
+    expected->RailwayTable[12].fineOffsets = {1025, 2.5, 3075, 4.5};
     EXPECT_EQ(Everything(campaign()), Everything(*expected));
     EXPECT_EQ(Text("txt_rail_xm1"), "1025");
     EXPECT_EQ(Text("txt_rail_ym1"), "3075");
 
-    campaign().flx_rrd[13] = {"1.5", "2.5", "3.5", "4.5"};
+    campaign().RailwayTable[13].fineOffsets = {1.5, 2.5, 3.5, 4.5};
     Number("upd_rail_linenum").SetNumber(13);
     ASSERT_TRUE(InPreciseDialog("cmd_rail_precise2", ClickTileAndPressOk));
-    expected->flx_rrd[13] = {"1.5", "1025", "3.5", "3075"};
+    expected->RailwayTable[13].fineOffsets = {1.5, 1025, 3.5, 3075};
     EXPECT_EQ(Everything(campaign()), Everything(*expected));
     EXPECT_EQ(Text("txt_rail_xm2"), "1025");
     EXPECT_EQ(Text("txt_rail_ym2"), "3075");
 }
 
 TEST_F(ItemCommandsTest, CancelAfterAClickLeavesAllAsItWasAlsoTheFractions) {
-    campaign().flx_targets[20] = {"7.25", "8.5"};
-    campaign().flx_rrd[12] = {"1.25", "2.5", "3.75", "4.5"};
+    campaign().TargetTable[20].fineOffsets = {7.25, 8.5};
+    campaign().RailwayTable[12].fineOffsets = {1.25, 2.5, 3.75, 4.5};
     Number("upd_tar_code").SetNumber(20);
     Number("upd_rail_linenum").SetNumber(12);
     const std::string before = Everything(campaign());
@@ -319,7 +320,7 @@ TEST_F(ItemCommandsTest, TheTileAndItsOrientationAreThoseOfTheTerrainUnderThePos
 
 TEST_F(ItemCommandsTest, ViewingTheTileOfATargetWritesNothing) {
     EXPECT_TRUE(Find<QPushButton>(window(), "cmd_tar_tile").isEnabled());
-    campaign().flx_targets[20] = {"7.25", "8.5"};
+    campaign().TargetTable[20].fineOffsets = {7.25, 8.5};
     Number("upd_tar_code").SetNumber(20);
     const std::string before = Everything(campaign());
     EXPECT_TRUE(InPreciseDialog("cmd_tar_tile", [](QWidget &dialog) {

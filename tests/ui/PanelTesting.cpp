@@ -1,12 +1,12 @@
 #include "PanelTesting.h"
 
 #include <cmath>
+#include <iomanip>
 #include <sstream>
 
 namespace vtr {
 
-std::string RoundedMetres(const FineOffset &fineOffset) {
-    const double value = std::stod(fineOffset.Text());
+std::string RoundedMetres(double value) {
     const double low = std::floor(value);
     const bool up = value - low > 0.5 || (value - low == 0.5 && std::fmod(low, 2) == 1);
     return std::to_string(static_cast<int>(low) + (up ? 1 : 0));
@@ -14,10 +14,11 @@ std::string RoundedMetres(const FineOffset &fineOffset) {
 
 std::string Everything(const Campaign &campaign) {
     std::ostringstream all;
+    all << std::setprecision(17);
     for (const TargetRecord &target : campaign.TargetTable)
         all << target.x << ' ' << target.y << ' ' << target.code << ' ' << target.spare << ' ' << target.name
             << ' ' << target.count << ' ' << target.extra_word << ' ' << target.airfield_mark << ' '
-            << target.airfield_ref << '\n';
+            << target.airfield_ref << ' ' << target.fineOffsets[0] << ' ' << target.fineOffsets[1] << '\n';
     for (const std::string &name : campaign.TargetNameTable)
         all << name << '\n';
     for (const AirfieldRecord &airfield : campaign.AirfieldTable) {
@@ -29,8 +30,12 @@ std::string Everything(const Campaign &campaign) {
                 << slot.allied_no_plane_a << ' ' << slot.allied_no_plane_b;
         all << '\n';
     }
-    for (const RailwayLine &line : campaign.RailwayTable)
-        all << line.x1 << ' ' << line.x2 << ' ' << line.y1 << ' ' << line.y2 << '\n';
+    for (const RailwayLine &line : campaign.RailwayTable) {
+        all << line.x1 << ' ' << line.x2 << ' ' << line.y1 << ' ' << line.y2;
+        for (const double metres : line.fineOffsets)
+            all << ' ' << metres;
+        all << '\n';
+    }
     all << campaign.firstDisabledRailwayLine << '\n';
     for (const Frontline &frontline : campaign.FrontlineTable) {
         for (const FrontlinePoint &point : frontline.points)
@@ -44,11 +49,6 @@ std::string Everything(const Campaign &campaign) {
     };
     addPaths(campaign.RoadWaypointTable);
     addPaths(campaign.RailWaypointTable);
-    for (const auto &row : campaign.flx_targets)
-        all << row[0].Text() << ' ' << row[1].Text() << '\n';
-    for (const auto &row : campaign.flx_rrd)
-        for (const FineOffset &offset : row)
-            all << offset.Text() << '\n';
     return all.str();
 }
 
@@ -58,7 +58,7 @@ std::unique_ptr<Campaign> FilledCampaign() {
     const auto below = [&random](int count) {
         return static_cast<std::int16_t>(random() % static_cast<unsigned>(count));
     };
-    const auto metres = [&below] { return std::to_string(below(4099)) + "." + std::to_string(1 + below(9)); };
+    const auto metres = [&below] { return below(4099) + (1 + below(9)) / 10.0; };
     for (std::size_t i = 0; i < targetNameTotal; ++i)
         campaign->TargetNameTable[i] = "Place " + std::to_string(i) + (i % 7 == 0 ? " K\xF6ln" : "");
     for (std::size_t i = 0; i < targetTotal; ++i) {
@@ -73,7 +73,7 @@ std::unique_ptr<Campaign> FilledCampaign() {
             target.airfield_ref = static_cast<std::uint16_t>(1 + below(161));
             target.airfield_mark = flagSet;
         }
-        campaign->flx_targets[i] = {metres(), metres()};
+        target.fineOffsets = {metres(), metres()};
     }
     for (AirfieldRecord &airfield : campaign->AirfieldTable) {
         airfield.index_byte = static_cast<std::uint8_t>(below(256));
@@ -90,7 +90,7 @@ std::unique_ptr<Campaign> FilledCampaign() {
     }
     for (std::size_t i = 0; i < railwayLineTotal; ++i) {
         campaign->RailwayTable[i] = {.x1 = below(640), .x2 = below(640), .y1 = below(320), .y2 = below(320)};
-        campaign->flx_rrd[i] = {metres(), metres(), metres(), metres()};
+        campaign->RailwayTable[i].fineOffsets = {metres(), metres(), metres(), metres()};
     }
     for (Frontline &frontline : campaign->FrontlineTable) {
         for (FrontlinePoint &point : frontline.points) {

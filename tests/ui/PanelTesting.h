@@ -30,7 +30,7 @@ inline void TypeInto(const QWidget &panel, const char *name, const char *keys) {
 }
 
 /// A fine offset's text rounded to whole metres, halves to the even one.
-std::string RoundedMetres(const FineOffset &fineOffset);
+std::string RoundedMetres(double value);
 
 /// All of the campaign that a panel could change, as bytes.
 std::string Everything(const Campaign &campaign);

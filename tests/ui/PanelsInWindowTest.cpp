@@ -45,7 +45,7 @@ class PanelsInWindowTest : public EditorWindow {
 
     void ExpectTargetShown(int index) {
         const TargetRecord &target = Target(index);
-        const auto &offsets = campaign().flx_targets[static_cast<std::size_t>(index)];
+        const auto &offsets = target.fineOffsets;
         ExpectPairShows("tar_code", index);
         ExpectPairShows("tar_x", target.x);
         ExpectPairShows("tar_y", target.y);
@@ -88,7 +88,7 @@ class PanelsInWindowTest : public EditorWindow {
     /// A row that only marks the line as unused leaves the row that the panel showed before.
     void ExpectLineShown(int index, std::array<int, 2> &rows) {
         const RailwayLine &line = campaign().RailwayTable[static_cast<std::size_t>(index)];
-        const auto &offsets = campaign().flx_rrd[static_cast<std::size_t>(index)];
+        const auto &offsets = line.fineOffsets;
         if (line.y1 != 1759 && line.y1 != 1760)
             rows[0] = line.y1;
         if (line.y2 != 1759 && line.y1 != 1760)
@@ -233,11 +233,11 @@ TEST_F(PanelsInWindowTest, DisablingLinesAsksClearsTheTailTellsOfItAndRedraws) {
     EXPECT_EQ(Everything(campaign()), Everything(*expected));
     EXPECT_EQ(DisabledLines(), "No Lines disabled");
 
-    ASSERT_NE(expected->RailwayTable[20], RailwayLine{});
+    ASSERT_FALSE(expected->RailwayTable[20].IsUnused());
     const std::vector<std::uint32_t> drawnBefore = Pixels();
     BoxAnswered(QMessageBox::Yes, "cmd_rail_disable");
     for (std::size_t line = 20; line < railwayLineTotal; ++line)
-        expected->RailwayTable[line] = {};
+        expected->RailwayTable[line] = {.fineOffsets = expected->RailwayTable[line].fineOffsets};
     expected->firstDisabledRailwayLine = 20;
     EXPECT_EQ(Everything(campaign()), Everything(*expected));
     EXPECT_EQ(DisabledLines(), "Lines 20+ Disabled");
@@ -255,7 +255,7 @@ TEST_F(PanelsInWindowTest, DisablingFromLine0ClearsEveryLine) {
     Entry("mnu_e_railway").trigger();
     EXPECT_EQ(BoxAnswered(QMessageBox::Yes, "cmd_rail_disable").text, "Disable all lines from 0 onwards?");
     for (const RailwayLine &line : campaign().RailwayTable)
-        ASSERT_EQ(line, RailwayLine{});
+        ASSERT_TRUE(line.IsUnused());
     EXPECT_EQ(DisabledLines(), "No Lines disabled") << "0 counts as none, says the redraw of the layer";
 }
 

@@ -35,7 +35,7 @@ TEST_F(RailwayPanelTest, ShowsEveryLineAsTheTablesHoldIt) {
         EXPECT_EQ(ShownIn(panel, "txt_rail_x2"), std::to_string(line.x2)) << number;
         EXPECT_EQ(ShownIn(panel, "txt_rail_y1"), std::to_string(line.y1)) << number;
         EXPECT_EQ(ShownIn(panel, "txt_rail_y2"), std::to_string(line.y2)) << number;
-        const auto &fine = campaign->flx_rrd[static_cast<std::size_t>(number)];
+        const auto &fine = line.fineOffsets;
         EXPECT_EQ(ShownIn(panel, "txt_rail_xm1"), RoundedMetres(fine[0])) << number;
         EXPECT_EQ(ShownIn(panel, "txt_rail_xm2"), RoundedMetres(fine[1])) << number;
         EXPECT_EQ(ShownIn(panel, "txt_rail_ym1"), RoundedMetres(fine[2])) << number;
@@ -78,11 +78,11 @@ TEST_F(RailwayPanelTest, EveryFieldChangesJustItsField) {
     edit("upd_rail_y1", 319, line.y1, 319);
     edit("upd_rail_y2", 318, line.y2, 318);
     EXPECT_EQ(changed.size(), 4);
-    auto &fine = campaign->flx_rrd[893];
-    edit("upd_rail_xm1", 4100, fine[0], "4100");
-    edit("upd_rail_xm2", 4099, fine[1], "4099");
-    edit("upd_rail_ym1", 4098, fine[2], "4098");
-    edit("upd_rail_ym2", 4097, fine[3], "4097");
+    auto &fine = campaign->RailwayTable[893].fineOffsets;
+    edit("upd_rail_xm1", 4100, fine[0], 4100);
+    edit("upd_rail_xm2", 4099, fine[1], 4099);
+    edit("upd_rail_ym1", 4098, fine[2], 4098);
+    edit("upd_rail_ym2", 4097, fine[3], 4097);
     EXPECT_EQ(changed.size(), 4) << "the map does not show fine offsets";
 }
 
@@ -146,12 +146,13 @@ TEST_F(RailwayPanelTest, DisablingClearsTheLinesFromTheShownOneOn) {
     EXPECT_EQ(box.buttons, QMessageBox::Yes | QMessageBox::No);
     EXPECT_EQ(campaign->firstDisabledRailwayLine, 850);
     EXPECT_EQ(Line(849), FilledCampaign()->RailwayTable[849]);
-    EXPECT_EQ(Line(850), RailwayLine{});
-    EXPECT_EQ(Line(893), RailwayLine{});
-    EXPECT_EQ(campaign->flx_rrd, FilledCampaign()->flx_rrd);
+    for (const std::size_t number : std::initializer_list<std::size_t>{850, 893}) {
+        EXPECT_TRUE(Line(number).IsUnused());
+        EXPECT_EQ(Line(number).fineOffsets, FilledCampaign()->RailwayTable[number].fineOffsets);
+    }
     EXPECT_EQ(ShownIn(panel, "txt_rail_x1"), "0");
     EXPECT_EQ(ShownIn(panel, "txt_rail_y2"), "0");
-    EXPECT_EQ(ShownIn(panel, "txt_rail_xm1"), RoundedMetres(campaign->flx_rrd[850][0]));
+    EXPECT_EQ(ShownIn(panel, "txt_rail_xm1"), RoundedMetres(campaign->RailwayTable[850].fineOffsets[0]));
     ASSERT_EQ(captions.size(), 1);
     EXPECT_EQ(captions.front().front().toString(), QStringLiteral("Lines 850+ Disabled"));
     EXPECT_EQ(changed.size(), 1);
@@ -164,7 +165,7 @@ TEST_F(RailwayPanelTest, AnsweringYesToDisableWithLine0ClearsEveryLine) {
     Click("cmd_rail_disable");
     EXPECT_EQ(box.text, QStringLiteral("Disable all lines from 0 onwards?"));
     for (const RailwayLine &line : campaign->RailwayTable)
-        EXPECT_EQ(line, RailwayLine{});
+        EXPECT_TRUE(line.IsUnused());
     EXPECT_EQ(captions.back().front().toString(), QStringLiteral("Lines 0+ Disabled"));
     EXPECT_EQ(campaign->firstDisabledRailwayLine, 0);
 }
@@ -189,7 +190,7 @@ TEST_F(RailwayPanelTest, EnablingAllForgetsTheDisabledLinesButRestoresNone) {
     EXPECT_EQ(Find<QPushButton>(panel, "cmd_rail_disable").text(), QStringLiteral("Disable Lines"));
     EXPECT_EQ(Find<QPushButton>(panel, "cmd_Enable").text(), QStringLiteral("Enable All"));
     EXPECT_EQ(campaign->firstDisabledRailwayLine, 0);
-    EXPECT_EQ(Line(850), RailwayLine{});
+    EXPECT_TRUE(Line(850).IsUnused());
     EXPECT_EQ(captions.back().front().toString(), QStringLiteral("No Lines disabled"));
 }
 

@@ -47,7 +47,7 @@ TEST_F(TargetPanelTest, ShowsEveryTargetAsTheTablesHoldIt) {
         EXPECT_EQ(ShownIn(panel, "txt_tar_code"), std::to_string(target));
         EXPECT_EQ(ShownIn(panel, "txt_tar_x"), std::to_string(record.x)) << target;
         EXPECT_EQ(ShownIn(panel, "txt_tar_y"), std::to_string(record.y)) << target;
-        const auto &fine = campaign->flx_targets[static_cast<std::size_t>(target)];
+        const auto &fine = campaign->TargetTable[static_cast<std::size_t>(target)].fineOffsets;
         EXPECT_EQ(ShownIn(panel, "txt_tar_xm"), RoundedMetres(fine[0])) << target;
         EXPECT_EQ(ShownIn(panel, "txt_tar_ym"), RoundedMetres(fine[1])) << target;
         EXPECT_EQ(GameTextOf(Find<QLineEdit>(panel, "txt_tar_name").text()), record.name) << target;
@@ -98,7 +98,7 @@ TEST_F(TargetPanelTest, TypingMinus3IntoAnyFieldTurnsIntoZero) {
     }
     EXPECT_EQ(Record(7).x, 0);
     EXPECT_EQ(Record(7).y, 0);
-    EXPECT_EQ(campaign->flx_targets[7], (std::array<FineOffset, 2>{"0", "0"}));
+    EXPECT_EQ(campaign->TargetTable[7].fineOffsets, (FineOffsets<2>{0, 0}));
     EXPECT_EQ(Record(7).count, 0);
 }
 
@@ -134,7 +134,7 @@ TEST_F(TargetPanelTest, EveryFieldChangesJustItsFieldAndAsksForOneRedraw) {
     Select(7);
     const std::string before = Everything(*campaign);
     const TargetRecord old = Record(7);
-    const auto oldFine = campaign->flx_targets[7];
+    const auto oldFine = campaign->TargetTable[7].fineOffsets;
     const auto edit = [&](const char *name, int number) {
         ASSERT_TRUE(Field(panel, name).SetNumber(number));
         EXPECT_EQ(changed.size(), 1) << name;
@@ -144,11 +144,11 @@ TEST_F(TargetPanelTest, EveryFieldChangesJustItsFieldAndAsksForOneRedraw) {
     EXPECT_EQ(Record(7).y, 318);
     ExpectOnlyThisChanged(before, [&] { Record(7).y = old.y; });
     edit("upd_tar_xm", 4100);
-    EXPECT_EQ(campaign->flx_targets[7][0], "4100");
-    ExpectOnlyThisChanged(before, [&] { campaign->flx_targets[7][0] = oldFine[0]; });
+    EXPECT_EQ(campaign->TargetTable[7].fineOffsets[0], 4100);
+    ExpectOnlyThisChanged(before, [&] { campaign->TargetTable[7].fineOffsets[0] = oldFine[0]; });
     edit("upd_tar_ym", 17);
-    EXPECT_EQ(campaign->flx_targets[7][1], "17");
-    ExpectOnlyThisChanged(before, [&] { campaign->flx_targets[7][1] = oldFine[1]; });
+    EXPECT_EQ(campaign->TargetTable[7].fineOffsets[1], 17);
+    ExpectOnlyThisChanged(before, [&] { campaign->TargetTable[7].fineOffsets[1] = oldFine[1]; });
     edit("upd_tar_numtargets", (old.count + 1) % 65);
     EXPECT_EQ(Record(7).count, (old.count + 1) % 65);
     ExpectOnlyThisChanged(before, [&] { Record(7).count = old.count; });
@@ -191,10 +191,10 @@ TEST_F(TargetPanelTest, RefreshShowsAnotherCampaignsTargetThoughTheSelectorStays
 }
 
 TEST_F(TargetPanelTest, ATargetWithoutFineOffsetsShowsZeros) {
-    campaign->flx_targets[3] = {"", ""};
+    campaign->TargetTable[3].fineOffsets = {};
     Select(3);
     EXPECT_EQ(ShownIn(panel, "txt_tar_xm"), "0");
-    EXPECT_EQ(campaign->flx_targets[3][0], "");
+    EXPECT_EQ(campaign->TargetTable[3].fineOffsets[0], 0);
 }
 
 TEST_F(TargetPanelTest, ANameGoesToItsEntryAndToAllTargetsThatShareIt) {

@@ -27,7 +27,7 @@ std::int16_t PixelOfGamePosition(Axis axis, std::span<const std::uint8_t, gamePo
     return ToInt16(FloorDiv(ToInt16(QuartersOf(axis, bytes), place), 4), place);
 }
 
-FineOffset FineOffsetOfGamePosition(Axis axis, std::span<const std::uint8_t, gamePositionSize> bytes) {
+double FineOffsetOfGamePosition(Axis axis, std::span<const std::uint8_t, gamePositionSize> bytes) {
     const std::int64_t fractions = 65536 * FloorMod(QuartersOf(axis, bytes), 4) + GetUint16(bytes, lowerHalf);
     return static_cast<double>(fractions) / 262144 * tileMetres;
 }
@@ -39,10 +39,10 @@ std::uint16_t StoredUpperHalf(Axis axis, std::int16_t pixel, const Place &place)
     return static_cast<std::uint16_t>(upper);
 }
 
-void EncodeGamePosition(Axis axis, std::int16_t pixel, const FineOffset &fineOffset,
+void EncodeGamePosition(Axis axis, std::int16_t pixel, double fineOffset,
                         std::span<std::uint8_t, gamePositionSize> bytes, const Place &place) {
     const std::uint16_t upper = StoredUpperHalf(axis, pixel, place);
-    const double ratio = fineOffset.Metres(place) / tileMetres;
+    const double ratio = fineOffset / tileMetres;
     const std::uint8_t quarter = ToByte(upper % 256 + std::int64_t{FloorToInt32(4 * ratio, place)}, place);
     // A quarter tile in 65536 steps. Powers of two multiply without rounding, so the two bytes of the steps
     // are floor(rest(4 * ratio) * 256) and floor(rest(1024 * ratio) * 256) to the last bit.

@@ -6,7 +6,6 @@
 
 #include "Bytes.h"
 #include "Errors.h"
-#include "FineOffset.h"
 
 namespace vtr {
 
@@ -23,14 +22,13 @@ constexpr int tileMetres = 4100;
 std::int16_t PixelOfGamePosition(Axis axis, std::span<const std::uint8_t, gamePositionSize> bytes,
                                  const Place &place = {});
 /// The offset within the tile, 0 to below 4100 metres.
-FineOffset FineOffsetOfGamePosition(Axis axis, std::span<const std::uint8_t, gamePositionSize> bytes);
+double FineOffsetOfGamePosition(Axis axis, std::span<const std::uint8_t, gamePositionSize> bytes);
 
 /// The upper half that a pixel is stored as. Throws an overflow Error where an intermediate leaves 16 bits.
 std::uint16_t StoredUpperHalf(Axis axis, std::int16_t pixel, const Place &place = {});
 
-/// Writes the position of a pixel and its fine offset. Throws overflow and type-mismatch
-/// Errors.
-void EncodeGamePosition(Axis axis, std::int16_t pixel, const FineOffset &fineOffset,
+/// Writes the position of a pixel and its fine offset in metres. Throws overflow Errors.
+void EncodeGamePosition(Axis axis, std::int16_t pixel, double fineOffset,
                         std::span<std::uint8_t, gamePositionSize> bytes, const Place &place = {});
 
 /// first + 256 * second, but 0 for the pair 255, 255, which the game reads as "none".

@@ -38,20 +38,20 @@ constexpr RecordFile<railwayRecordSize> railwayFile{"railway line", railwayLineT
 }  // namespace
 
 void DecodeRailwayLine(std::span<const std::uint8_t, railwayRecordSize> record, RailwayLine &line,
-                       std::array<FineOffset, 4> &fineOffsets, const Place &place) {
+                       const Place &place) {
     for (std::size_t i = 0; i < lineFields.size(); ++i) {
         const LineField &field = lineFields[i];
         const auto position = record.subspan(field.offset).first<gamePositionSize>();
         line.*field.pixel = PixelOfGamePosition(field.axis, position, place.Plus(field.offset));
-        fineOffsets[i] = FineOffsetOfGamePosition(field.axis, position);
+        line.fineOffsets[i] = FineOffsetOfGamePosition(field.axis, position);
     }
 }
 
-void EncodeRailwayLine(const RailwayLine &line, const std::array<FineOffset, 4> &fineOffsets,
-                       std::span<std::uint8_t, railwayRecordSize> record, const Place &place) {
+void EncodeRailwayLine(const RailwayLine &line, std::span<std::uint8_t, railwayRecordSize> record,
+                       const Place &place) {
     for (std::size_t i = 0; i < lineFields.size(); ++i) {
         const LineField &field = lineFields[i];
-        EncodeGamePosition(field.axis, line.*field.pixel, fineOffsets[i],
+        EncodeGamePosition(field.axis, line.*field.pixel, line.fineOffsets[i],
                            record.subspan(field.offset).first<gamePositionSize>(), place.Plus(field.offset));
     }
 }
@@ -60,8 +60,8 @@ void DecodeRailway(ConstByteSpan bytes, const std::string &path, Campaign &campa
     bool metUnusedLine = false;
     railwayFile.Decode(bytes, path, listener, [&](std::size_t i, const auto &record, const Place &place) {
         RailwayLine &line = campaign.RailwayTable[i];
-        DecodeRailwayLine(record, line, campaign.flx_rrd[i], place);
-        if (line == RailwayLine{}) {
+        DecodeRailwayLine(record, line, place);
+        if (line.IsUnused()) {
             // Where the unused lines all stand last, the second of them is the number of lines in use plus 1.
             if (metUnusedLine && campaign.RailwayLineCount == 0)
                 campaign.RailwayLineCount = ToInt16(static_cast<std::int64_t>(i) - 1);
@@ -77,7 +77,7 @@ void ReadRailway(const std::string &path, Campaign &campaign, LoadListener &list
 
 Bytes EncodeRailway(const Campaign &campaign, const std::string &path) {
     return railwayFile.Encode(path, [&](std::size_t i, auto record, const Place &place) {
-        EncodeRailwayLine(campaign.RailwayTable[i], campaign.flx_rrd[i], record, place);
+        EncodeRailwayLine(campaign.RailwayTable[i], record, place);
     });
 }
 

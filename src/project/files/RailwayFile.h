@@ -9,22 +9,22 @@ namespace vtr {
 
 constexpr std::size_t railwayRecordSize = 24;
 
-/// Fills a line and the fine offsets of its ends from its record of the file, which lies at place. Throws an
+/// Fills a line from its record of the file, which lies at place. Throws an
 /// overflow Error for a position that leaves 16 bits.
 void DecodeRailwayLine(std::span<const std::uint8_t, railwayRecordSize> record, RailwayLine &line,
-                       std::array<FineOffset, 4> &fineOffsets, const Place &place = {});
+                       const Place &place = {});
 /// Puts the positions of a line's ends into its record of the file; the bytes without a meaning stay as they
-/// are. Throws overflow and type-mismatch Errors.
-void EncodeRailwayLine(const RailwayLine &line, const std::array<FineOffset, 4> &fineOffsets,
-                       std::span<std::uint8_t, railwayRecordSize> record, const Place &place = {});
+/// are. Throws an overflow Error.
+void EncodeRailwayLine(const RailwayLine &line, std::span<std::uint8_t, railwayRecordSize> record,
+                       const Place &place = {});
 
-/// Fills RailwayTable, flx_rrd and RailwayLineCount from a whole file's bytes; path is for messages.
+/// Fills RailwayTable and RailwayLineCount from a whole file's bytes; path is for messages.
 void DecodeRailway(ConstByteSpan bytes, const std::string &path, Campaign &campaign, LoadListener &listener);
-/// Fills RailwayTable, flx_rrd and RailwayLineCount from the file at path; an empty path leaves them alone.
+/// Fills RailwayTable and RailwayLineCount from the file at path; an empty path leaves them alone.
 /// RailwayLineCount is only set while it is 0. Throws file-access and overflow Errors.
 void ReadRailway(const std::string &path, Campaign &campaign, LoadListener &listener);
 
-/// The whole railway file; path is for messages. Throws overflow and type-mismatch Errors.
+/// The whole railway file; path is for messages. Throws an overflow Error.
 Bytes EncodeRailway(const Campaign &campaign, const std::string &path = {});
 /// Writes the railway file; an empty path writes nothing.
 void WriteRailway(const std::string &path, const Campaign &campaign);

@@ -55,8 +55,7 @@ void DecodeTarget(std::span<const std::uint8_t, targetRecordSize> record, std::s
     const auto y = record.subspan<yPosition, gamePositionSize>();
     target.x = std::max(PixelOfGamePosition(Axis::X, x, place.Plus(xPosition)), std::int16_t{0});
     target.y = std::max(PixelOfGamePosition(Axis::Y, y, place.Plus(yPosition)), std::int16_t{0});
-    campaign.flx_targets[index] = {FineOffsetOfGamePosition(Axis::X, x),
-                                   FineOffsetOfGamePosition(Axis::Y, y)};
+    target.fineOffsets = {FineOffsetOfGamePosition(Axis::X, x), FineOffsetOfGamePosition(Axis::Y, y)};
     target.code = word(nameCode);
     target.name = campaign.TargetNameTable[CheckIndex(target.code, targetNameTotal, place.Plus(nameCode))];
     target.count = record[objectCount];
@@ -69,7 +68,7 @@ void DecodeTarget(std::span<const std::uint8_t, targetRecordSize> record, std::s
 void EncodeTarget(const Campaign &campaign, std::size_t index,
                   std::span<std::uint8_t, targetRecordSize> record, const Place &place) {
     const TargetRecord &target = campaign.TargetTable[index];
-    const auto &[fineX, fineY] = campaign.flx_targets[index];
+    const auto &[fineX, fineY] = target.fineOffsets;
     EncodeGamePosition(Axis::X, target.x, fineX, record.subspan<xPosition, gamePositionSize>(),
                        place.Plus(xPosition));
     EncodeGamePosition(Axis::Y, target.y, fineY, record.subspan<yPosition, gamePositionSize>(),

@@ -12,13 +12,13 @@ constexpr std::size_t targetRecordSize = 32;
 void DecodeTarget(std::span<const std::uint8_t, targetRecordSize> record, std::size_t index,
                   Campaign &campaign, const Place &place = {});
 /// Puts target index of the tables into its record of the file; the bytes that the editor does not know stay
-/// as they are. Throws overflow and type-mismatch Errors.
+/// as they are. Throws an overflow Error.
 void EncodeTarget(const Campaign &campaign, std::size_t index,
                   std::span<std::uint8_t, targetRecordSize> record, const Place &place = {});
 
-/// Fills TargetTable and flx_targets from a whole file's bytes; path is for messages.
+/// Fills TargetTable from a whole file's bytes; path is for messages.
 void DecodeTargets(ConstByteSpan bytes, const std::string &path, Campaign &campaign, LoadListener &listener);
-/// Fills TargetTable and flx_targets from the file at path; an empty path leaves them alone. The target names
+/// Fills TargetTable from the file at path; an empty path leaves it alone. The target names
 /// must have been read before. Throws the errors of file access, overflow, and index for a code above 307.
 void ReadTargets(const std::string &path, Campaign &campaign, LoadListener &listener);
 

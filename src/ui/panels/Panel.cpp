@@ -48,8 +48,4 @@ bool AskYesNo(QWidget *parent, const QString &question) {
            QMessageBox::Yes;
 }
 
-int WholeMetres(const FineOffset &fineOffset) {
-    return fineOffset.Empty() ? 0 : RoundToInt32(fineOffset.Metres());
-}
-
 }  // namespace vtr

@@ -48,7 +48,5 @@ class Panel : public QGroupBox {
 
 /// Asks question with Yes and No; true for Yes.
 bool AskYesNo(QWidget *parent, const QString &question);
-/// A stored fine offset as the metre fields show it: whole metres. An item that no file filled has none: 0.
-int WholeMetres(const FineOffset &fineOffset);
 
 }  // namespace vtr

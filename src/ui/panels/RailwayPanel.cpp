@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QPushButton>
 
+#include "Arithmetic.h"
 #include "EditCampaign.h"
 #include "GamePosition.h"
 #include "MapRedraw.h"
@@ -83,7 +84,8 @@ void RailwayPanel::Refresh() {
     const auto index = static_cast<std::size_t>(Line());
     const RailwayLine &line = campaign_.RailwayTable[index];
     for (std::size_t coordinate = 0; coordinate < metres_.size(); ++coordinate)
-        metres_[coordinate]->ShowRecordValue(WholeMetres(campaign_.flx_rrd[index][coordinate]));
+        metres_[coordinate]->ShowRecordValue(
+            RoundToInt32(campaign_.RailwayTable[index].fineOffsets[coordinate]));
     // A row that is only a marker leaves the row field as it was. The second end goes by the first one's
     // 1760: an all-zero record has it at both ends.
     pixels_[X1]->ShowRecordValue(line.x1);

@@ -8,6 +8,7 @@
 #include <QValidator>
 #include <functional>
 
+#include "Arithmetic.h"
 #include "EditCampaign.h"
 #include "GamePosition.h"
 #include "GameText.h"
@@ -130,8 +131,8 @@ void TargetPanel::Refresh() {
     const TargetRecord &target = campaign_.TargetTable[index];
     x_->ShowRecordValue(target.x);
     y_->ShowRecordValue(target.y);
-    xMetres_->ShowRecordValue(WholeMetres(campaign_.flx_targets[index][0]));
-    yMetres_->ShowRecordValue(WholeMetres(campaign_.flx_targets[index][1]));
+    xMetres_->ShowRecordValue(RoundToInt32(campaign_.TargetTable[index].fineOffsets[0]));
+    yMetres_->ShowRecordValue(RoundToInt32(campaign_.TargetTable[index].fineOffsets[1]));
     name_->setText(ShownText(target.name));
     name_->setCursorPosition(0);
     count_->ShowRecordValue(target.count);
