@@ -28,8 +28,7 @@ MainWidgets::MainWidgets(QMainWindow *window, Session &session)
       fra_railway(new RailwayPanel(session.campaign, window)),
       fra_roadint(new WaypointPanel(WaypointPanel::Kind::Road, session.campaign, window)),
       fra_railint(new WaypointPanel(WaypointPanel::Kind::Rail, session.campaign, window)),
-      sb_status(new StatusBar(window)),
-      window_(window) {
+      sb_status(new StatusBar(window)) {
     auto *centre = new QWidget(window);
     LayOut(centre);
     window->setCentralWidget(centre);
@@ -64,12 +63,7 @@ void MainWidgets::LayOut(QWidget *centre) const {
     rows->addStretch();
 }
 
-NumberField &MainWidgets::Number(const char *name) const {
-    return *window_->findChild<NumberField *>(QLatin1String(name));
-}
-
 MapDisplay MainWidgets::Display() const {
-    const auto number = [this](const char *name) { return ToInt16(Number(name).value()); };
     MapDisplay display;
     display.mnu_v_targets = menu.mnu_v_targets->isChecked();
     display.mnu_v_frontlines = menu.mnu_v_frontlines->isChecked();
@@ -78,13 +72,13 @@ MapDisplay MainWidgets::Display() const {
     display.mnu_v_railint = menu.mnu_v_railint->isChecked();
     display.mnu_e_frontline = menu.mnu_e_frontline->isChecked();
     display.mnu_e_railway = menu.mnu_e_railway->isChecked();
-    display.upd_frnt_num = number("upd_frnt_num");
-    display.upd_frnt_pointnum = number("upd_frnt_pointnum");
-    display.upd_rail_linenum = number("upd_rail_linenum");
-    display.upd_tar_code = number("upd_tar_code");
-    display.upd_view_railway = number("upd_view_railway");
-    display.upd_view_roadint = number("upd_view_roadint");
-    display.upd_view_railint = number("upd_view_railint");
+    display.upd_frnt_num = ToInt16(fra_frontline->Slot());
+    display.upd_frnt_pointnum = ToInt16(fra_frontline->Point());
+    display.upd_rail_linenum = ToInt16(fra_railway->Selected());
+    display.upd_tar_code = ToInt16(fra_target->Selected());
+    display.upd_view_railway = ToInt16(fra_control->upd_view_railway->value());
+    display.upd_view_roadint = ToInt16(fra_control->upd_view_roadint->value());
+    display.upd_view_railint = ToInt16(fra_control->upd_view_railint->value());
     return display;
 }
 

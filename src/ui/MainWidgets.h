@@ -12,7 +12,6 @@ class AirfieldPanel;
 class ControlBox;
 class FrontlinePanel;
 class MapFrame;
-class NumberField;
 class Overview;
 class RailwayPanel;
 class StatusBar;
@@ -35,15 +34,11 @@ struct MainWidgets {
     WaypointPanel *fra_railint;
     StatusBar *sb_status;  ///< made last: Tab reaches it last
 
-    /// The numeric field of that object name ("upd_tar_x"), which must exist.
-    NumberField &Number(const char *name) const;
     /// What the controls say about the next redraw.
     MapDisplay Display() const;
 
   private:
     void LayOut(QWidget *centre) const;
-
-    QMainWindow *window_;
 };
 
 }  // namespace vtr

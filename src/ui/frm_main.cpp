@@ -149,11 +149,10 @@ void frm_main::WirePanels() {
         Redraw();
     });
     connect(control, &ControlBox::ViewRailwayChanged, this, [this](int line) {
-        NumberField &lineNumber = widgets_.Number("upd_rail_linenum");
-        if (lineNumber.value() == line)
+        if (widgets_.fra_railway->Selected() == line)
             Redraw();
         else
-            lineNumber.SetNumber(line);  // its own change redraws
+            widgets_.fra_railway->Select(line);  // its own change redraws
     });
     connect(widgets_.fra_railway, &RailwayPanel::DisabledLinesChanged, control,
             &ControlBox::ShowDisabledLines);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "AirfieldPanel.h"
+#include "ControlBox.h"
 #include "FrontlinePanel.h"
 #include "NumberField.h"
 #include "RailwayPanel.h"
@@ -16,13 +17,13 @@ EditModes::EditModes(MainWidgets &widgets) : widgets_(widgets) {
     const MainMenu &menu = widgets.menu;
     modes_ = {
         {menu.mnu_e_target, widgets.fra_target, nullptr, QStringLiteral("  TARGETS  "), menu.mnu_v_targets},
-        {menu.mnu_e_frontline, widgets.fra_frontline, &widgets.Number("upd_viewfrontline"),
+        {menu.mnu_e_frontline, widgets.fra_frontline, widgets.fra_control->upd_viewfrontline,
          QStringLiteral("  FRONTLINES  "), menu.mnu_v_frontlines},
-        {menu.mnu_e_railway, widgets.fra_railway, &widgets.Number("upd_view_railway"),
+        {menu.mnu_e_railway, widgets.fra_railway, widgets.fra_control->upd_view_railway,
          QStringLiteral("  RAILWAYS  "), menu.mnu_v_railways},
-        {menu.mnu_e_roadint, widgets.fra_roadint, &widgets.Number("upd_view_roadint"),
+        {menu.mnu_e_roadint, widgets.fra_roadint, widgets.fra_control->upd_view_roadint,
          QStringLiteral("  ROAD INTERDICTION WAYPOINTS  "), menu.mnu_v_roadint},
-        {menu.mnu_e_railint, widgets.fra_railint, &widgets.Number("upd_view_railint"),
+        {menu.mnu_e_railint, widgets.fra_railint, widgets.fra_control->upd_view_railint,
          QStringLiteral("  RAIL INTERDICTION WAYPOINTS  "), menu.mnu_v_railint},
     };
     for (const Mode &mode : modes_)

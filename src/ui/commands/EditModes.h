@@ -6,6 +6,8 @@
 
 namespace vtr {
 
+class NumberField;
+
 /// The five edit modes: each enables the frame of one layer and makes that layer visible.
 class EditModes : public QObject {
     Q_OBJECT

@@ -1,14 +1,14 @@
 #include "MapEditing.h"
 
-#include <QCheckBox>
 #include <algorithm>
 
 #include "Arithmetic.h"
+#include "FrontlinePanel.h"
 #include "MapCoordinates.h"
 #include "MapFrame.h"
-#include "NumberField.h"
 #include "RailwayPanel.h"
 #include "StatusBar.h"
+#include "TargetPanel.h"
 
 namespace vtr {
 
@@ -58,7 +58,6 @@ void MapEditing::EditAt(const QMouseEvent &event) {
     if (!session_.campaign.ProjectLoaded)
         return;
     const MainMenu &menu = widgets_.menu;
-    const auto set = [this](const char *field, int value) { widgets_.Number(field).SetNumber(value); };
     const QPoint at = PixelUnder(event);
     const MapPoint point = ScreenToMap(session_.view, static_cast<float>(at.x()), static_cast<float>(at.y()));
     const int x = RoundToInt32(point.x);
@@ -69,23 +68,14 @@ void MapEditing::EditAt(const QMouseEvent &event) {
 
     if (menu.mnu_e_target->isChecked() && left && keys == Keys::None && SelectTargetAt(point.x, point.y))
         return;
-    if (menu.mnu_e_target->isChecked() && left && keys == Keys::Shift) {
-        set("upd_tar_x", x);
-        set("upd_tar_y", y);
-    }
-    if (menu.mnu_e_frontline->isChecked() && left) {
-        set("upd_frnt_x", x);
-        set("upd_frnt_y", y);
-    }
-    if (menu.mnu_e_railway->isChecked() && left && keys == Keys::Shift) {
-        set("upd_rail_x1", x);
-        set("upd_rail_y1", y);
-    } else if (menu.mnu_e_railway->isChecked() && right && keys == Keys::Shift) {
-        set("upd_rail_x2", x);
-        set("upd_rail_y2", y);
-        if (widgets_.fra_railway->findChild<QCheckBox *>(QStringLiteral("chk_rail_auto"))->isChecked())
-            set("upd_rail_linenum", ToInt16(widgets_.Number("upd_rail_linenum").value() + 1));
-    }
+    if (menu.mnu_e_target->isChecked() && left && keys == Keys::Shift)
+        widgets_.fra_target->Position().MoveTo(x, y);
+    if (menu.mnu_e_frontline->isChecked() && left)
+        widgets_.fra_frontline->Position().MoveTo(x, y);
+    if (menu.mnu_e_railway->isChecked() && left && keys == Keys::Shift)
+        widgets_.fra_railway->Position(1).MoveTo(x, y);
+    else if (menu.mnu_e_railway->isChecked() && right && keys == Keys::Shift)
+        widgets_.fra_railway->PlaceEnd(x, y);
 }
 
 bool MapEditing::SelectTargetAt(float x, float y) {
@@ -95,25 +85,20 @@ bool MapEditing::SelectTargetAt(float x, float y) {
     });
     if (found == targets.end())
         return false;
-    widgets_.Number("upd_tar_code").SetNumber(static_cast<int>(found - targets.begin()));
+    widgets_.fra_target->Select(static_cast<int>(found - targets.begin()));
     return true;
 }
 
 void MapEditing::Nudge(int dx, int dy) {
-    struct ItemFields {
-        QAction *mode;
-        const char *x;
-        const char *y;
-    };
+    if (!session_.campaign.ProjectLoaded)
+        return;
     const MainMenu &menu = widgets_.menu;
-    for (const ItemFields &item : {ItemFields{menu.mnu_e_target, "upd_tar_x", "upd_tar_y"},
-                                   ItemFields{menu.mnu_e_frontline, "upd_frnt_x", "upd_frnt_y"},
-                                   ItemFields{menu.mnu_e_railway, "upd_rail_x1", "upd_rail_y1"}}) {
-        if (!session_.campaign.ProjectLoaded || !item.mode->isChecked())
-            continue;
-        NumberField &field = widgets_.Number(dx != 0 ? item.x : item.y);
-        field.SetNumber(field.value() + dx + dy);
-    }
+    if (menu.mnu_e_target->isChecked())
+        widgets_.fra_target->Position().MoveBy(dx, dy);
+    if (menu.mnu_e_frontline->isChecked())
+        widgets_.fra_frontline->Position().MoveBy(dx, dy);
+    if (menu.mnu_e_railway->isChecked())
+        widgets_.fra_railway->Position(1).MoveBy(dx, dy);
 }
 
 }  // namespace vtr

@@ -17,7 +17,6 @@
 #include "MapFrame.h"
 #include "MapLayers.h"
 #include "MapPictureFile.h"
-#include "NumberField.h"
 #include "Operation.h"
 #include "Overview.h"
 #include "ProgramVersion.h"
@@ -234,8 +233,8 @@ void ProjectCommands::DrawRailways() {
 
 void ProjectCommands::ResetViewSelectors() {
     session_.view.ViewFrontline = 0;
-    widgets_.Number("upd_viewfrontline").ShowRecordValue(0);
-    widgets_.Number("upd_view_railway").ShowRecordValue(0);
+    widgets_.fra_control->upd_viewfrontline->ShowRecordValue(0);
+    widgets_.fra_control->upd_view_railway->ShowRecordValue(0);
     // The layer that tells it may be switched off.
     widgets_.fra_control->Refresh();
 }
@@ -252,16 +251,10 @@ void ProjectCommands::UpdateRecentProjects() {
 
 void ProjectCommands::SelectFirstItems() {
     bool moved = false;
-    for (const char *selector : {"upd_tar_code", "upd_frnt_num", "upd_frnt_pointnum", "upd_rail_linenum",
-                                 "upd_roi_num", "upd_roi_wptnum", "upd_rai_num", "upd_rai_wptnum"}) {
-        NumberField &field = widgets_.Number(selector);
-        moved = moved || field.value() != 0;
-        field.ShowRecordValue(0);
-    }
     for (Panel *panel :
          std::initializer_list<Panel *>{widgets_.fra_target, widgets_.fra_frontline, widgets_.fra_railway,
                                         widgets_.fra_roadint, widgets_.fra_railint})
-        panel->Refresh();
+        moved = panel->SelectFirst() || moved;
     // The map was drawn with the items that were selected before the load.
     if (moved)
         redraw_();

@@ -13,6 +13,11 @@ class ControlBox : public Panel {
   public:
     ControlBox(Campaign &campaign, QWidget *parent);
 
+    NumberField *upd_viewfrontline;
+    NumberField *upd_view_railway;
+    NumberField *upd_view_railint;
+    NumberField *upd_view_roadint;
+
     /// Shows which railway lines are disabled.
     void Refresh() override;
     void ShowDisabledLines(const QString &caption);
@@ -22,7 +27,7 @@ class ControlBox : public Panel {
     void ViewRailwayChanged(int line);  ///< 0 stands for all
 
   private:
-    NumberField *AddSelector(const FieldText &text, const QString &toolTip, int row);
+    NumberField *AddViewSelector(const FieldText &text, const QString &toolTip, int row);
 
     QLabel *disabledLines_;
 };

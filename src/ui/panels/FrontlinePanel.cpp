@@ -19,9 +19,9 @@ FrontlinePanel::FrontlinePanel(Campaign &campaign, QWidget *parent)
 }
 
 void FrontlinePanel::Build() {
-    slot_ = AddField({"frnt_num", "&Slot:", "Frontline slot", "", frontlineTotal - 1}, 0, 0, 2);
-    point_ = AddField({"frnt_pointnum", "Poin&t:", "Point of the frontline", "", frontlinePointTotal - 1}, 1,
-                      0, 2);
+    slot_ = AddSelector({"frnt_num", "&Slot:", "Frontline slot", "", frontlineTotal - 1}, 0, 0, 2);
+    point_ = AddSelector({"frnt_pointnum", "Poin&t:", "Point of the frontline", "", frontlinePointTotal - 1},
+                         1, 0, 2);
     x_ = AddField({"frnt_x", "&X:", "Frontline point column", "map pixels", mapWidth - 1}, 2, 0);
     y_ = AddField({"frnt_y", "&Y:", "Frontline point row", "map pixels", mapHeight - 1}, 2, 2);
     onMap_ = new QCheckBox(QStringLiteral("On Map?"), this);
@@ -63,14 +63,6 @@ void FrontlinePanel::Refresh() {
     x_->ShowRecordValue(point.x);
     y_->ShowRecordValue(point.y);
     onMap_->setChecked(point.on_map == flagSet);
-}
-
-int FrontlinePanel::Slot() const {
-    return slot_->value();
-}
-
-int FrontlinePanel::Point() const {
-    return point_->value();
 }
 
 void FrontlinePanel::CopyIntoAllSlots() {

@@ -14,12 +14,13 @@ class FrontlinePanel : public Panel {
     FrontlinePanel(Campaign &campaign, QWidget *parent);
 
     void Refresh() override;
+    int Slot() const { return slot_->value(); }
+    int Point() const { return point_->value(); }
+    PositionFields Position() const { return {x_, y_}; }
 
   private:
     void Build();
     void Bind();
-    int Slot() const;
-    int Point() const;
     void CopyIntoAllSlots();
 
     NumberField *slot_ = nullptr;

@@ -21,6 +21,16 @@ Panel::Panel(const QString &name, const QString &title, Campaign &campaign, QWid
     grid_->setVerticalSpacing(3);
 }
 
+bool Panel::SelectFirst() {
+    bool moved = false;
+    for (NumberField *selector : selectors_) {
+        moved = moved || selector->value() != 0;
+        selector->ShowRecordValue(0);
+    }
+    Refresh();
+    return moved;
+}
+
 NumberField *Panel::AddField(const FieldText &text, int row, int column, int columns) {
     auto *label = new QLabel(QString::fromUtf8(text.caption), this);
     auto *field = new NumberField(QString::fromUtf8(text.name), text.maximum, this);
@@ -33,6 +43,10 @@ NumberField *Panel::AddField(const FieldText &text, int row, int column, int col
     grid_->addWidget(label, row, column, 1, columns);
     grid_->addWidget(field, row, column + columns, 1, columns);
     return field;
+}
+
+NumberField *Panel::AddSelector(const FieldText &text, int row, int column, int columns) {
+    return selectors_.emplace_back(AddField(text, row, column, columns));
 }
 
 QPushButton *Panel::MakeButton(const QString &name, const QString &caption, const QString &toolTip) {

@@ -21,7 +21,7 @@ RailwayPanel::RailwayPanel(Campaign &campaign, QWidget *parent)
 }
 
 void RailwayPanel::Build() {
-    line_ = AddField({"rail_linenum", "&Line:", "Railway line", "", railwayLineTotal - 1}, 0, 0);
+    line_ = AddSelector({"rail_linenum", "&Line:", "Railway line", "", railwayLineTotal - 1}, 0, 0);
     increment_ = new QCheckBox(QStringLiteral("Automatically Increment Line #?"), this);
     increment_->setObjectName(QStringLiteral("chk_rail_auto"));
     increment_->setToolTip(
@@ -66,12 +66,12 @@ void RailwayPanel::Bind() {
     });
     for (const RailwayCoordinate coordinate : {X1, X2, Y1, Y2}) {
         connect(pixels_[coordinate], &NumberField::NumberChanged, this, [this, coordinate](int pixel) {
-            SetRailwayPixel(campaign_, Line(), coordinate, pixel);
+            SetRailwayPixel(campaign_, Selected(), coordinate, pixel);
             Q_EMIT Changed();
         });
         // The map does not show fine offsets.
         connect(metres_[coordinate], &NumberField::NumberChanged, this, [this, coordinate](int metres) {
-            SetRailwayFineOffset(campaign_, Line(), coordinate, metres);
+            SetRailwayFineOffset(campaign_, Selected(), coordinate, metres);
         });
     }
     connect(precise_[0], &QPushButton::clicked, this, [this] { Q_EMIT PreciseRequested(1); });
@@ -81,7 +81,7 @@ void RailwayPanel::Bind() {
 }
 
 void RailwayPanel::Refresh() {
-    const auto index = static_cast<std::size_t>(Line());
+    const auto index = static_cast<std::size_t>(Selected());
     const RailwayLine &line = campaign_.RailwayTable[index];
     for (std::size_t coordinate = 0; coordinate < metres_.size(); ++coordinate)
         metres_[coordinate]->ShowRecordValue(
@@ -96,12 +96,19 @@ void RailwayPanel::Refresh() {
         pixels_[Y2]->ShowRecordValue(line.y2);
 }
 
-int RailwayPanel::Line() const {
-    return line_->value();
+PositionFields RailwayPanel::Position(int end) const {
+    const auto [x, y] = end == 1 ? std::pair(X1, Y1) : std::pair(X2, Y2);
+    return {pixels_[x], pixels_[y], metres_[x], metres_[y]};
+}
+
+void RailwayPanel::PlaceEnd(int x, int y) {
+    Position(2).MoveTo(x, y);
+    if (increment_->isChecked())
+        Select(Selected() + 1);
 }
 
 void RailwayPanel::DisableLines() {
-    const int first = Line();
+    const int first = Selected();
     if (!AskYesNo(this, QStringLiteral("Disable all lines from %1 onwards?").arg(first)))
         return;
     DisableRailwayFrom(campaign_, first);

@@ -16,6 +16,12 @@ class RailwayPanel : public Panel {
     RailwayPanel(Campaign &campaign, QWidget *parent);
 
     void Refresh() override;
+    void Select(int line) { line_->SetNumber(line); }
+    int Selected() const { return line_->value(); }
+    /// end is 1 or 2.
+    PositionFields Position(int end) const;
+    /// Places end 2 and goes on to the next line when that is asked for.
+    void PlaceEnd(int x, int y);
 
   Q_SIGNALS:
     /// end is 1 or 2.
@@ -26,7 +32,6 @@ class RailwayPanel : public Panel {
   private:
     void Build();
     void Bind();
-    int Line() const;
     QPushButton *AddButton(const QString &name, const QString &caption, const QString &toolTip, int row);
     void DisableLines();
     void EnableAll();

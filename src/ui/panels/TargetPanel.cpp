@@ -60,7 +60,7 @@ TargetPanel::TargetPanel(Campaign &campaign, QWidget *parent)
 }
 
 void TargetPanel::Build() {
-    code_ = AddField({"tar_code", "&Number:", "Target number", "", targetTotal - 1}, 0, 0);
+    code_ = AddSelector({"tar_code", "&Number:", "Target number", "", targetTotal - 1}, 0, 0);
     code_->CutFraction();
     name_ = new QLineEdit(this);
     name_->setObjectName(QStringLiteral("txt_tar_name"));
@@ -104,7 +104,7 @@ void TargetPanel::Bind() {
     });
     const auto store = [this](NumberField *field, auto set, auto... of) {
         connect(field, &NumberField::NumberChanged, this, [this, set, of...](int number) {
-            set(campaign_, Target(), of..., number);
+            set(campaign_, Selected(), of..., number);
             Q_EMIT Changed();
         });
     };
@@ -114,7 +114,7 @@ void TargetPanel::Bind() {
     store(yMetres_, SetTargetFineOffset, Axis::Y);
     store(count_, SetTargetCount);
     name_->setValidator(new ObjectionValidator(
-        name_, [this](const QString &name) { return ObjectionToName(campaign_, Target(), name); },
+        name_, [this](const QString &name) { return ObjectionToName(campaign_, Selected(), name); },
         [this](const QString &objection) { Q_EMIT StatusMessage(objection); }));
     connect(name_, &QLineEdit::textChanged, this, &TargetPanel::StoreName);
     connect(isAirfield_, &QCheckBox::toggled, this, &TargetPanel::StoreIsAirfield);
@@ -127,7 +127,7 @@ void TargetPanel::Bind() {
 void TargetPanel::Refresh() {
     const QSignalBlocker nameBlocker(name_);
     const QSignalBlocker checkBlocker(isAirfield_);
-    const auto index = static_cast<std::size_t>(Target());
+    const auto index = static_cast<std::size_t>(Selected());
     const TargetRecord &target = campaign_.TargetTable[index];
     x_->ShowRecordValue(target.x);
     y_->ShowRecordValue(target.y);
@@ -140,27 +140,23 @@ void TargetPanel::Refresh() {
     TellAirfield();
 }
 
-int TargetPanel::Target() const {
-    return code_->value();
-}
-
 void TargetPanel::StoreName() {
     if (!name_->hasAcceptableInput()) {
         Refresh();
         return;
     }
-    RenameTarget(campaign_, Target(), GameTextOf(name_->text()).value());
+    RenameTarget(campaign_, Selected(), GameTextOf(name_->text()).value());
     Q_EMIT Changed();
 }
 
 void TargetPanel::StoreIsAirfield() {
-    SetTargetIsAirfield(campaign_, Target(), isAirfield_->isChecked());
+    SetTargetIsAirfield(campaign_, Selected(), isAirfield_->isChecked());
     TellAirfield();
     Q_EMIT Changed();
 }
 
 void TargetPanel::TellAirfield() {
-    const TargetRecord &target = campaign_.TargetTable[static_cast<std::size_t>(Target())];
+    const TargetRecord &target = campaign_.TargetTable[static_cast<std::size_t>(Selected())];
     Q_EMIT AirfieldShown(isAirfield_->isChecked() ? std::optional<int>(target.airfield_ref) : std::nullopt);
 }
 

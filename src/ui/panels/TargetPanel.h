@@ -17,6 +17,11 @@ class TargetPanel : public Panel {
     TargetPanel(Campaign &campaign, QWidget *parent);
 
     void Refresh() override;
+    void Select(int target) { code_->SetNumber(target); }
+    int Selected() const { return code_->value(); }
+    /// The selected target has another number now; all else of it is shown already.
+    void Renumber(int target) { code_->ShowRecordValue(target); }
+    PositionFields Position() const { return {x_, y_, xMetres_, yMetres_}; }
 
   Q_SIGNALS:
     /// The airfield record that the selected target refers to, nothing when it is no airfield.
@@ -30,7 +35,6 @@ class TargetPanel : public Panel {
   private:
     void Build();
     void Bind();
-    int Target() const;
     void StoreName();
     void StoreIsAirfield();
     void TellAirfield();

@@ -29,8 +29,8 @@ WaypointPanel::WaypointPanel(Kind kind, Campaign &campaign, QWidget *parent)
 void WaypointPanel::Build(const char *path, const char *waypoint, const char *x, const char *xMetres,
                           const char *y, const char *yMetres) {
     const int lastPath = static_cast<int>(paths_.size()) - 1;
-    path_ = AddField({path, "Path:", "Interdiction path", "", lastPath}, 0, 0, 2);
-    waypoint_ = AddField({waypoint, "Waypoint:", "Waypoint of the path", "", waypointTotal - 1}, 1, 0, 2);
+    path_ = AddSelector({path, "Path:", "Interdiction path", "", lastPath}, 0, 0, 2);
+    waypoint_ = AddSelector({waypoint, "Waypoint:", "Waypoint of the path", "", waypointTotal - 1}, 1, 0, 2);
     x_ = AddField({x, "X:", "Waypoint column", "map pixels", mapWidth - 1}, 2, 0);
     xMetres_ =
         AddField({xMetres, "+ m:", "Waypoint metres from the left edge of its tile", "m", tileMetres}, 2, 2);
