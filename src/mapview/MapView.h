@@ -52,7 +52,7 @@ struct MapView {
     ScrollState v_scroll;
     bool ScrollSyncSuspended = false;  ///< a zoom command sets the scroll values: they leave the centre alone
     OverviewRectangle shp_area;
-    ZoomMenuState zoomMenu;
+    ZoomMenuState zoomMenu{.checked100 = true};
     std::int16_t ViewFrontline = 0;  ///< the frontline shown while no frontline is being edited
     bool TargetFlashPhase = false;   ///< set: the next redraw draws the ring of the selected target
 

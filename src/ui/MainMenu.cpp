@@ -19,11 +19,9 @@ QAction *AddEntry(QMenu *menu, const char *name, const char *caption, const QKey
     return entry;
 }
 
-QAction *AddCheck(QMenu *menu, const char *name, const char *caption, bool checked,
-                  const QKeySequence &key = {}) {
+QAction *AddCheck(QMenu *menu, const char *name, const char *caption, const QKeySequence &key = {}) {
     QAction *entry = AddEntry(menu, name, caption, key);
     entry->setCheckable(true);
-    entry->setChecked(checked);
     return entry;
 }
 
@@ -50,23 +48,23 @@ MainMenu::MainMenu(QMenuBar *bar) {
     mnu_p_exit = AddEntry(mnu_project, "mnu_p_exit", "E&xit");
 
     mnu_edit = AddMenu(bar, "mnu_edit", "&Edit");
-    mnu_e_target = AddCheck(mnu_edit, "mnu_e_target", "&Targets", true, Qt::Key_F2);
-    mnu_e_frontline = AddCheck(mnu_edit, "mnu_e_frontline", "&Frontlines", false, Qt::Key_F3);
-    mnu_e_railway = AddCheck(mnu_edit, "mnu_e_railway", "&Railways", false, Qt::Key_F4);
-    mnu_e_roadint = AddCheck(mnu_edit, "mnu_e_roadint", "Roa&d Interdiction", false, Qt::Key_F5);
-    mnu_e_railint = AddCheck(mnu_edit, "mnu_e_railint", "Ra&il Interdiction", false, Qt::Key_F6);
+    mnu_e_target = AddCheck(mnu_edit, "mnu_e_target", "&Targets", Qt::Key_F2);
+    mnu_e_frontline = AddCheck(mnu_edit, "mnu_e_frontline", "&Frontlines", Qt::Key_F3);
+    mnu_e_railway = AddCheck(mnu_edit, "mnu_e_railway", "&Railways", Qt::Key_F4);
+    mnu_e_roadint = AddCheck(mnu_edit, "mnu_e_roadint", "Roa&d Interdiction", Qt::Key_F5);
+    mnu_e_railint = AddCheck(mnu_edit, "mnu_e_railint", "Ra&il Interdiction", Qt::Key_F6);
 
     mnu_view = AddMenu(bar, "mnu_view", "&View");
-    mnu_v_targets = AddCheck(mnu_view, "mnu_v_targets", "&Targets", true);
-    mnu_v_frontlines = AddCheck(mnu_view, "mnu_v_frontlines", "&Frontlines", true);
-    mnu_v_railways = AddCheck(mnu_view, "mnu_v_railways", "&Railways", true);
-    mnu_v_roadint = AddCheck(mnu_view, "mnu_v_roadint", "Roa&d Interdiction", false);
-    mnu_v_railint = AddCheck(mnu_view, "mnu_v_railint", "Ra&il Interdiction", false);
+    mnu_v_targets = AddCheck(mnu_view, "mnu_v_targets", "&Targets");
+    mnu_v_frontlines = AddCheck(mnu_view, "mnu_v_frontlines", "&Frontlines");
+    mnu_v_railways = AddCheck(mnu_view, "mnu_v_railways", "&Railways");
+    mnu_v_roadint = AddCheck(mnu_view, "mnu_v_roadint", "Roa&d Interdiction");
+    mnu_v_railint = AddCheck(mnu_view, "mnu_v_railint", "Ra&il Interdiction");
 
     mnu_m_zoom = AddMenu(bar, "mnu_m_zoom", "&Zoom");
-    mnu_m_z_100 = AddCheck(mnu_m_zoom, "mnu_m_z_100", "&100%", true);
-    mnu_m_z_200 = AddCheck(mnu_m_zoom, "mnu_m_z_200", "&200%", false);
-    mnu_m_z_400 = AddCheck(mnu_m_zoom, "mnu_m_z_400", "&400%", false);
+    mnu_m_z_100 = AddCheck(mnu_m_zoom, "mnu_m_z_100", "&100%");
+    mnu_m_z_200 = AddCheck(mnu_m_zoom, "mnu_m_z_200", "&200%");
+    mnu_m_z_400 = AddCheck(mnu_m_zoom, "mnu_m_z_400", "&400%");
     AddSeparator(mnu_m_zoom, "mnu_m_z_div1");
     mnu_m_z_in = AddEntry(mnu_m_zoom, "mnu_m_z_in", "Zoom &In", QKeySequence::ZoomIn);
     mnu_m_z_out = AddEntry(mnu_m_zoom, "mnu_m_z_out", "Zoom &Out", QKeySequence::ZoomOut);
@@ -87,14 +85,6 @@ void MainMenu::ShowRecentProjects(const std::array<std::string, 4> &names) const
         mnu_p_last[i]->setText(QStringLiteral("&%1 ").arg(i + 1) + ProjectCaption(names[i]));
         mnu_p_div3->setVisible(true);
     }
-}
-
-void MainMenu::ShowZoom(const ZoomMenuState &state) const {
-    mnu_m_z_in->setEnabled(state.inEnabled);
-    mnu_m_z_out->setEnabled(state.outEnabled);
-    mnu_m_z_100->setChecked(state.checked100);
-    mnu_m_z_200->setChecked(state.checked200);
-    mnu_m_z_400->setChecked(state.checked400);
 }
 
 }  // namespace vtr

@@ -5,8 +5,6 @@
 #include <array>
 #include <string>
 
-#include "MapView.h"
-
 namespace vtr {
 
 /// The menus of the main window and their entries, each under its object name.
@@ -50,7 +48,6 @@ struct MainMenu {
     /// Shows the recent projects that have a name, newest first, and the separator below them when there are
     /// any.
     void ShowRecentProjects(const std::array<std::string, 4> &names) const;
-    void ShowZoom(const ZoomMenuState &state) const;
 };
 
 }  // namespace vtr

@@ -4,7 +4,6 @@
 #include <QVBoxLayout>
 
 #include "AirfieldPanel.h"
-#include "Arithmetic.h"
 #include "ControlBox.h"
 #include "FrontlinePanel.h"
 #include "MapFrame.h"
@@ -14,6 +13,7 @@
 #include "StatusBar.h"
 #include "TargetPanel.h"
 #include "WaypointPanel.h"
+#include "WindowState.h"
 
 namespace vtr {
 
@@ -21,21 +21,29 @@ MainWidgets::MainWidgets(QMainWindow *window, Session &session)
     : menu(window->menuBar()),
       mapFrame(new MapFrame(session.view, window)),
       Img_SmallMap(new Overview(window)),
-      fra_control(new ControlBox(session.campaign, window)),
-      fra_target(new TargetPanel(session.campaign, window)),
-      fra_airfield(new AirfieldPanel(session.campaign, window)),
-      fra_frontline(new FrontlinePanel(session.campaign, window)),
-      fra_railway(new RailwayPanel(session.campaign, window)),
-      fra_roadint(new WaypointPanel(WaypointPanel::Kind::Road, session.campaign, window)),
-      fra_railint(new WaypointPanel(WaypointPanel::Kind::Rail, session.campaign, window)),
-      sb_status(new StatusBar(window)) {
+      fra_control(new ControlBox(session, window)),
+      fra_target(new TargetPanel(session, window)),
+      fra_airfield(new AirfieldPanel(session, window)),
+      fra_frontline(new FrontlinePanel(session, window)),
+      fra_railway(new RailwayPanel(session, window)),
+      fra_roadint(new WaypointPanel(WaypointPanel::Kind::Road, session, window)),
+      fra_railint(new WaypointPanel(WaypointPanel::Kind::Rail, session, window)),
+      sb_status(new StatusBar(window)),
+      modes{{{menu.mnu_e_target, menu.mnu_v_targets, fra_target, nullptr, QStringLiteral("  TARGETS  ")},
+             {menu.mnu_e_frontline, menu.mnu_v_frontlines, fra_frontline, fra_control->upd_viewfrontline,
+              QStringLiteral("  FRONTLINES  ")},
+             {menu.mnu_e_railway, menu.mnu_v_railways, fra_railway, fra_control->upd_view_railway,
+              QStringLiteral("  RAILWAYS  ")},
+             {menu.mnu_e_roadint, menu.mnu_v_roadint, fra_roadint, fra_control->upd_view_roadint,
+              QStringLiteral("  ROAD INTERDICTION WAYPOINTS  ")},
+             {menu.mnu_e_railint, menu.mnu_v_railint, fra_railint, fra_control->upd_view_railint,
+              QStringLiteral("  RAIL INTERDICTION WAYPOINTS  ")}}},
+      session_(session) {
     auto *centre = new QWidget(window);
     LayOut(centre);
     window->setCentralWidget(centre);
     window->setStatusBar(sb_status);
-    menu.mnu_m_zoom->setEnabled(false);
-    menu.mnu_view->setEnabled(false);
-    menu.mnu_p_export->setEnabled(false);
+    ShowState();
 }
 
 void MainWidgets::LayOut(QWidget *centre) const {
@@ -63,23 +71,29 @@ void MainWidgets::LayOut(QWidget *centre) const {
     rows->addStretch();
 }
 
-MapDisplay MainWidgets::Display() const {
-    MapDisplay display;
-    display.mnu_v_targets = menu.mnu_v_targets->isChecked();
-    display.mnu_v_frontlines = menu.mnu_v_frontlines->isChecked();
-    display.mnu_v_railways = menu.mnu_v_railways->isChecked();
-    display.mnu_v_roadint = menu.mnu_v_roadint->isChecked();
-    display.mnu_v_railint = menu.mnu_v_railint->isChecked();
-    display.mnu_e_frontline = menu.mnu_e_frontline->isChecked();
-    display.mnu_e_railway = menu.mnu_e_railway->isChecked();
-    display.upd_frnt_num = ToInt16(fra_frontline->Slot());
-    display.upd_frnt_pointnum = ToInt16(fra_frontline->Point());
-    display.upd_rail_linenum = ToInt16(fra_railway->Selected());
-    display.upd_tar_code = ToInt16(fra_target->Selected());
-    display.upd_view_railway = ToInt16(fra_control->upd_view_railway->value());
-    display.upd_view_roadint = ToInt16(fra_control->upd_view_roadint->value());
-    display.upd_view_railint = ToInt16(fra_control->upd_view_railint->value());
-    return display;
+void MainWidgets::ShowState() const {
+    const WindowState state = WindowStateOf(session_);
+    menu.mnu_m_zoom->setEnabled(state.projectEnabled);
+    menu.mnu_view->setEnabled(state.projectEnabled);
+    menu.mnu_p_export->setEnabled(state.projectEnabled);
+    fra_control->setEnabled(state.projectEnabled);
+    fra_airfield->setEnabled(state.airfieldFrameEnabled);
+    for (std::size_t i = 0; i < modes.size(); ++i) {
+        const ModeControls &controls = modes[i];
+        const WindowState::OfMode &mode = state.modes[i];
+        controls.entry->setChecked(mode.entryChecked);
+        controls.layerEntry->setChecked(mode.layerChecked);
+        controls.frame->setEnabled(mode.frameEnabled);
+        if (controls.viewSelector != nullptr)
+            controls.viewSelector->setEnabled(mode.viewSelectorEnabled);
+        if (mode.entryChecked)
+            sb_status->curredit->setText(controls.statusText);
+    }
+    menu.mnu_m_z_in->setEnabled(state.zoomMenu.inEnabled);
+    menu.mnu_m_z_out->setEnabled(state.zoomMenu.outEnabled);
+    menu.mnu_m_z_100->setChecked(state.zoomMenu.checked100);
+    menu.mnu_m_z_200->setChecked(state.zoomMenu.checked200);
+    menu.mnu_m_z_400->setChecked(state.zoomMenu.checked400);
 }
 
 }  // namespace vtr

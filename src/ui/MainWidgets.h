@@ -3,7 +3,6 @@
 #include <QMainWindow>
 
 #include "MainMenu.h"
-#include "MapDisplay.h"
 #include "Session.h"
 
 namespace vtr {
@@ -12,7 +11,9 @@ class AirfieldPanel;
 class ControlBox;
 class FrontlinePanel;
 class MapFrame;
+class NumberField;
 class Overview;
+class Panel;
 class RailwayPanel;
 class StatusBar;
 class TargetPanel;
@@ -34,11 +35,22 @@ struct MainWidgets {
     WaypointPanel *fra_railint;
     StatusBar *sb_status;  ///< made last: Tab reaches it last
 
-    /// What the controls say about the next redraw.
-    MapDisplay Display() const;
+    struct ModeControls {
+        QAction *entry;
+        QAction *layerEntry;
+        Panel *frame;
+        NumberField *viewSelector;  ///< nullptr for targets
+        QString statusText;
+    };
+    std::array<ModeControls, editModeTotal> modes;  ///< in the order of EditMode
+
+    /// Enables and checks everything as the session has it. Call it after each change of what it goes by.
+    void ShowState() const;
 
   private:
     void LayOut(QWidget *centre) const;
+
+    const Session &session_;
 };
 
 }  // namespace vtr

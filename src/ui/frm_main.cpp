@@ -8,7 +8,6 @@
 #include <QLineEdit>
 
 #include "AirfieldPanel.h"
-#include "Arithmetic.h"
 #include "ControlBox.h"
 #include "DroppedPath.h"
 #include "FrontlinePanel.h"
@@ -42,7 +41,7 @@ QString ProjectFileIn(const QDropEvent &event) {
 frm_main::frm_main(Session &session)
     : session_(session),
       widgets_(this, session),
-      editModes_(widgets_),
+      editModes_(session, widgets_),
       mapEditing_(session, widgets_),
       itemCommands_(session, widgets_, this, [this] { Redraw(); }),
       preferencesCommands_(session, widgets_, this),
@@ -83,7 +82,7 @@ void frm_main::Redraw() {
     const Operation drawing(session_.operation, tr("Drawing the map"));
     MapSurface &map = *widgets_.mapFrame->Img_Map;
     const auto disabledLines = vtr::Redraw(map.Surface(), session_.map, session_.campaign,
-                                           session_.preferences, widgets_.Display(), session_.view);
+                                           session_.preferences, DisplayOf(session_), session_.view);
     if (disabledLines)
         widgets_.fra_control->ShowDisabledLines(QString::fromStdString(*disabledLines));
     map.update();
@@ -92,9 +91,12 @@ void frm_main::Redraw() {
 void frm_main::WireMenus() {
     const MainMenu &menu = widgets_.menu;
     connect(menu.mnu_p_exit, &QAction::triggered, this, &QWidget::close);
-    for (QAction *entry : {menu.mnu_v_targets, menu.mnu_v_frontlines, menu.mnu_v_railways, menu.mnu_v_roadint,
-                           menu.mnu_v_railint})
-        connect(entry, &QAction::triggered, this, &frm_main::Redraw);
+    for (std::size_t mode = 0; mode < editModeTotal; ++mode)
+        connect(widgets_.modes[mode].layerEntry, &QAction::triggered, this, [this, mode](bool shown) {
+            session_.layers.*layersOfModes[mode] = shown;
+            widgets_.ShowState();
+            Redraw();
+        });
     AddZoomEntry(menu.mnu_m_z_100, vtr::ZoomTo100);
     AddZoomEntry(menu.mnu_m_z_200, vtr::ZoomTo200);
     AddZoomEntry(menu.mnu_m_z_400, vtr::ZoomTo400);
@@ -110,7 +112,7 @@ void frm_main::WireMenus() {
 void frm_main::AddZoomEntry(QAction *entry, void (*command)(MapView &view, ScrollBars bars)) {
     connect(entry, &QAction::triggered, this, [this, command] {
         widgets_.mapFrame->Zoom(command);
-        widgets_.menu.ShowZoom(session_.view.zoomMenu);
+        widgets_.ShowState();
         widgets_.sb_status->zoom->setText(QString::fromStdString(ZoomText(session_.view)));
         Redraw();
     });
@@ -126,7 +128,7 @@ void frm_main::WireMap() {
     tmr_TargetFlash_.setObjectName(QStringLiteral("tmr_TargetFlash"));
     tmr_TargetFlash_.setInterval(750);
     connect(&tmr_TargetFlash_, &QTimer::timeout, this, [this] {
-        if (session_.campaign.ProjectLoaded && widgets_.menu.mnu_v_targets->isChecked() &&
+        if (session_.campaign.ProjectLoaded && session_.layers.mnu_v_targets &&
             session_.preferences.FlashTarget != 0)
             Redraw();
     });
@@ -140,16 +142,15 @@ void frm_main::WirePanels() {
         connect(panel, &Panel::Changed, this, &frm_main::Redraw);
     connect(widgets_.fra_target, &TargetPanel::StatusMessage, this,
             [this](const QString &text) { widgets_.sb_status->showMessage(text, 5000); });
-    connect(widgets_.fra_target, &TargetPanel::AirfieldShown, widgets_.fra_airfield,
-            &AirfieldPanel::ShowAirfield);
+    connect(widgets_.fra_target, &TargetPanel::AirfieldShown, this, [this](std::optional<int> airfield) {
+        widgets_.fra_airfield->ShowAirfield(airfield);
+        widgets_.ShowState();
+    });
     ControlBox *control = widgets_.fra_control;
     connect(control, &ControlBox::Changed, this, &frm_main::Redraw);
-    connect(control, &ControlBox::ViewFrontlineChanged, this, [this](int slot) {
-        session_.view.ViewFrontline = ToInt16(slot);
-        Redraw();
-    });
+    connect(control, &ControlBox::ViewFrontlineChanged, this, &frm_main::Redraw);
     connect(control, &ControlBox::ViewRailwayChanged, this, [this](int line) {
-        if (widgets_.fra_railway->Selected() == line)
+        if (session_.selection.railwayLine == line)
             Redraw();
         else
             widgets_.fra_railway->Select(line);  // its own change redraws

@@ -15,11 +15,14 @@ const char *const sideNames[] = {"cbo_side_1940", "cbo_side_1943", "cbo_side_194
 
 class AirfieldPanelTest : public ::testing::Test {
   protected:
+    AirfieldPanelTest() { panel.setEnabled(true); }
+
     QComboBox &Combo(const char *name) { return Find<QComboBox>(panel, name); }
     AirfieldRecord &Record(std::size_t airfield) { return campaign->AirfieldTable[airfield]; }
 
-    std::unique_ptr<Campaign> campaign = FilledCampaign();
-    AirfieldPanel panel{*campaign, nullptr};
+    std::unique_ptr<Session> session = FilledSession();
+    Campaign *campaign = &session->campaign;
+    AirfieldPanel panel{*session, nullptr};
     QSignalSpy changed{&panel, &Panel::Changed};
 };
 
@@ -28,7 +31,7 @@ TEST_F(AirfieldPanelTest, ShowsEveryAirfieldAsTheTableHoldsItAndChangesNothing) 
     for (int airfield = 0; airfield < 162; ++airfield) {
         panel.ShowAirfield(airfield);
         const AirfieldRecord &record = Record(static_cast<std::size_t>(airfield));
-        EXPECT_TRUE(panel.isEnabled());
+        EXPECT_TRUE(session->airfieldFrameEnabled);
         EXPECT_EQ(ShownIn(panel, "txt_air_code"), std::to_string(airfield));
         EXPECT_EQ(ShownIn(panel, "txt_air_orientation"), std::to_string(record.airfield_extra_word));
         EXPECT_EQ(Combo("cbo_air_country").currentIndex(), record.country);
@@ -143,10 +146,10 @@ TEST_F(AirfieldPanelTest, WhatIsNotInItsListShowsNoChoiceAndStaysUntilOneIsPicke
 }
 
 TEST_F(AirfieldPanelTest, WithoutAnAirfieldThePanelIsDisabledAndStoresNothing) {
-    EXPECT_FALSE(panel.isEnabled());
+    EXPECT_FALSE(session->airfieldFrameEnabled);
     panel.ShowAirfield(3);
     panel.ShowAirfield(std::nullopt);
-    EXPECT_FALSE(panel.isEnabled());
+    EXPECT_FALSE(session->airfieldFrameEnabled);
     const std::string before = Everything(*campaign);
     Combo("cbo_air_1940").setCurrentIndex((Record(3).base_1940 + 1) % 11);
     Field(panel, "upd_air_orientation").SetNumber(1);
@@ -156,14 +159,14 @@ TEST_F(AirfieldPanelTest, WithoutAnAirfieldThePanelIsDisabledAndStoresNothing) {
 TEST_F(AirfieldPanelTest, AnAirfieldAbove161IsShownDisabledWithItsNumberAndTheReason) {
     panel.ShowAirfield(3);
     panel.ShowAirfield(162);
-    EXPECT_FALSE(panel.isEnabled());
+    EXPECT_FALSE(session->airfieldFrameEnabled);
     EXPECT_EQ(ShownIn(panel, "txt_air_code"), "162");
     EXPECT_EQ(Combo("cbo_air_1940").currentIndex(), -1);
     EXPECT_EQ(ShownIn(panel, "txt_air_orientation"), "0");
     EXPECT_TRUE(panel.toolTip().contains(QStringLiteral("162"))) << panel.toolTip().toStdString();
     EXPECT_EQ(Find<QLineEdit>(panel, "txt_air_code").toolTip(), panel.toolTip());
     panel.ShowAirfield(161);
-    EXPECT_TRUE(panel.isEnabled());
+    EXPECT_TRUE(session->airfieldFrameEnabled);
     EXPECT_FALSE(panel.toolTip().contains(QStringLiteral("162")));
     EXPECT_EQ(Combo("cbo_air_1940").currentIndex(), Record(161).base_1940);
 }

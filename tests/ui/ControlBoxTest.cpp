@@ -14,8 +14,9 @@ class ControlBoxTest : public ::testing::Test {
 
     std::string DisabledLines() { return Find<QLabel>(box, "lbl_disabled").text().toStdString(); }
 
-    std::unique_ptr<Campaign> campaign = FilledCampaign();
-    ControlBox box{*campaign, nullptr};
+    std::unique_ptr<Session> session = FilledSession();
+    Campaign *campaign = &session->campaign;
+    ControlBox box{*session, nullptr};
 };
 
 TEST_F(ControlBoxTest, EverySelectorKeepsToItsNumbersAndAllButTheFirstShowAllForZero) {

@@ -27,8 +27,9 @@ class FrontlinePanelTest : public ::testing::Test {
         EXPECT_EQ(onMap.isChecked(), point.on_map == 65535);
     }
 
-    std::unique_ptr<Campaign> campaign = FilledCampaign();
-    FrontlinePanel panel{*campaign, nullptr};
+    std::unique_ptr<Session> session = FilledSession();
+    Campaign *campaign = &session->campaign;
+    FrontlinePanel panel{*session, nullptr};
     QCheckBox &onMap = Find<QCheckBox>(panel, "chk_frnt_map");
     QSignalSpy changed{&panel, &Panel::Changed};
 };

@@ -17,15 +17,15 @@ namespace {
 class EveryPanelTest : public ::testing::Test {
   protected:
     EveryPanelTest() {
-        auto *airfield = new AirfieldPanel(*campaign, &window);
+        auto *airfield = new AirfieldPanel(*session, &window);
         airfield->ShowAirfield(1);
-        panels = {new TargetPanel(*campaign, &window),
+        panels = {new TargetPanel(*session, &window),
                   airfield,
-                  new FrontlinePanel(*campaign, &window),
-                  new RailwayPanel(*campaign, &window),
-                  new WaypointPanel(WaypointPanel::Kind::Road, *campaign, &window),
-                  new WaypointPanel(WaypointPanel::Kind::Rail, *campaign, &window),
-                  new ControlBox(*campaign, &window)};
+                  new FrontlinePanel(*session, &window),
+                  new RailwayPanel(*session, &window),
+                  new WaypointPanel(WaypointPanel::Kind::Road, *session, &window),
+                  new WaypointPanel(WaypointPanel::Kind::Rail, *session, &window),
+                  new ControlBox(*session, &window)};
         auto *layout = new QVBoxLayout(&window);
         for (Panel *panel : panels) {
             EXPECT_FALSE(panel->isEnabled() && panel != airfield) << "until there is something to edit";
@@ -35,7 +35,7 @@ class EveryPanelTest : public ::testing::Test {
         window.show();
     }
 
-    std::unique_ptr<Campaign> campaign = FilledCampaign();
+    std::unique_ptr<Session> session = FilledSession();
     QWidget window;
     std::vector<Panel *> panels;
 };
@@ -88,32 +88,32 @@ TEST_F(EveryPanelTest, NothingIsClipped) {
 }
 
 TEST(PanelsTogether, FitIntoTwoRowsBelowTheMap) {
-    const auto campaign = FilledCampaign();
+    const auto session = FilledSession();
     const auto width = [](std::initializer_list<const Panel *> row) {
         int total = 0;
         for (const Panel *panel : row)
             total += panel->minimumSizeHint().width();
         return total;
     };
-    const TargetPanel target(*campaign, nullptr);
-    const AirfieldPanel airfield(*campaign, nullptr);
-    const FrontlinePanel frontline(*campaign, nullptr);
-    const RailwayPanel railway(*campaign, nullptr);
-    const WaypointPanel road(WaypointPanel::Kind::Road, *campaign, nullptr);
-    const WaypointPanel rail(WaypointPanel::Kind::Rail, *campaign, nullptr);
+    const TargetPanel target(*session, nullptr);
+    const AirfieldPanel airfield(*session, nullptr);
+    const FrontlinePanel frontline(*session, nullptr);
+    const RailwayPanel railway(*session, nullptr);
+    const WaypointPanel road(WaypointPanel::Kind::Road, *session, nullptr);
+    const WaypointPanel rail(WaypointPanel::Kind::Rail, *session, nullptr);
     EXPECT_LE(width({&target, &airfield}), 870);
     EXPECT_LE(width({&frontline, &railway, &road, &rail}), 870);
     EXPECT_LE(target.minimumSizeHint().height() + railway.minimumSizeHint().height(), 320);
 }
 
 TEST(PanelsTogether, ACampaignThatHoldsNothingYetIsShownAsZeros) {
-    const auto campaign = std::make_unique<Campaign>();
-    const std::string before = Everything(*campaign);
-    const TargetPanel target(*campaign, nullptr);
-    const RailwayPanel railway(*campaign, nullptr);
+    const auto session = std::make_unique<Session>();
+    const std::string before = Everything(session->campaign);
+    const TargetPanel target(*session, nullptr);
+    const RailwayPanel railway(*session, nullptr);
     EXPECT_EQ(ShownIn(target, "txt_tar_xm"), "0");
     EXPECT_EQ(ShownIn(railway, "txt_rail_ym2"), "0");
-    EXPECT_EQ(Everything(*campaign), before);
+    EXPECT_EQ(Everything(session->campaign), before);
 }
 
 }  // namespace

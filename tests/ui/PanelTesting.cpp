@@ -110,4 +110,10 @@ std::unique_ptr<Campaign> FilledCampaign() {
     return campaign;
 }
 
+std::unique_ptr<Session> FilledSession() {
+    auto session = std::make_unique<Session>();
+    session->campaign = *FilledCampaign();
+    return session;
+}
+
 }  // namespace vtr

@@ -37,5 +37,7 @@ std::string Everything(const Campaign &campaign);
 
 /// Every table filled with numbers that lie in the range of their fields, and fine offsets with fractions.
 std::unique_ptr<Campaign> FilledCampaign();
+/// A session with such a campaign.
+std::unique_ptr<Session> FilledSession();
 
 }  // namespace vtr

@@ -384,7 +384,7 @@ TEST_F(PanelsInWindowTest, SelectingAnAirfieldInFrontlineModeEnablesItsFrameAsSe
 
 using PanelsOfALoad = EditorWindow;
 
-TEST_F(PanelsOfALoad, LoadingInFrontlineModeKeepsTheModeAndEnablesTheFrameOfTarget0WhenItIsAnAirfield) {
+TEST_F(PanelsOfALoad, LoadingInFrontlineModeKeepsTheModeAndEnablesTheFramesOfTarget0AndOfItsAirfield) {
     for (const bool isAirfield : {true, false}) {
         WriteSample();
         const auto variation = MakeSampleCampaign();
@@ -397,6 +397,8 @@ TEST_F(PanelsOfALoad, LoadingInFrontlineModeKeepsTheModeAndEnablesTheFrameOfTarg
         EXPECT_EQ(Number("upd_tar_code").value(), 0);
         EXPECT_TRUE(Entry("mnu_e_frontline").isChecked());
         EXPECT_EQ(PanelText("curredit"), "  FRONTLINES  ");
+        for (const char *frame : {"fra_target", "fra_frontline"})
+            EXPECT_TRUE(Find<QWidget>(window(), frame).isEnabled()) << frame;
         EXPECT_EQ(Find<QWidget>(window(), "fra_airfield").isEnabled(), isAirfield);
     }
 }

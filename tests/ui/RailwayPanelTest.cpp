@@ -20,8 +20,9 @@ class RailwayPanelTest : public ::testing::Test {
     RailwayLine &Line(std::size_t line) { return campaign->RailwayTable[line]; }
     void Click(const char *name) { Find<QPushButton>(panel, name).click(); }
 
-    std::unique_ptr<Campaign> campaign = FilledCampaign();
-    RailwayPanel panel{*campaign, nullptr};
+    std::unique_ptr<Session> session = FilledSession();
+    Campaign *campaign = &session->campaign;
+    RailwayPanel panel{*session, nullptr};
     QSignalSpy changed{&panel, &Panel::Changed};
     QSignalSpy captions{&panel, &RailwayPanel::DisabledLinesChanged};
 };

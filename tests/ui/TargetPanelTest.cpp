@@ -33,8 +33,9 @@ class TargetPanelTest : public ::testing::Test {
         EXPECT_EQ(Everything(*campaign), before);
     }
 
-    std::unique_ptr<Campaign> campaign = FilledCampaign();
-    TargetPanel panel{*campaign, nullptr};
+    std::unique_ptr<Session> session = FilledSession();
+    Campaign *campaign = &session->campaign;
+    TargetPanel panel{*session, nullptr};
     QSignalSpy changed{&panel, &Panel::Changed};
     QSignalSpy messages{&panel, &TargetPanel::StatusMessage};
     std::vector<std::optional<int>> airfields;

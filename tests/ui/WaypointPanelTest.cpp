@@ -21,8 +21,9 @@ class WaypointPanelTest : public ::testing::TestWithParam<Frame> {
         return Field(panel, ("upd_" + GetParam().prefix + name).c_str());
     }
 
-    std::unique_ptr<Campaign> campaign = FilledCampaign();
-    WaypointPanel panel{GetParam().kind, *campaign, nullptr};
+    std::unique_ptr<Session> session = FilledSession();
+    Campaign *campaign = &session->campaign;
+    WaypointPanel panel{GetParam().kind, *session, nullptr};
 };
 
 TEST_P(WaypointPanelTest, ShowsEveryWaypointAsTheTableHoldsIt) {

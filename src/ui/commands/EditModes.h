@@ -6,31 +6,21 @@
 
 namespace vtr {
 
-class NumberField;
-
-/// The five edit modes: each enables the frame of one layer and makes that layer visible.
+/// The entries of the edit menu: each enables the frame of one layer and makes that layer visible.
 class EditModes : public QObject {
     Q_OBJECT
 
   public:
-    explicit EditModes(MainWidgets &widgets);
+    EditModes(Session &session, MainWidgets &widgets);
 
-    /// Goes on to the mode that follows the one that the status bar names.
+    /// Goes on to the mode after the current one, from the last to the first.
     void SwitchToNext();
 
   private:
-    struct Mode {
-        QAction *entry;
-        QWidget *frame;
-        NumberField *viewSelector;  ///< disabled while its layer is being edited; none for targets
-        QString statusText;
-        QAction *viewEntry;
-    };
+    void SwitchTo(std::size_t mode);
 
-    void SwitchTo(const Mode &mode);
-
+    Session &session_;
     MainWidgets &widgets_;
-    std::vector<Mode> modes_;
 };
 
 }  // namespace vtr

@@ -48,7 +48,7 @@ void ItemCommands::ReorderAllTargets() {
     if (!newIndices)
         return;
     // The selected target stays selected, wherever it went.
-    const auto selected = static_cast<std::size_t>(widgets_.fra_target->Selected());
+    const auto selected = static_cast<std::size_t>(session_.selection.target);
     widgets_.fra_target->Renumber(static_cast<int>((*newIndices)[selected]));
     redraw_();
 }

@@ -57,7 +57,6 @@ void MapEditing::OpenZoomMenu(const QMouseEvent &event) {
 void MapEditing::EditAt(const QMouseEvent &event) {
     if (!session_.campaign.ProjectLoaded)
         return;
-    const MainMenu &menu = widgets_.menu;
     const QPoint at = PixelUnder(event);
     const MapPoint point = ScreenToMap(session_.view, static_cast<float>(at.x()), static_cast<float>(at.y()));
     const int x = RoundToInt32(point.x);
@@ -66,38 +65,35 @@ void MapEditing::EditAt(const QMouseEvent &event) {
     const bool right = event.button() == Qt::RightButton;
     const Keys keys = KeysOf(event);
 
-    if (menu.mnu_e_target->isChecked() && left && keys == Keys::None && SelectTargetAt(point.x, point.y))
-        return;
-    if (menu.mnu_e_target->isChecked() && left && keys == Keys::Shift)
+    if (session_.mode == EditMode::Target && left && keys == Keys::None)
+        SelectTargetAt(point.x, point.y);
+    else if (session_.mode == EditMode::Target && left && keys == Keys::Shift)
         widgets_.fra_target->Position().MoveTo(x, y);
-    if (menu.mnu_e_frontline->isChecked() && left)
+    else if (session_.mode == EditMode::Frontline && left)
         widgets_.fra_frontline->Position().MoveTo(x, y);
-    if (menu.mnu_e_railway->isChecked() && left && keys == Keys::Shift)
+    else if (session_.mode == EditMode::Railway && left && keys == Keys::Shift)
         widgets_.fra_railway->Position(1).MoveTo(x, y);
-    else if (menu.mnu_e_railway->isChecked() && right && keys == Keys::Shift)
+    else if (session_.mode == EditMode::Railway && right && keys == Keys::Shift)
         widgets_.fra_railway->PlaceEnd(x, y);
 }
 
-bool MapEditing::SelectTargetAt(float x, float y) {
+void MapEditing::SelectTargetAt(float x, float y) {
     const auto &targets = session_.campaign.TargetTable;
     const auto found = std::ranges::find_if(targets, [x, y](const TargetRecord &target) {
         return static_cast<float>(target.x) == x && static_cast<float>(target.y) == y;
     });
-    if (found == targets.end())
-        return false;
-    widgets_.fra_target->Select(static_cast<int>(found - targets.begin()));
-    return true;
+    if (found != targets.end())
+        widgets_.fra_target->Select(static_cast<int>(found - targets.begin()));
 }
 
 void MapEditing::Nudge(int dx, int dy) {
     if (!session_.campaign.ProjectLoaded)
         return;
-    const MainMenu &menu = widgets_.menu;
-    if (menu.mnu_e_target->isChecked())
+    if (session_.mode == EditMode::Target)
         widgets_.fra_target->Position().MoveBy(dx, dy);
-    if (menu.mnu_e_frontline->isChecked())
+    else if (session_.mode == EditMode::Frontline)
         widgets_.fra_frontline->Position().MoveBy(dx, dy);
-    if (menu.mnu_e_railway->isChecked())
+    else if (session_.mode == EditMode::Railway)
         widgets_.fra_railway->Position(1).MoveBy(dx, dy);
 }
 

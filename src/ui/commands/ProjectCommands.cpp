@@ -114,7 +114,6 @@ void ProjectCommands::MakeNewProject() {
     // the next save would write the tables of the one campaign over the files of the other.
     const auto before = std::make_unique<Session>(session_);
     const QString nameBefore = widgets_.sb_status->project->text();
-    const bool targetPanelBefore = widgets_.fra_target->isEnabled();
     try {
         Load(dialog.ProjectPath());
     } catch (const Error &error) {
@@ -122,9 +121,7 @@ void ProjectCommands::MakeNewProject() {
         session_ = std::move(*before);
         widgets_.sb_status->project->setText(nameBefore);
         widgets_.Img_SmallMap->ShowPicture(session_.map);
-        if (!session_.campaign.ProjectLoaded)
-            SetProjectControlsEnabled(false);
-        widgets_.fra_target->setEnabled(targetPanelBefore);
+        widgets_.ShowState();
         ShowMessage(
             window_, QMessageBox::Warning,
             ErrorReport(tr("Loading the new project"), error,
@@ -200,15 +197,8 @@ void ProjectCommands::LoadMapPicture(const std::string &path) {
 
 void ProjectCommands::EnableProjectControls() {
     session_.view.MapZoom = 1;
-    SetProjectControlsEnabled(true);
-}
-
-void ProjectCommands::SetProjectControlsEnabled(bool enabled) {
-    widgets_.menu.mnu_m_zoom->setEnabled(enabled);
-    widgets_.menu.mnu_view->setEnabled(enabled);
-    widgets_.menu.mnu_p_export->setEnabled(enabled);
-    widgets_.fra_control->setEnabled(enabled);
-    widgets_.fra_target->setEnabled(enabled);
+    session_.targetFrameEnabled = true;  // in the other modes too
+    widgets_.ShowState();
 }
 
 void ProjectCommands::CopyMapPicture() {
@@ -217,7 +207,7 @@ void ProjectCommands::CopyMapPicture() {
 }
 
 void ProjectCommands::DrawFrontlines() {
-    if (!widgets_.menu.mnu_v_frontlines->isChecked())
+    if (!session_.layers.mnu_v_frontlines)
         return;
     Canvas canvas(widgets_.mapFrame->Img_Map->Surface());
     DrawFrontlineLayer(canvas, session_.view, session_.campaign, session_.preferences,
@@ -225,7 +215,7 @@ void ProjectCommands::DrawFrontlines() {
 }
 
 void ProjectCommands::DrawRailways() {
-    if (!widgets_.menu.mnu_v_railways->isChecked())
+    if (!session_.layers.mnu_v_railways)
         return;
     Canvas canvas(widgets_.mapFrame->Img_Map->Surface());
     DrawRailwayLayer(canvas, session_.view, session_.campaign, session_.preferences);
@@ -233,8 +223,7 @@ void ProjectCommands::DrawRailways() {
 
 void ProjectCommands::ResetViewSelectors() {
     session_.view.ViewFrontline = 0;
-    widgets_.fra_control->upd_viewfrontline->ShowRecordValue(0);
-    widgets_.fra_control->upd_view_railway->ShowRecordValue(0);
+    session_.layers.upd_view_railway = 0;
     // The layer that tells it may be switched off.
     widgets_.fra_control->Refresh();
 }
@@ -250,11 +239,12 @@ void ProjectCommands::UpdateRecentProjects() {
 }
 
 void ProjectCommands::SelectFirstItems() {
-    bool moved = false;
+    const bool moved = session_.selection != Selection();
+    session_.selection = {};
     for (Panel *panel :
          std::initializer_list<Panel *>{widgets_.fra_target, widgets_.fra_frontline, widgets_.fra_railway,
                                         widgets_.fra_roadint, widgets_.fra_railint})
-        moved = panel->SelectFirst() || moved;
+        panel->ShowSelection();
     // The map was drawn with the items that were selected before the load.
     if (moved)
         redraw_();

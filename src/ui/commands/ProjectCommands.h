@@ -37,8 +37,6 @@ class ProjectCommands : public QObject, private LoadProjectWindow {
     void LoadRecent(std::size_t index);
     void ShowSaveDialog(SaveDialogMode mode);
     bool Save(const SaveBoxes &ticked);
-    /// The menus and frames that need a project.
-    void SetProjectControlsEnabled(bool enabled);
 
     void ShowProgress() override;
     void SetProgress(double value) override;

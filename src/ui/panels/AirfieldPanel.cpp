@@ -32,8 +32,8 @@ int CountryEntryOfCode(std::uint8_t code) {
 
 }  // namespace
 
-AirfieldPanel::AirfieldPanel(Campaign &campaign, QWidget *parent)
-    : Panel(QStringLiteral("fra_airfield"), QStringLiteral("Airfield"), campaign, parent) {
+AirfieldPanel::AirfieldPanel(Session &session, QWidget *parent)
+    : Panel(QStringLiteral("fra_airfield"), QStringLiteral("Airfield"), session, parent) {
     Build();
     Bind();
     ShowAirfield(std::nullopt);
@@ -119,7 +119,7 @@ void AirfieldPanel::ShowAirfield(std::optional<int> airfield) {
                 : QStringLiteral("Index of the airfield's record, 0 to %1").arg(last);
     setToolTip(missing ? codeToolTip : panelToolTip);
     code_->setToolTip(codeToolTip);
-    setEnabled(exists);
+    session_.airfieldFrameEnabled = exists;
     airfield_ = exists ? airfield : std::nullopt;
     Refresh();
     if (!missing)

@@ -17,10 +17,10 @@ class AirfieldPanel : public Panel {
     Q_OBJECT
 
   public:
-    AirfieldPanel(Campaign &campaign, QWidget *parent);
+    AirfieldPanel(Session &session, QWidget *parent);
 
     /// Shows the record of that index and lets it be edited. Nothing, or an index that no record has, only
-    /// disables the panel, the latter with a tooltip that says why.
+    /// has the panel disabled, the latter with a tooltip that says why.
     void ShowAirfield(std::optional<int> airfield);
     void Refresh() override;
 

@@ -4,13 +4,14 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "Arithmetic.h"
 #include "MapRedraw.h"
 #include "NumberField.h"
 
 namespace vtr {
 
-ControlBox::ControlBox(Campaign &campaign, QWidget *parent)
-    : Panel(QStringLiteral("fra_control"), QStringLiteral("View"), campaign, parent),
+ControlBox::ControlBox(Session &session, QWidget *parent)
+    : Panel(QStringLiteral("fra_control"), QStringLiteral("View"), session, parent),
       upd_viewfrontline(AddViewSelector(
           {"viewfrontline", "View Frontline #:", "Frontline slot shown", "", frontlineTotal - 1},
           QStringLiteral("View Frontline Number..."), 0)),
@@ -28,10 +29,14 @@ ControlBox::ControlBox(Campaign &campaign, QWidget *parent)
         field->SetZeroText(QStringLiteral("ALL"));
         field->setToolTip(field->toolTip() + QStringLiteral("; 0 shows all"));
     }
-    connect(upd_viewfrontline, &NumberField::NumberChanged, this, &ControlBox::ViewFrontlineChanged);
-    connect(upd_view_railway, &NumberField::NumberChanged, this, &ControlBox::ViewRailwayChanged);
-    connect(upd_view_railint, &NumberField::NumberChanged, this, &ControlBox::Changed);
-    connect(upd_view_roadint, &NumberField::NumberChanged, this, &ControlBox::Changed);
+    const auto bind = [this](NumberField *field, std::int16_t &shown, auto changed) {
+        connect(field, &NumberField::NumberChanged, this, [&shown](int number) { shown = ToInt16(number); });
+        connect(field, &NumberField::NumberChanged, this, changed);
+    };
+    bind(upd_viewfrontline, session_.view.ViewFrontline, &ControlBox::ViewFrontlineChanged);
+    bind(upd_view_railway, session_.layers.upd_view_railway, &ControlBox::ViewRailwayChanged);
+    bind(upd_view_railint, session_.layers.upd_view_railint, &ControlBox::Changed);
+    bind(upd_view_roadint, session_.layers.upd_view_roadint, &ControlBox::Changed);
 
     disabledLines_->setObjectName(QStringLiteral("lbl_disabled"));
     Grid().addWidget(disabledLines_, 4, 0, 1, 2);
@@ -46,6 +51,10 @@ NumberField *ControlBox::AddViewSelector(const FieldText &text, const QString &t
 }
 
 void ControlBox::Refresh() {
+    upd_viewfrontline->ShowRecordValue(session_.view.ViewFrontline);
+    upd_view_railway->ShowRecordValue(session_.layers.upd_view_railway);
+    upd_view_railint->ShowRecordValue(session_.layers.upd_view_railint);
+    upd_view_roadint->ShowRecordValue(session_.layers.upd_view_roadint);
     ShowDisabledLines(QString::fromStdString(DisabledLinesText(campaign_.firstDisabledRailwayLine)));
 }
 

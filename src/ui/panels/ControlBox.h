@@ -11,14 +11,14 @@ class ControlBox : public Panel {
     Q_OBJECT
 
   public:
-    ControlBox(Campaign &campaign, QWidget *parent);
+    ControlBox(Session &session, QWidget *parent);
 
     NumberField *upd_viewfrontline;
     NumberField *upd_view_railway;
     NumberField *upd_view_railint;
     NumberField *upd_view_roadint;
 
-    /// Shows which railway lines are disabled.
+    /// Shows what the session chooses and which railway lines are disabled.
     void Refresh() override;
     void ShowDisabledLines(const QString &caption);
 

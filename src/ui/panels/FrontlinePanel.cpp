@@ -11,17 +11,18 @@
 
 namespace vtr {
 
-FrontlinePanel::FrontlinePanel(Campaign &campaign, QWidget *parent)
-    : Panel(QStringLiteral("fra_frontline"), QStringLiteral("Frontline"), campaign, parent) {
+FrontlinePanel::FrontlinePanel(Session &session, QWidget *parent)
+    : Panel(QStringLiteral("fra_frontline"), QStringLiteral("Frontline"), session, parent) {
     Build();
     Bind();
     Refresh();
 }
 
 void FrontlinePanel::Build() {
-    slot_ = AddSelector({"frnt_num", "&Slot:", "Frontline slot", "", frontlineTotal - 1}, 0, 0, 2);
+    slot_ = AddSelector({"frnt_num", "&Slot:", "Frontline slot", "", frontlineTotal - 1},
+                        session_.selection.frontline, 0, 0, 2);
     point_ = AddSelector({"frnt_pointnum", "Poin&t:", "Point of the frontline", "", frontlinePointTotal - 1},
-                         1, 0, 2);
+                         session_.selection.frontlinePoint, 1, 0, 2);
     x_ = AddField({"frnt_x", "&X:", "Frontline point column", "map pixels", mapWidth - 1}, 2, 0);
     y_ = AddField({"frnt_y", "&Y:", "Frontline point row", "map pixels", mapHeight - 1}, 2, 2);
     onMap_ = new QCheckBox(QStringLiteral("On Map?"), this);
@@ -35,12 +36,8 @@ void FrontlinePanel::Build() {
 }
 
 void FrontlinePanel::Bind() {
-    for (NumberField *selector : {slot_, point_}) {
-        connect(selector, &NumberField::NumberChanged, this, [this] {
-            Refresh();
-            Q_EMIT Changed();
-        });
-    }
+    for (NumberField *selector : {slot_, point_})
+        connect(selector, &NumberField::NumberChanged, this, &FrontlinePanel::Changed);
     const auto store = [this](Axis axis) {
         return [this, axis](int pixel) {
             SetFrontlinePixel(campaign_, Slot(), Point(), axis, pixel);

@@ -11,16 +11,16 @@ class FrontlinePanel : public Panel {
     Q_OBJECT
 
   public:
-    FrontlinePanel(Campaign &campaign, QWidget *parent);
+    FrontlinePanel(Session &session, QWidget *parent);
 
     void Refresh() override;
-    int Slot() const { return slot_->value(); }
-    int Point() const { return point_->value(); }
     PositionFields Position() const { return {x_, y_}; }
 
   private:
     void Build();
     void Bind();
+    int Slot() const { return session_.selection.frontline; }
+    int Point() const { return session_.selection.frontlinePoint; }
     void CopyIntoAllSlots();
 
     NumberField *slot_ = nullptr;

@@ -11,8 +11,8 @@
 
 namespace vtr {
 
-Panel::Panel(const QString &name, const QString &title, Campaign &campaign, QWidget *parent)
-    : QGroupBox(title, parent), campaign_(campaign), grid_(new QGridLayout(this)) {
+Panel::Panel(const QString &name, const QString &title, Session &session, QWidget *parent)
+    : QGroupBox(title, parent), session_(session), campaign_(session.campaign), grid_(new QGridLayout(this)) {
     setObjectName(name);
     // There is nothing to edit yet. Later on all children would have to be told.
     setEnabled(false);
@@ -21,14 +21,10 @@ Panel::Panel(const QString &name, const QString &title, Campaign &campaign, QWid
     grid_->setVerticalSpacing(3);
 }
 
-bool Panel::SelectFirst() {
-    bool moved = false;
-    for (NumberField *selector : selectors_) {
-        moved = moved || selector->value() != 0;
-        selector->ShowRecordValue(0);
-    }
+void Panel::ShowSelection() {
+    for (const auto &[field, selected] : selectors_)
+        field->ShowRecordValue(*selected);
     Refresh();
-    return moved;
 }
 
 NumberField *Panel::AddField(const FieldText &text, int row, int column, int columns) {
@@ -45,8 +41,14 @@ NumberField *Panel::AddField(const FieldText &text, int row, int column, int col
     return field;
 }
 
-NumberField *Panel::AddSelector(const FieldText &text, int row, int column, int columns) {
-    return selectors_.emplace_back(AddField(text, row, column, columns));
+NumberField *Panel::AddSelector(const FieldText &text, int &selected, int row, int column, int columns) {
+    NumberField *field = AddField(text, row, column, columns);
+    connect(field, &NumberField::NumberChanged, this, [this, &selected](int item) {
+        selected = item;
+        Refresh();
+    });
+    selectors_.emplace_back(field, &selected);
+    return field;
 }
 
 QPushButton *Panel::MakeButton(const QString &name, const QString &caption, const QString &toolTip) {

@@ -2,8 +2,8 @@
 
 #include <QGroupBox>
 
-#include "Campaign.h"
 #include "PositionFields.h"
+#include "Session.h"
 
 class QGridLayout;
 class QPushButton;
@@ -17,15 +17,15 @@ class Panel : public QGroupBox {
   public:
     /// Shows the current item as the campaign holds it; writes nothing and asks for no redraw.
     virtual void Refresh() = 0;
-    /// Selects and shows the first item; true when another one was selected.
-    bool SelectFirst();
+    /// Shows the item that the session selects, its number included.
+    void ShowSelection();
 
   Q_SIGNALS:
     /// What the map shows may have changed: it is to be redrawn once.
     void Changed();
 
   protected:
-    Panel(const QString &name, const QString &title, Campaign &campaign, QWidget *parent);
+    Panel(const QString &name, const QString &title, Session &session, QWidget *parent);
 
     struct FieldText {
         const char *name;
@@ -37,17 +37,18 @@ class Panel : public QGroupBox {
     /// Puts a label and its field side by side, each over as many columns of the grid. Fields are made in
     /// reading order, which is the order of the Tab key too.
     NumberField *AddField(const FieldText &text, int row, int column, int columns = 1);
-    /// A field that says which item the panel shows.
-    NumberField *AddSelector(const FieldText &text, int row, int column, int columns = 1);
+    /// A field that selects the item that the panel shows: its number is written to selected.
+    NumberField *AddSelector(const FieldText &text, int &selected, int row, int column, int columns = 1);
     QPushButton *MakeButton(const QString &name, const QString &caption, const QString &toolTip);
 
     QGridLayout &Grid() { return *grid_; }
 
+    Session &session_;
     Campaign &campaign_;
 
   private:
     QGridLayout *grid_;
-    std::vector<NumberField *> selectors_;
+    std::vector<std::pair<NumberField *, const int *>> selectors_;
 };
 
 /// Asks question with Yes and No; true for Yes.

@@ -13,15 +13,16 @@
 
 namespace vtr {
 
-RailwayPanel::RailwayPanel(Campaign &campaign, QWidget *parent)
-    : Panel(QStringLiteral("fra_railway"), QStringLiteral("Railway"), campaign, parent) {
+RailwayPanel::RailwayPanel(Session &session, QWidget *parent)
+    : Panel(QStringLiteral("fra_railway"), QStringLiteral("Railway"), session, parent) {
     Build();
     Bind();
     Refresh();
 }
 
 void RailwayPanel::Build() {
-    line_ = AddSelector({"rail_linenum", "&Line:", "Railway line", "", railwayLineTotal - 1}, 0, 0);
+    line_ = AddSelector({"rail_linenum", "&Line:", "Railway line", "", railwayLineTotal - 1},
+                        session_.selection.railwayLine, 0, 0);
     increment_ = new QCheckBox(QStringLiteral("Automatically Increment Line #?"), this);
     increment_->setObjectName(QStringLiteral("chk_rail_auto"));
     increment_->setToolTip(
@@ -60,18 +61,15 @@ QPushButton *RailwayPanel::AddButton(const QString &name, const QString &caption
 }
 
 void RailwayPanel::Bind() {
-    connect(line_, &NumberField::NumberChanged, this, [this] {
-        Refresh();
-        Q_EMIT Changed();
-    });
+    connect(line_, &NumberField::NumberChanged, this, &RailwayPanel::Changed);
     for (const RailwayCoordinate coordinate : {X1, X2, Y1, Y2}) {
         connect(pixels_[coordinate], &NumberField::NumberChanged, this, [this, coordinate](int pixel) {
-            SetRailwayPixel(campaign_, Selected(), coordinate, pixel);
+            SetRailwayPixel(campaign_, Line(), coordinate, pixel);
             Q_EMIT Changed();
         });
         // The map does not show fine offsets.
         connect(metres_[coordinate], &NumberField::NumberChanged, this, [this, coordinate](int metres) {
-            SetRailwayFineOffset(campaign_, Selected(), coordinate, metres);
+            SetRailwayFineOffset(campaign_, Line(), coordinate, metres);
         });
     }
     connect(precise_[0], &QPushButton::clicked, this, [this] { Q_EMIT PreciseRequested(1); });
@@ -81,7 +79,7 @@ void RailwayPanel::Bind() {
 }
 
 void RailwayPanel::Refresh() {
-    const auto index = static_cast<std::size_t>(Selected());
+    const auto index = static_cast<std::size_t>(Line());
     const RailwayLine &line = campaign_.RailwayTable[index];
     for (std::size_t coordinate = 0; coordinate < metres_.size(); ++coordinate)
         metres_[coordinate]->ShowRecordValue(
@@ -104,11 +102,11 @@ PositionFields RailwayPanel::Position(int end) const {
 void RailwayPanel::PlaceEnd(int x, int y) {
     Position(2).MoveTo(x, y);
     if (increment_->isChecked())
-        Select(Selected() + 1);
+        Select(Line() + 1);
 }
 
 void RailwayPanel::DisableLines() {
-    const int first = Selected();
+    const int first = Line();
     if (!AskYesNo(this, QStringLiteral("Disable all lines from %1 onwards?").arg(first)))
         return;
     DisableRailwayFrom(campaign_, first);

@@ -13,11 +13,10 @@ class RailwayPanel : public Panel {
     Q_OBJECT
 
   public:
-    RailwayPanel(Campaign &campaign, QWidget *parent);
+    RailwayPanel(Session &session, QWidget *parent);
 
     void Refresh() override;
     void Select(int line) { line_->SetNumber(line); }
-    int Selected() const { return line_->value(); }
     /// end is 1 or 2.
     PositionFields Position(int end) const;
     /// Places end 2 and goes on to the next line when that is asked for.
@@ -32,6 +31,7 @@ class RailwayPanel : public Panel {
   private:
     void Build();
     void Bind();
+    int Line() const { return session_.selection.railwayLine; }
     QPushButton *AddButton(const QString &name, const QString &caption, const QString &toolTip, int row);
     void DisableLines();
     void EnableAll();

@@ -52,15 +52,16 @@ QString ObjectionToName(const Campaign &campaign, int target, const QString &nam
 
 }  // namespace
 
-TargetPanel::TargetPanel(Campaign &campaign, QWidget *parent)
-    : Panel(QStringLiteral("fra_target"), QStringLiteral("Target"), campaign, parent) {
+TargetPanel::TargetPanel(Session &session, QWidget *parent)
+    : Panel(QStringLiteral("fra_target"), QStringLiteral("Target"), session, parent) {
     Build();
     Bind();
     Refresh();
 }
 
 void TargetPanel::Build() {
-    code_ = AddSelector({"tar_code", "&Number:", "Target number", "", targetTotal - 1}, 0, 0);
+    code_ = AddSelector({"tar_code", "&Number:", "Target number", "", targetTotal - 1},
+                        session_.selection.target, 0, 0);
     code_->CutFraction();
     name_ = new QLineEdit(this);
     name_->setObjectName(QStringLiteral("txt_tar_name"));
@@ -98,13 +99,10 @@ void TargetPanel::Build() {
 }
 
 void TargetPanel::Bind() {
-    connect(code_, &NumberField::NumberChanged, this, [this] {
-        Refresh();
-        Q_EMIT Changed();
-    });
+    connect(code_, &NumberField::NumberChanged, this, &TargetPanel::Changed);
     const auto store = [this](NumberField *field, auto set, auto... of) {
         connect(field, &NumberField::NumberChanged, this, [this, set, of...](int number) {
-            set(campaign_, Selected(), of..., number);
+            set(campaign_, Target(), of..., number);
             Q_EMIT Changed();
         });
     };
@@ -114,7 +112,7 @@ void TargetPanel::Bind() {
     store(yMetres_, SetTargetFineOffset, Axis::Y);
     store(count_, SetTargetCount);
     name_->setValidator(new ObjectionValidator(
-        name_, [this](const QString &name) { return ObjectionToName(campaign_, Selected(), name); },
+        name_, [this](const QString &name) { return ObjectionToName(campaign_, Target(), name); },
         [this](const QString &objection) { Q_EMIT StatusMessage(objection); }));
     connect(name_, &QLineEdit::textChanged, this, &TargetPanel::StoreName);
     connect(isAirfield_, &QCheckBox::toggled, this, &TargetPanel::StoreIsAirfield);
@@ -127,7 +125,7 @@ void TargetPanel::Bind() {
 void TargetPanel::Refresh() {
     const QSignalBlocker nameBlocker(name_);
     const QSignalBlocker checkBlocker(isAirfield_);
-    const auto index = static_cast<std::size_t>(Selected());
+    const auto index = static_cast<std::size_t>(Target());
     const TargetRecord &target = campaign_.TargetTable[index];
     x_->ShowRecordValue(target.x);
     y_->ShowRecordValue(target.y);
@@ -140,23 +138,28 @@ void TargetPanel::Refresh() {
     TellAirfield();
 }
 
+void TargetPanel::Renumber(int target) {
+    session_.selection.target = target;
+    code_->ShowRecordValue(target);
+}
+
 void TargetPanel::StoreName() {
     if (!name_->hasAcceptableInput()) {
         Refresh();
         return;
     }
-    RenameTarget(campaign_, Selected(), GameTextOf(name_->text()).value());
+    RenameTarget(campaign_, Target(), GameTextOf(name_->text()).value());
     Q_EMIT Changed();
 }
 
 void TargetPanel::StoreIsAirfield() {
-    SetTargetIsAirfield(campaign_, Selected(), isAirfield_->isChecked());
+    SetTargetIsAirfield(campaign_, Target(), isAirfield_->isChecked());
     TellAirfield();
     Q_EMIT Changed();
 }
 
 void TargetPanel::TellAirfield() {
-    const TargetRecord &target = campaign_.TargetTable[static_cast<std::size_t>(Selected())];
+    const TargetRecord &target = campaign_.TargetTable[static_cast<std::size_t>(Target())];
     Q_EMIT AirfieldShown(isAirfield_->isChecked() ? std::optional<int>(target.airfield_ref) : std::nullopt);
 }
 

@@ -14,13 +14,12 @@ class TargetPanel : public Panel {
     Q_OBJECT
 
   public:
-    TargetPanel(Campaign &campaign, QWidget *parent);
+    TargetPanel(Session &session, QWidget *parent);
 
     void Refresh() override;
     void Select(int target) { code_->SetNumber(target); }
-    int Selected() const { return code_->value(); }
     /// The selected target has another number now; all else of it is shown already.
-    void Renumber(int target) { code_->ShowRecordValue(target); }
+    void Renumber(int target);
     PositionFields Position() const { return {x_, y_, xMetres_, yMetres_}; }
 
   Q_SIGNALS:
@@ -35,6 +34,7 @@ class TargetPanel : public Panel {
   private:
     void Build();
     void Bind();
+    int Target() const { return session_.selection.target; }
     void StoreName();
     void StoreIsAirfield();
     void TellAirfield();

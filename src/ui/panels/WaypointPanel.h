@@ -14,7 +14,7 @@ class WaypointPanel : public Panel {
   public:
     enum class Kind { Road, Rail };
 
-    WaypointPanel(Kind kind, Campaign &campaign, QWidget *parent);
+    WaypointPanel(Kind kind, Session &session, QWidget *parent);
 
     void Refresh() override;
 
@@ -22,9 +22,8 @@ class WaypointPanel : public Panel {
     void Build(const char *path, const char *waypoint, const char *x, const char *xMetres, const char *y,
                const char *yMetres);
 
+    Selection::PathWaypoint &selected_;
     std::span<const WaypointPath> paths_;
-    NumberField *path_ = nullptr;
-    NumberField *waypoint_ = nullptr;
     NumberField *x_ = nullptr;
     NumberField *xMetres_ = nullptr;
     NumberField *y_ = nullptr;
