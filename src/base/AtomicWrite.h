@@ -10,10 +10,9 @@ namespace vtr {
 /// flushed and renamed over it, then the folder is flushed. Follows a symbolic link to the real file and
 /// keeps an existing file's permissions. Where the folder takes no new file (on Linux also where it does not
 /// let the old one go), but the file itself may be read and written, it is written in place and gets its old
-/// bytes back if that fails. Throws an Error whose expected() names the step that failed ("flushing the
-/// temporary file to disk" and so on) and whose found() holds the system's words. The temporary is removed
-/// and the old file is as it was, or expected() says in brackets what it is now. What exists and is no
-/// regular file is refused.
+/// bytes back if that fails. Throws an Error with the step that failed and what became of the file: it is as
+/// it was, or replaced although a later step failed, or, when it could not get its old bytes back, perhaps
+/// damaged. The temporary is removed. What exists and is no regular file is refused.
 void AtomicWrite(const std::string &path, ConstByteSpan bytes);
 
 }  // namespace vtr

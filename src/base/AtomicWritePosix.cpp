@@ -58,14 +58,15 @@ class Replacement {
     }
 
   private:
-    [[noreturn]] void Fail(const std::string &step) const {
+    [[noreturn]] void Fail(const char *step, FileAfterwards file = FileAfterwards::AsBefore) const {
         const int number = errno;
-        throw Error(ErrorKind::FileAccess, {.file = path_}, step, std::generic_category().message(number));
+        throw Error(ErrorKind::FileAccess, {.file = path_},
+                    {step, std::generic_category().message(number), file});
     }
 
-    void Check(bool succeeded, const std::string &step) const {
+    void Check(bool succeeded, const char *step, FileAfterwards file = FileAfterwards::AsBefore) const {
         if (!succeeded)
-            Fail(step);
+            Fail(step, file);
     }
 
     void LookAtTarget() {
@@ -105,7 +106,7 @@ class Replacement {
         if (!FillAndRename(file, TemporaryName(folder, name)))
             return false;
         // Some file systems have no flush for folders and say so.
-        Check(Flush(folder) || errno == EINVAL, "flushing the folder to disk (the file is replaced already)");
+        Check(Flush(folder) || errno == EINVAL, "flushing the folder to disk", FileAfterwards::Replaced);
         return true;
     }
 
@@ -131,9 +132,9 @@ class Replacement {
             const int number = errno;
             const bool restored = Overwrite(file.Number(), old) == nullptr;
             errno = number;
-            Fail(std::string(failed) + (restored ? "" : " (the file may be damaged now)"));
+            Fail(failed, restored ? FileAfterwards::AsBefore : FileAfterwards::MayBeDamaged);
         }
-        Check(file.Close(), "closing the file (it is written already)");
+        Check(file.Close(), "closing the file", FileAfterwards::Replaced);
     }
 
     /// Gives the file these bytes in place. The step that fails, null when none does.

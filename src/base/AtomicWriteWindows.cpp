@@ -15,15 +15,17 @@ namespace vtr {
 
 namespace {
 
-[[noreturn]] void Fail(const std::string &path, const std::string &step) {
+[[noreturn]] void Fail(const std::string &path, const char *step,
+                       FileAfterwards file = FileAfterwards::AsBefore) {
     const DWORD number = GetLastError();
-    throw Error(ErrorKind::FileAccess, {.file = path}, step,
-                std::system_category().message(static_cast<int>(number)));
+    throw Error(ErrorKind::FileAccess, {.file = path},
+                {step, std::system_category().message(static_cast<int>(number)), file});
 }
 
-void Check(bool succeeded, const std::string &path, const std::string &step) {
+void Check(bool succeeded, const std::string &path, const char *step,
+           FileAfterwards file = FileAfterwards::AsBefore) {
     if (!succeeded)
-        Fail(path, step);
+        Fail(path, step, file);
 }
 
 class OpenFile {
@@ -89,9 +91,9 @@ void WriteInPlace(const std::string &path, const std::filesystem::path &target, 
         const DWORD number = GetLastError();
         const bool restored = Overwrite(file, old) == nullptr;
         SetLastError(number);
-        Fail(path, std::string(failed) + (restored ? "" : " (the file may be damaged now)"));
+        Fail(path, failed, restored ? FileAfterwards::AsBefore : FileAfterwards::MayBeDamaged);
     }
-    Check(file.Close(), path, "closing the file (it is written already)");
+    Check(file.Close(), path, "closing the file", FileAfterwards::Replaced);
 }
 
 void FillAndRename(const std::string &path, OpenFile &file, const std::filesystem::path &temporary,

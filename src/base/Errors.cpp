@@ -29,21 +29,20 @@ std::string PlaceInFile(std::int64_t offset, int line, const std::string &item) 
     return text;
 }
 
-std::string Sentence(ErrorKind kind, const Place &place, const std::string &expected,
-                     const std::string &found) {
+std::string Sentence(ErrorKind kind, const Place &place, const std::string &what) {
     std::string text(ErrorKindText(kind));
     if (!place.file.empty())
         text += " in \"" + std::string(place.file) + "\"";
     const std::string where = PlaceInFile(place.offset, place.line, ItemText(place));
     if (!where.empty())
         text += " (" + where + ")";
-    return text + ": expected " + expected + ", found " + found;
+    return text + ": " + what;
 }
 
 }  // namespace
 
 Error::Error(ErrorKind kind, const Place &place, std::string expected, std::string found)
-    : std::runtime_error(Sentence(kind, place, expected, found)),
+    : std::runtime_error(Sentence(kind, place, "expected " + expected + ", found " + found)),
       kind_(kind),
       file_(place.file),
       offset_(place.offset),
@@ -51,6 +50,15 @@ Error::Error(ErrorKind kind, const Place &place, std::string expected, std::stri
       item_(ItemText(place)),
       expected_(std::move(expected)),
       found_(std::move(found)) {}
+
+Error::Error(ErrorKind kind, const Place &place, FailedStep failed)
+    : std::runtime_error(Sentence(kind, place, failed.step + " failed: " + failed.reason)),
+      kind_(kind),
+      file_(place.file),
+      offset_(place.offset),
+      line_(place.line),
+      item_(ItemText(place)),
+      failed_(std::move(failed)) {}
 
 std::string Error::PlaceText() const {
     return PlaceInFile(offset_, line_, item_);

@@ -27,10 +27,23 @@ struct Place {
     }
 };
 
-/// The one error type of the program. what() is a full sentence; the parts are kept for whoever shows it.
+/// What a failed write has made of the file that it was to replace.
+enum class FileAfterwards { AsBefore, Replaced, MayBeDamaged };
+
+/// What the program was doing to a file, "flushing the temporary file to disk", and the system's words for
+/// why it failed.
+struct FailedStep {
+    std::string step;
+    std::string reason;
+    FileAfterwards file = FileAfterwards::AsBefore;
+};
+
+/// The one error type of the program: either something was found that was not expected, or a step failed.
+/// what() is a full sentence; the parts are kept for whoever shows it, and those of the other case are empty.
 class Error : public std::runtime_error {
   public:
     Error(ErrorKind kind, const Place &place, std::string expected, std::string found);
+    Error(ErrorKind kind, const Place &place, FailedStep failed);
 
     ErrorKind Kind() const { return kind_; }
     const std::string &File() const { return file_; }
@@ -40,6 +53,11 @@ class Error : public std::runtime_error {
     const std::string &Item() const { return item_; }
     const std::string &Expected() const { return expected_; }
     const std::string &Found() const { return found_; }
+    const std::string &Step() const { return failed_.step; }
+    const std::string &Reason() const { return failed_.reason; }
+    FileAfterwards AfterTheFailure() const { return failed_.file; }
+    /// True when the file holds the new content, although a later step failed.
+    bool FileReplaced() const { return failed_.file == FileAfterwards::Replaced; }
     /// "offset 12, target 5", "line 3" or empty: the place within the file.
     std::string PlaceText() const;
 
@@ -51,6 +69,7 @@ class Error : public std::runtime_error {
     std::string item_;
     std::string expected_;
     std::string found_;
+    FailedStep failed_;
 };
 
 /// The kind in words, for the user: "file not found", "overflow", ...

@@ -90,8 +90,9 @@ std::string FollowLinks(const std::string &path) {
     for (int links = 0; fs::is_symlink(fs::symlink_status(file, error)); ++links) {
         const fs::path next = links < mostLinks ? fs::read_symlink(file, error) : fs::path();
         if (next.empty())
-            throw Error(ErrorKind::FileAccess, {.file = path}, "following the symbolic link",
-                        error ? error.message() : "links that go round in a circle");
+            throw Error(
+                ErrorKind::FileAccess, {.file = path},
+                {"following the symbolic link", error ? error.message() : "the links go round in a circle"});
         file = file.parent_path() / next;
     }
     return PathText(file);

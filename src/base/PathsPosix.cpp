@@ -24,8 +24,8 @@ std::string ProgramFolder() {
     std::error_code error;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
     if (error)
-        throw Error(ErrorKind::FileAccess, {.file = "/proc/self/exe"}, "finding the program's folder",
-                    error.message());
+        throw Error(ErrorKind::FileAccess, {.file = "/proc/self/exe"},
+                    {"finding the program's folder", error.message()});
     return std::string(FolderOf(program.native()));
 }
 

@@ -13,8 +13,9 @@ std::string ProgramFolder() {
     std::array<wchar_t, 32768> name;
     const DWORD length = GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()));
     if (length == 0 || length == name.size())
-        throw Error(ErrorKind::FileAccess, {}, "finding the program's folder",
-                    std::system_category().message(static_cast<int>(GetLastError())));
+        throw Error(ErrorKind::FileAccess, {},
+                    {"finding the program's folder",
+                     std::system_category().message(static_cast<int>(GetLastError()))});
     return std::string(FolderOf(PathText(std::filesystem::path(name.data(), name.data() + length))));
 }
 

@@ -17,8 +17,8 @@ namespace {
 [[noreturn]] void ThrowSystemError(const std::string &path, const char *step) {
     const int number = errno;
     const bool missing = number == ENOENT || number == ENOTDIR;
-    throw Error(missing ? ErrorKind::FileMissing : ErrorKind::FileAccess, {.file = path}, step,
-                std::generic_category().message(number));
+    throw Error(missing ? ErrorKind::FileMissing : ErrorKind::FileAccess, {.file = path},
+                {step, std::generic_category().message(number)});
 }
 
 }  // namespace

@@ -15,8 +15,8 @@ namespace {
 [[noreturn]] void ThrowSystemError(const std::string &path, const char *step) {
     const DWORD number = GetLastError();
     const bool missing = number == ERROR_FILE_NOT_FOUND || number == ERROR_PATH_NOT_FOUND;
-    throw Error(missing ? ErrorKind::FileMissing : ErrorKind::FileAccess, {.file = path}, step,
-                std::system_category().message(static_cast<int>(number)));
+    throw Error(missing ? ErrorKind::FileMissing : ErrorKind::FileAccess, {.file = path},
+                {step, std::system_category().message(static_cast<int>(number))});
 }
 
 }  // namespace

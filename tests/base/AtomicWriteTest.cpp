@@ -75,7 +75,7 @@ TEST(AtomicWrite, RefusesLinksThatGoRoundInACircle) {
     const TemporaryFolder folder;
     fs::create_symlink("b", folder.Path() + "a");
     fs::create_symlink("a", folder.Path() + "b");
-    EXPECT_EQ(ErrorOfWriting(folder.Path() + "a").Expected(), "following the symbolic link");
+    EXPECT_EQ(ErrorOfWriting(folder.Path() + "a").Step(), "following the symbolic link");
     EXPECT_THAT(folder.Names(), ElementsAre("a", "b"));
 }
 
@@ -96,9 +96,9 @@ TEST(AtomicWrite, SaysSoWhenTheFolderDoesNotExist) {
     const Error missing = ErrorOfWriting(folder.Path() + "none/a.dat");
     EXPECT_EQ(missing.Kind(), ErrorKind::FileAccess);
     EXPECT_EQ(missing.File(), folder.Path() + "none/a.dat");
-    EXPECT_EQ(missing.Expected(), "opening the folder");
-    EXPECT_EQ(missing.Found(), "No such file or directory");
-    EXPECT_EQ(ErrorOfWriting(folder.Path() + "file/a.dat").Found(), "Not a directory");
+    EXPECT_EQ(missing.Step(), "opening the folder");
+    EXPECT_EQ(missing.Reason(), "No such file or directory");
+    EXPECT_EQ(ErrorOfWriting(folder.Path() + "file/a.dat").Reason(), "Not a directory");
 }
 
 TEST(AtomicWrite, WritesAndFlushesBeforeItRenamesAndFlushesTheFolderAfterwards) {
@@ -131,8 +131,9 @@ TEST(AtomicWrite, NamesTheStepThatFailsLeavesTheOldFileAndNoTemporary) {
         const Error error = ErrorOfWriting(path, {failing.fault});
         EXPECT_EQ(error.Kind(), ErrorKind::FileAccess) << failing.step;
         EXPECT_EQ(error.File(), path);
-        EXPECT_EQ(error.Expected(), failing.step);
-        EXPECT_EQ(error.Found(), "Input/output error");
+        EXPECT_EQ(error.Step(), failing.step);
+        EXPECT_EQ(error.AfterTheFailure(), FileAfterwards::AsBefore) << failing.step;
+        EXPECT_EQ(error.Reason(), "Input/output error");
         EXPECT_EQ(folder.Content("a.dat"), "the old content") << failing.step;
         EXPECT_THAT(folder.Names(), ElementsAre("a.dat")) << failing.step;
     }
@@ -150,7 +151,8 @@ TEST(AtomicWrite, SaysThatTheFileIsReplacedWhenOnlyTheFlushOfTheFolderFails) {
     const TemporaryFolder folder;
     const std::string path = folder.Make("a.dat", "old");
     const Error error = ErrorOfWriting(path, {{"fsync", 2, EIO}});
-    EXPECT_EQ(error.Expected(), "flushing the folder to disk (the file is replaced already)");
+    EXPECT_EQ(error.Step(), "flushing the folder to disk");
+    EXPECT_TRUE(error.FileReplaced());
     EXPECT_EQ(folder.Content("a.dat"), "new");
     EXPECT_THAT(folder.Names(), ElementsAre("a.dat"));
 }
@@ -166,8 +168,8 @@ TEST(AtomicWrite, LeavesTheOldFileWhenTheDiskIsFullHalfWay) {
     const TemporaryFolder folder;
     const std::string path = folder.Make("a.dat", "old");
     const Error error = ErrorOfWriting(path, {{"write", 1, 0, 2}, {"write", 2, ENOSPC}});
-    EXPECT_EQ(error.Expected(), "writing the temporary file");
-    EXPECT_EQ(error.Found(), "No space left on device");
+    EXPECT_EQ(error.Step(), "writing the temporary file");
+    EXPECT_EQ(error.Reason(), "No space left on device");
     EXPECT_EQ(folder.Content("a.dat"), "old");
     EXPECT_THAT(folder.Names(), ElementsAre("a.dat"));
 }
@@ -273,8 +275,9 @@ TEST(AtomicWrite, GivesTheFileItsOldContentBackWhenWritingInPlaceFails) {
         {
             const OrdinaryUser user;
             const Error error = ErrorOfWriting(locked.path, faults);
-            EXPECT_EQ(error.Expected(), step);
-            EXPECT_EQ(error.Found(), "No space left on device");
+            EXPECT_EQ(error.Step(), step);
+            EXPECT_EQ(error.AfterTheFailure(), FileAfterwards::AsBefore) << step;
+            EXPECT_EQ(error.Reason(), "No space left on device");
         }
         EXPECT_EQ(locked.Content(), "the old content") << step;
     }
@@ -284,8 +287,9 @@ TEST(AtomicWrite, SaysThatTheFileMayBeDamagedWhenTheOldContentCannotBeGivenBackE
     const LockedFolder locked;
     const OrdinaryUser user;
     const Error error = ErrorOfWriting(locked.path, {{"write", 1, ENOSPC}, {"write", 2, EIO}});
-    EXPECT_EQ(error.Expected(), "writing the file in place (the file may be damaged now)");
-    EXPECT_EQ(error.Found(), "No space left on device");
+    EXPECT_EQ(error.Step(), "writing the file in place");
+    EXPECT_EQ(error.AfterTheFailure(), FileAfterwards::MayBeDamaged);
+    EXPECT_EQ(error.Reason(), "No space left on device");
 }
 
 TEST(AtomicWrite, SaysThatTheFileIsWrittenWhenOnlyClosingItFailsInPlace) {
@@ -294,8 +298,9 @@ TEST(AtomicWrite, SaysThatTheFileIsWrittenWhenOnlyClosingItFailsInPlace) {
         const OrdinaryUser user;
         // The first file that is closed is the one that the old content was read from.
         const Error error = ErrorOfWriting(locked.path, {{"close", 2, EIO}});
-        EXPECT_EQ(error.Expected(), "closing the file (it is written already)");
-        EXPECT_EQ(error.Found(), "Input/output error");
+        EXPECT_EQ(error.Step(), "closing the file");
+        EXPECT_TRUE(error.FileReplaced());
+        EXPECT_EQ(error.Reason(), "Input/output error");
     }
     EXPECT_EQ(locked.Content(), "new");
 }
@@ -315,7 +320,7 @@ TEST(AtomicWrite, LeavesAFileThatCannotBeReadAsItIsWhenItWouldHaveToWriteInPlace
     fs::permissions(locked.path, fs::perms(0200));
     {
         const OrdinaryUser user;
-        EXPECT_EQ(ErrorOfWriting(locked.path).Found(), "Permission denied");
+        EXPECT_EQ(ErrorOfWriting(locked.path).Reason(), "Permission denied");
     }
     EXPECT_EQ(locked.Content(), "the old content");
 }
@@ -338,8 +343,8 @@ TEST(AtomicWrite, RefusesANewFileWhereTheFolderTakesNone) {
     const LockedFolder locked;
     const OrdinaryUser user;
     const Error error = ErrorOfWriting(locked.Folder() / "b.dat");
-    EXPECT_EQ(error.Expected(), "making the temporary file");
-    EXPECT_EQ(error.Found(), "Permission denied");
+    EXPECT_EQ(error.Step(), "making the temporary file");
+    EXPECT_EQ(error.Reason(), "Permission denied");
 }
 
 TEST(AtomicWrite, RefusesAWriteProtectedFileAlthoughItsFolderWouldAllowIt) {
@@ -349,8 +354,8 @@ TEST(AtomicWrite, RefusesAWriteProtectedFileAlthoughItsFolderWouldAllowIt) {
     {
         const OrdinaryUser user;
         const Error error = ErrorOfWriting(locked.path);
-        EXPECT_EQ(error.Expected(), "asking for leave to write");
-        EXPECT_EQ(error.Found(), "Permission denied");
+        EXPECT_EQ(error.Step(), "asking for leave to write");
+        EXPECT_EQ(error.Reason(), "Permission denied");
     }
     EXPECT_EQ(locked.Content(), "the old content");
 }

@@ -36,10 +36,10 @@ TEST(WholeFile, ThatIsMissingIsReportedAsMissingUnderTheNameThatWasAskedFor) {
         const Error error = ErrorOfReading(folder.Path() + name);
         EXPECT_EQ(error.Kind(), ErrorKind::FileMissing) << name;
         EXPECT_EQ(error.File(), folder.Path() + name);
-        EXPECT_EQ(error.Expected(), "opening the file");
+        EXPECT_EQ(error.Step(), "opening the file");
     }
     EXPECT_EQ(ErrorOfReading("").Kind(), ErrorKind::FileMissing);
-    EXPECT_EQ(ErrorOfReading(folder.Path() + "no.dat").Found(), "No such file or directory");
+    EXPECT_EQ(ErrorOfReading(folder.Path() + "no.dat").Reason(), "No such file or directory");
 }
 
 TEST(WholeFile, ThatNeedNotBeThereIsEmptyWhenItIsMissingAndElseReadAsAlways) {
@@ -98,7 +98,7 @@ TEST(WholeFile, NamesTheStepThatFails) {
         const Error error = ErrorOfReading(path);
         EXPECT_EQ(error.Kind(), ErrorKind::FileAccess);
         EXPECT_EQ(error.File(), path);
-        EXPECT_EQ(error.Expected(), step);
+        EXPECT_EQ(error.Step(), step);
     }
 }
 

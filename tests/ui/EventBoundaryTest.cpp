@@ -42,7 +42,7 @@ TEST_F(EventBoundaryTest, AnErrorEndsTheProgramWithOneCriticalMessageThatSaysAll
               "Loading the project failed.\n\nIndex out of range.\nFile: /c/TARGET.DAT\nPlace: offset 20, "
               "target 5\n"
               "Expected: an index from 0 to 307\nFound: 308\n\n"
-              "The program ends now. No project was loaded, so no edits are lost.");
+              "The program ends now. Put right what is said above, if you can, and start it again.");
 }
 
 TEST_F(EventBoundaryTest, ASecondErrorShowsNoSecondMessage) {
@@ -62,7 +62,7 @@ TEST_F(EventBoundaryTest, AnErrorOfTheLibrariesEndsTheProgramTheSameWay) {
     EXPECT_EQ(shown.icon, QMessageBox::Critical);
     EXPECT_EQ(shown.text,
               "Loading the project failed.\n\nin the library's words\n\n"
-              "The program ends now. No project was loaded, so no edits are lost.");
+              "The program ends now. Put right what is said above, if you can, and start it again.");
 }
 
 TEST_F(EventBoundaryTest, WithAProjectOpenTheMessageSaysWhatBecameOfTheEdits) {

@@ -6,6 +6,8 @@
 namespace vtr {
 namespace {
 
+const std::string whatToDo = "Put right what is said above, if you can, and start it again.";
+
 /// A window over the session that the event boundary reports of, run as the program runs it.
 class FatalLoadTest : public EditorWindow {
   protected:
@@ -60,10 +62,12 @@ class FatalLoadTest : public EditorWindow {
 TEST_F(FatalLoadTest, AMissingFileOfTheGameEndsTheProgramWithOneBoxThatSaysAll) {
     std::filesystem::remove(folder.Path() + "AIRFIELD.DAT");
     EXPECT_EQ(ExitStatusOfLoading(SamplePath()), 1);
-    ExpectOneFatalBoxThatSays("Loading the project failed.\n\nFile not found.\nFile: " + folder.Path() +
-                              "AIRFIELD.DAT\nExpected: opening the file\nFound: No such file or directory\n\n"
-                              "The program ends now. Edits that you had not saved, if any, are lost; the "
-                              "files that you saved are as you saved them.");
+    ExpectOneFatalBoxThatSays(
+        "Loading the project failed.\n\nFile not found: No such file or directory\nFile: " + folder.Path() +
+        "AIRFIELD.DAT\n\n"
+        "The program ends now. Edits that you had not saved, if any, are lost; the "
+        "files that you saved are as you saved them. " +
+        whatToDo);
 }
 
 TEST_F(FatalLoadTest, ALineOfTheProjectFileIsToldInItsOwnLetters) {
@@ -77,9 +81,11 @@ TEST_F(FatalLoadTest, ALineOfTheProjectFileIsToldInItsOwnLetters) {
 TEST_F(FatalLoadTest, AMissingMapPictureDoesSoToo) {
     folder.Make("nomap.prj", "Name=No map\r\nMap=nowhere.bmp\r\n");
     EXPECT_EQ(ExitStatusOfLoading(folder.Path() + "nomap.prj"), 1);
-    ExpectOneFatalBoxThatSays("Loading the project failed.\n\nFile not found.\nFile: " + folder.Path() +
-                              "nowhere.bmp\nExpected: opening the file\nFound: No such file or directory\n\n"
-                              "The program ends now. No project was loaded, so no edits are lost.");
+    ExpectOneFatalBoxThatSays(
+        "Loading the project failed.\n\nFile not found: No such file or directory\nFile: " + folder.Path() +
+        "nowhere.bmp\n\n"
+        "The program ends now. " +
+        whatToDo);
 }
 
 TEST_F(FatalLoadTest, AMapPictureThatIsNoneDoesSoToo) {
@@ -90,8 +96,7 @@ TEST_F(FatalLoadTest, AMapPictureThatIsNoneDoesSoToo) {
     EXPECT_THAT(text, ::testing::StartsWith(
                           "Loading the project failed.\n\nFile access failed.\nFile: " + folder.Path() +
                           "broken.bmp\nExpected: a picture (a bitmap file, *.bmp)\nFound: "));
-    EXPECT_THAT(
-        text, ::testing::EndsWith("\n\nThe program ends now. No project was loaded, so no edits are lost."));
+    EXPECT_THAT(text, ::testing::EndsWith("\n\nThe program ends now. " + whatToDo));
     ExpectOneFatalBoxThatSays(text);
 }
 
@@ -100,15 +105,18 @@ TEST_F(FatalLoadTest, AProjectThatDoesNotExistIsMadeEmptyAndDoesSoForItHasNoMap)
     EXPECT_EQ(folder.Content("new.prj"), "");
     ExpectOneFatalBoxThatSays("Loading the project failed.\n\nFile access failed.\nFile: " + folder.Path() +
                               "\nExpected: a file\nFound: a folder\n\n"
-                              "The program ends now. No project was loaded, so no edits are lost.");
+                              "The program ends now. " +
+                              whatToDo);
 }
 
 TEST_F(FatalLoadTest, APathOf300CharactersDoesSoToo) {
     const std::string name = std::string(300, 'n') + ".prj";
     EXPECT_EQ(ExitStatusOfStarting(folder.Path() + name), 1);
     const std::string text = box.text.toStdString();
-    EXPECT_THAT(text, ::testing::StartsWith("Loading the project failed.\n\nFile access failed.\nFile: " +
-                                            folder.Path() + name + "\nExpected: "));
+    EXPECT_THAT(text,
+                ::testing::StartsWith("Loading the project failed.\n\nOpening the file failed: File name too "
+                                      "long\nFile: " +
+                                      folder.Path() + name + "\n\nThe program ends now. "));
     ExpectOneFatalBoxThatSays(text);
 }
 

@@ -70,7 +70,7 @@ TEST_F(SaveCommand, AFailedSaveSaysWhatWasWrittenAndWhatNotAndStaysOpenWithAllEd
     const std::string text = warning.text.toStdString();
     EXPECT_THAT(text, ::testing::HasSubstr("Saving the files failed."));
     EXPECT_THAT(text, ::testing::HasSubstr(folder.Path() + "TARNAMES.STR"));
-    EXPECT_THAT(text, ::testing::HasSubstr("Written before it: TARGET.DAT."));
+    EXPECT_THAT(text, ::testing::HasSubstr("\nWritten: TARGET.DAT."));
     EXPECT_THAT(text,
                 ::testing::HasSubstr(
                     "Not written: TARNAMES.STR, GRIDDATA.DAT, FRNTLINE.DAT, AIRFIELD.DAT, VTR_RRD.DAT."));

@@ -62,8 +62,10 @@ bool ItemCommands::ShowTileAt(const PositionFields &position, frm_precise &dialo
         dialog.ShowTile(ToByte(TileTypeOf(tile)), static_cast<float>(TileRotationOf(tile)));
         return true;
     } catch (const Error &error) {
-        ShowMessage(window_, QMessageBox::Warning,
-                    ErrorReport(tr("Finding the tile"), error, tr("Nothing was changed.")));
+        ShowMessage(
+            window_, QMessageBox::Warning,
+            ErrorReport(tr("Finding the tile"), error,
+                        tr("Nothing was changed. Move the item to a place on the map, then try again.")));
         return false;
     }
 }

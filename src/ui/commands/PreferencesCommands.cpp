@@ -12,6 +12,25 @@
 
 namespace vtr {
 
+namespace {
+
+QString NextStart(FileAfterwards file) {
+    const QString advice = QStringLiteral(
+        " Put right what is said above, then set the preferences again. The campaign's files are "
+        "not touched by this.");
+    switch (file) {
+        case FileAfterwards::Replaced:
+            return QStringLiteral("The next start has the preferences as you set them.");
+        case FileAfterwards::MayBeDamaged:
+            return QStringLiteral("The next start tells which of them it could not read.") + advice;
+        case FileAfterwards::AsBefore:
+            break;
+    }
+    return QStringLiteral("The next start has the preferences of the last time.") + advice;
+}
+
+}  // namespace
+
 PreferencesCommands::PreferencesCommands(Session &session, MainWidgets &widgets, QMainWindow *window)
     : QObject(window), session_(session), widgets_(widgets), window_(window) {
     connect(widgets.menu.mnu_p_prefs, &QAction::triggered, this,
@@ -26,9 +45,11 @@ void PreferencesCommands::Read() {
     } catch (const Error &error) {
         // Nothing worth ending the program for: it starts as it was shipped.
         read_.preferences = ShippedPreferences();
-        ShowMessage(nullptr, QMessageBox::Warning,
-                    ErrorReport(QString::fromStdString(session_.operation), error,
-                                tr("The program starts with its shipped preferences.")));
+        ShowMessage(
+            nullptr, QMessageBox::Warning,
+            ErrorReport(QString::fromStdString(session_.operation), error,
+                        tr("The program starts with its shipped preferences and writes them over the file "
+                           "when it ends. To keep the file, copy it now.")));
     }
     session_.preferences = read_.preferences;
     widgets_.menu.ShowRecentProjects(session_.preferences.RecentProjectNames);
@@ -64,11 +85,8 @@ void PreferencesCommands::Write() {
     try {
         WritePreferences(paths_, session_.preferences);
     } catch (const Error &error) {
-        ShowMessage(
-            window_, QMessageBox::Warning,
-            ErrorReport(operation, error,
-                        tr("The next start has the preferences of the last time. The campaign's files "
-                           "are not touched by this.")));
+        ShowMessage(window_, QMessageBox::Warning,
+                    ErrorReport(operation, error, NextStart(error.AfterTheFailure())));
     }
 }
 

@@ -124,9 +124,11 @@ void ProjectCommands::MakeNewProject() {
         widgets_.ShowState();
         ShowMessage(
             window_, QMessageBox::Warning,
-            ErrorReport(tr("Loading the new project"), error,
-                        tr("The project file and the files beside it are made; the map picture may be "
-                           "missing. Nothing else was changed.")));
+            ErrorReport(
+                tr("Loading the new project"), error,
+                tr("The project file and the files beside it are made; the map picture may be "
+                   "missing. Nothing else was changed. Put right what is said above, then load the new "
+                   "project.")));
     }
 }
 
@@ -152,7 +154,8 @@ bool ProjectCommands::Save(const SaveBoxes &ticked) {
     const auto tellFailure = [&](const Error &error) {
         succeeded = false;
         const QString consequence =
-            tr("Written before it: %1.\nNot written: %2.\nAll your edits are still in the editor.")
+            tr("Written: %1.\nNot written: %2.\nAll your edits are still in the editor. Put right what is "
+               "said above, then save again.")
                 .arg(JoinedCaptions(progress.written), JoinedCaptions(progress.notWritten));
         ShowMessage(dialog, QMessageBox::Warning, ErrorReport(operation, error, consequence));
     };

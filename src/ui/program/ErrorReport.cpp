@@ -8,17 +8,36 @@ namespace vtr {
 
 namespace {
 
-QString Sentence(std::string_view words) {
-    QString text = QString::fromUtf8(words);
+QString WithCapital(QString text) {
     text[0] = text[0].toUpper();
     return text;
+}
+
+QString WhatWentWrong(const Error &error) {
+    const std::string kind(ErrorKindText(error.Kind()));
+    if (error.Step().empty())
+        return WithCapital(QString::fromStdString(kind)) + QStringLiteral(".");
+    // Which step met a missing file does not matter to anybody.
+    const std::string failure = error.Kind() == ErrorKind::FileMissing ? kind : error.Step() + " failed";
+    return WithCapital(QString::fromStdString(failure + ": " + error.Reason()));
+}
+
+QString FileNow(FileAfterwards file) {
+    switch (file) {
+        case FileAfterwards::Replaced:
+            return QStringLiteral("The file is written all the same, but may not be safely on the disk yet.");
+        case FileAfterwards::MayBeDamaged:
+            return QStringLiteral("The file may be damaged now.");
+        case FileAfterwards::AsBefore:
+            break;
+    }
+    return {};
 }
 
 }  // namespace
 
 QString ErrorReport(const QString &operation, const Error &error, const QString &consequence) {
-    QStringList lines{operation + QStringLiteral(" failed."), QString(),
-                      Sentence(ErrorKindText(error.Kind())) + QStringLiteral(".")};
+    QStringList lines{operation + QStringLiteral(" failed."), QString(), WhatWentWrong(error)};
     const auto add = [&lines](const char *label, const std::string &value) {
         if (!value.empty())
             lines << QStringLiteral("%1: %2").arg(QLatin1String(label),
@@ -28,6 +47,8 @@ QString ErrorReport(const QString &operation, const Error &error, const QString 
     add("Place", error.PlaceText());
     add("Expected", error.Expected());
     add("Found", error.Found());
+    if (const QString fileNow = FileNow(error.AfterTheFailure()); !fileNow.isEmpty())
+        lines << fileNow;
     lines << QString() << consequence;
     return lines.join(QLatin1Char('\n'));
 }

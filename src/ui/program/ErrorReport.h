@@ -6,8 +6,9 @@
 
 namespace vtr {
 
-/// The one place that turns an error into words for the user: what the program was at, the file, the place in
-/// it, what was expected and found, and consequence (what became of the user's data).
+/// The one place that turns an error into words for the user: what the program was at, what went wrong there,
+/// the file and the place in it, and consequence: what became of the user's edits, if there were any, and
+/// what to do now.
 QString ErrorReport(const QString &operation, const Error &error, const QString &consequence);
 
 }  // namespace vtr

@@ -9,12 +9,13 @@ namespace vtr {
 
 namespace {
 
-QString LostEdits(const Session &session) {
-    return session.campaign.ProjectLoaded
-               ? QStringLiteral(
-                     "The program ends now. Edits that you had not saved, if any, are lost; the files that "
-                     "you saved are as you saved them.")
-               : QStringLiteral("The program ends now. No project was loaded, so no edits are lost.");
+QString EndOfTheProgram(const Session &session) {
+    QString text = QStringLiteral("The program ends now. ");
+    if (session.campaign.ProjectLoaded)
+        text += QStringLiteral(
+            "Edits that you had not saved, if any, are lost; the files that you saved are as you saved "
+            "them. ");
+    return text + QStringLiteral("Put right what is said above, if you can, and start it again.");
 }
 
 }  // namespace
@@ -26,11 +27,11 @@ bool EventBoundary::notify(QObject *receiver, QEvent *event) {
     try {
         return QApplication::notify(receiver, event);
     } catch (const Error &error) {
-        Fail(ErrorReport(QString::fromStdString(session_.operation), error, LostEdits(session_)));
+        Fail(ErrorReport(QString::fromStdString(session_.operation), error, EndOfTheProgram(session_)));
     } catch (const std::exception &error) {
         Fail(QStringLiteral("%1 failed.\n\n%2\n\n%3")
                  .arg(QString::fromStdString(session_.operation), QString::fromUtf8(error.what()),
-                      LostEdits(session_)));
+                      EndOfTheProgram(session_)));
     }
     return false;
 }
