@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "AirfieldFile.h"
+#include "Errors.h"
 #include "FrontlineFile.h"
 #include "GridData.h"
 #include "RailwayFile.h"
@@ -73,13 +74,21 @@ void SaveFiles(const Campaign &campaign, const SaveBoxes &ticked, const std::str
             continue;
         // Without a file too: the grid data is checked all the same.
         const std::string path = campaign.paths.PathOf(campaign.paths.*step.file);
-        if (const auto misfit = WriteFileOfBox(step.box, path, campaign, programFolder)) {
-            tellMisfit(*misfit);
-            continue;
+        const auto noteWritten = [&] {
+            std::erase(progress.notWritten, saveBoxCaptions[step.box]);
+            if (isNamed(step))
+                progress.written.push_back(saveBoxCaptions[step.box]);
+        };
+        try {
+            if (const auto misfit = WriteFileOfBox(step.box, path, campaign, programFolder))
+                tellMisfit(*misfit);
+            else
+                noteWritten();
+        } catch (const Error &error) {
+            if (error.FileReplaced())
+                noteWritten();
+            throw;
         }
-        std::erase(progress.notWritten, saveBoxCaptions[step.box]);
-        if (isNamed(step))
-            progress.written.push_back(saveBoxCaptions[step.box]);
     }
 }
 

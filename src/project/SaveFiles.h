@@ -28,7 +28,7 @@ struct SaveProgress {
 /// Writes the ticked files in place, in the order targets, target names, grid data, frontlines, airfields,
 /// railway. Calls tellMisfit with the target that the grid data has no cell for; the files behind it are
 /// still written. The first file that fails stops the save with its Error; progress then tells what was
-/// written before it.
+/// written, that file included when it was replaced before the step that failed.
 void SaveFiles(const Campaign &campaign, const SaveBoxes &ticked, const std::string &programFolder,
                SaveProgress &progress, const std::function<void(int target)> &tellMisfit);
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <map>
 
@@ -10,6 +11,7 @@
 #include "SaveFiles.h"
 #include "SilentWindow.h"
 #include "TemporaryFolder.h"
+#include "base/SystemCalls.h"
 
 namespace vtr {
 namespace {
@@ -120,6 +122,18 @@ TEST_F(SaveFilesTest, AFileThatCannotBeWrittenStopsTheSaveWithTheFilesBeforeItWr
         EXPECT_EQ(progress.notWritten, rest);
         std::filesystem::remove(folder.Path() + name);
     }
+}
+
+TEST_F(SaveFilesTest, AFileThatIsReplacedBeforeItsStepFailsCountsAsWritten) {
+    {
+        // Each file is flushed before its folder is: the fourth flush is that of the names' folder.
+        const SystemCalls calls({{"fsync", 4, EIO}});
+        EXPECT_TRUE(ErrorThrownBy([this] { Save(allBoxes); }).FileReplaced());
+    }
+    EXPECT_EQ(FilesOnDisk(), WithMended({0, 1}));
+    EXPECT_THAT(progress.written, ElementsAre("TARGET.DAT", "TARNAMES.STR"));
+    EXPECT_THAT(progress.notWritten,
+                ElementsAre("GRIDDATA.DAT", "FRNTLINE.DAT", "AIRFIELD.DAT", "VTR_RRD.DAT"));
 }
 
 TEST_F(SaveFilesTest, AFailedSaveDoesNotSpeakOfFilesThatTheProjectDoesNotName) {
