@@ -1,4 +1,4 @@
-// Pictures encoded by programs that know nothing of the reader.
+// Pictures encoded by a program that knows nothing of the reader.
 
 #include <gtest/gtest.h>
 
@@ -53,7 +53,7 @@ void ExpectPicture(const Bytes &file, int width, int height, const Painter &pain
         }
 }
 
-/// These encoders do not pad lines: a picture is as wide as it was.
+/// The encoder does not pad lines: a picture is as wide as it was.
 void ExpectEncodersPicture(const std::string &command, int width, int height, const Painter &paint) {
     SCOPED_TRACE(command);
     ExpectPicture(EncodedBy(command, width, height, paint), width, height, paint);
@@ -117,19 +117,6 @@ TEST(PcxByNetpbm, PicturesOf24BitsDecodeToTheSamePixels) {
     if (!Installed("ppmtopcx"))
         GTEST_SKIP() << "netpbm is not installed";
     ExpectEncoders24BitPictures("ppmtopcx -24bit in.ppm >out.pcx");
-}
-
-TEST(PcxByImageMagick, PicturesOf256ColoursDecodeToTheSamePixels) {
-    if (!Installed("convert"))
-        GTEST_SKIP() << "ImageMagick is not installed";
-    // Without these options its colour reduction changes colours although there are few enough.
-    ExpectEncoders256ColourPictures("convert in.ppm +dither -treedepth 8 -colors 256 out.pcx");
-}
-
-TEST(PcxByImageMagick, PicturesOf24BitsDecodeToTheSamePixels) {
-    if (!Installed("convert"))
-        GTEST_SKIP() << "ImageMagick is not installed";
-    ExpectEncoders24BitPictures("convert in.ppm -type TrueColor out.pcx");
 }
 
 }  // namespace
