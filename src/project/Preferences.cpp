@@ -81,12 +81,13 @@ void MakeFolderOf(const std::string &path) {
 
 Preferences ShippedPreferences() {
     Preferences preferences;
+    // Chosen by the figures of data/ColourFigures.cpp.
     preferences.FrontlineColour = ColourOfSliders({255, 32, 0});   // red
-    preferences.RailwayColour = ColourOfSliders({32, 0, 0});       // nearly black
-    preferences.RoadIntColour = ColourOfSliders({192, 128, 160});  // rose
-    preferences.RailIntColour = ColourOfSliders({0, 0, 128});      // navy
-    preferences.TargetColour = ColourOfSliders({224, 0, 255});     // magenta
-    preferences.AirfieldColour = ColourOfSliders({96, 224, 255});  // sky
+    preferences.RailwayColour = ColourOfSliders({0, 0, 64});       // nearly black
+    preferences.RoadIntColour = ColourOfSliders({0, 0, 224});      // blue
+    preferences.RailIntColour = ColourOfSliders({144, 255, 128});  // light green
+    preferences.TargetColour = ColourOfSliders({255, 112, 255});   // pink
+    preferences.AirfieldColour = ColourOfSliders({64, 16, 0});     // dark brown
     preferences.FlashTarget = 1;
     return preferences;
 }

@@ -1,66 +1,22 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
-#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <vector>
 
+#include "../../data/ColourVision.h"
+#include "../../data/MapGrounds.h"
 #include "Preferences.h"
 
 namespace vtr {
 namespace {
 
-using Vector = std::array<double, 3>;
-using Matrix = std::array<Vector, 3>;
-
-Vector Times(const Matrix &matrix, const Vector &vector) {
-    Vector product{};
-    for (std::size_t i = 0; i < 3; ++i)
-        for (std::size_t j = 0; j < 3; ++j)
-            product[i] += matrix[i][j] * vector[j];
-    return product;
-}
-
-// Who sees: everybody, and those who lack one kind of cone. G. M. Machado, M. M. Oliveira, L. A. F.
-// Fernandes, "A Physiologically-based Model for Simulation of Color Vision Deficiency", IEEE Transactions on
-// Visualization and Computer Graphics 15 (6), 2009, severity 1.0; they act on linear RGB.
-constexpr std::array<Matrix, 4> eyes{
-    {{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}},
-     {{{0.152286, 1.052583, -0.204868}, {0.114503, 0.786281, 0.099216}, {-0.003882, -0.048116, 1.051998}}},
-     {{{0.367322, 0.860646, -0.227968}, {0.280085, 0.672501, 0.047413}, {-0.011820, 0.042940, 0.968881}}},
-     {{{1.255528, -0.076749, -0.178779}, {-0.078411, 0.930809, 0.147602}, {0.004733, 0.691367, 0.303900}}}}};
-
-/// sRGB (IEC 61966-2-1) without its gamma, as those eyes see it, in CIE 1976 L*a*b* for the white of D65.
-Vector Lab(std::int32_t colour, const Matrix &eye) {
-    const auto linear = [](int part) {
-        const double value = part / 255.0;
-        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    Vector rgb = Times(eye, {linear(colour & 255), linear(colour >> 8 & 255), linear(colour >> 16)});
-    for (double &part : rgb)
-        part = std::clamp(part, 0.0, 1.0);
-    const Vector xyz = Times({{{0.4124564, 0.3575761, 0.1804375},
-                               {0.2126729, 0.7151522, 0.0721750},
-                               {0.0193339, 0.1191920, 0.9503041}}},
-                             rgb);
-    const auto f = [](double t) { return t > 216.0 / 24389 ? std::cbrt(t) : (24389.0 / 27 * t + 16) / 116; };
-    const double y = f(xyz[1]);
-    return {116 * y - 16, 500 * (f(xyz[0] / 0.95047) - y), 200 * (y - f(xyz[2] / 1.08883))};
-}
-
-double Difference(std::int32_t a, std::int32_t b, const Matrix &eye) {
-    const Vector p = Lab(a, eye);
-    const Vector q = Lab(b, eye);
-    return std::hypot(p[0] - q[0], p[1] - q[1], p[2] - q[2]);
-}
-
 /// For the eyes that see it least.
 double LeastDifference(std::int32_t a, std::int32_t b) {
     double least = 1000;
-    for (const Matrix &eye : eyes)
+    for (const ColourMatrix &eye : eyes)
         least = std::min(least, Difference(a, b, eye));
     return least;
 }
@@ -71,9 +27,12 @@ std::vector<std::int32_t> LayerColours() {
             shipped.RailIntColour,   shipped.TargetColour,  shipped.AirfieldColour};
 }
 
+std::filesystem::path DataFile(const char *name) {
+    return std::filesystem::path(VTR_GOLDEN_DIR).parent_path().parent_path() / "data" / name;
+}
+
 TEST(ShippedPreferences, AreByteForByteThoseOfTheShippedFile) {
-    const auto root = std::filesystem::path(VTR_GOLDEN_DIR).parent_path().parent_path();
-    std::ifstream file(root / "data/prefs.cfg", std::ios::binary);
+    std::ifstream file(DataFile("prefs.cfg"), std::ios::binary);
     ASSERT_TRUE(file.is_open());
     const Bytes shipped{std::istreambuf_iterator<char>(file), {}};
     EXPECT_EQ(EncodePreferences(ShippedPreferences()), shipped);
@@ -89,6 +48,14 @@ TEST(ShippedPreferences, TheDifferenceOfColoursIsTheOneOfTheBooks) {
     // Red and dark green of like lightness: far apart for most, alike without the middle cones.
     EXPECT_GT(Difference(0x0000A0, 0x005A50, eyes[0]), 50);
     EXPECT_LT(Difference(0x0000A0, 0x005A50, eyes[2]), 25);
+}
+
+TEST(ShippedPreferences, TheLuminanceContrastIsTheOneOfTheBooks) {
+    for (const ColourMatrix &eye : eyes)
+        EXPECT_NEAR(LuminanceContrast(0, 0xFFFFFF, eye), 21, 0.01);
+    EXPECT_NEAR(LuminanceContrast(0xFFFFFF, 0x777777, eyes[0]), 4.48, 0.01);
+    EXPECT_NEAR(LuminanceContrast(0x0000FF, 0xFFFFFF, eyes[0]), 4.00, 0.01);  // pure red
+    EXPECT_GT(LuminanceContrast(0x0000FF, 0xFFFFFF, eyes[1]), 6);             // is darker without long cones
 }
 
 // About 2.3 is the least difference that is noticed at all. Lines one pixel wide need many times that.
@@ -112,6 +79,26 @@ TEST(ShippedPreferences, AllLayersStandOutFromTheKindsOfGroundAlsoForColourBlind
     for (const std::int32_t colour : LayerColours())
         for (const std::int32_t kind : ground)
             EXPECT_GT(LeastDifference(colour, kind), 19) << colour << " on " << kind;
+}
+
+TEST(ShippedPreferences, AllLayersStandOutFromTheMapsThatTheProgramMakesAlsoForColourBlindUsers) {
+    for (const Ground &ground : MapGrounds(DataFile("terrain-colours.txt")))
+        for (const std::int32_t colour : LayerColours())
+            for (const ColourMatrix &eye : eyes)
+                EXPECT_GT(DifferenceFromMost(ground.colours, colour, eye), 17)
+                    << colour << " on " << ground.name;
+}
+
+TEST(ShippedPreferences, AirfieldsAndRoadInterdictionDifferInLightnessFromTheSamplesLandAndSea) {
+    const Preferences shipped = ShippedPreferences();
+    const std::vector<Ground> grounds = MapGrounds(DataFile("terrain-colours.txt"));
+    ASSERT_EQ(grounds.size(), 3);
+    for (const Ground &ground : {grounds[1], grounds[2]})
+        for (const std::int32_t colour : {shipped.RoadIntColour, shipped.AirfieldColour})
+            for (const ColourMatrix &eye : eyes)
+                EXPECT_GT(ContrastToMost(ground.colours, colour, eye), 1.9)
+                    << colour << " on " << ground.name;
+    EXPECT_GT(LeastDifference(shipped.RoadIntColour, shipped.AirfieldColour), 60);
 }
 
 }  // namespace
