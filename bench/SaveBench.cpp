@@ -46,8 +46,8 @@ int main() {
         files.emplace_back(name, ReadWholeFile(folder + name));
 
     const auto save = [&] {
-        SaveProgress progress;
-        SaveFiles(*campaign, all, folder, progress, [](int) { std::abort(); });
+        if (!SaveFiles(*campaign, all, folder).Succeeded())
+            std::abort();
         if (progress.written.size() != files.size())
             std::abort();
     };

@@ -11,6 +11,7 @@
 #include "FrontlineMaker.h"
 #include "GridData.h"
 #include "MapPicture.h"
+#include "ProjectFile.h"
 #include "RailwayFile.h"
 #include "RouteTables.h"
 #include "TargetFile.h"
@@ -52,28 +53,6 @@ ProjectPaths SamplePaths() {
     return paths;
 }
 
-Bytes EncodeProjectFile(const ProjectPaths &paths) {
-    const std::array<std::pair<std::string_view, const std::string &>, 14> lines{
-        {{"Name", paths.Name},
-         {"Map", paths.Map},
-         {"MapTM", paths.MapTM},
-         {"TARGETS", paths.Targets},
-         {"TARNAMES", paths.TarNames},
-         {"GridData", paths.GridData},
-         {"Frontline", paths.Frontline},
-         {"Airfield", paths.Airfield},
-         {"Railway", paths.Railway},
-         {"ROADWPT", paths.RoadWpt},
-         {"RoadList", paths.RoadList},
-         {"RAILWPT", paths.RailWpt},
-         {"RailList", paths.RailList},
-         {"TILESDIR", paths.TilesDir}}};
-    std::string text;
-    for (const auto &[key, value] : lines)
-        text.append(key).append("=").append(value).append("\r\n");
-    return {text.begin(), text.end()};
-}
-
 // An interdiction list: the number of paths and the number of each. The editor never reads it.
 Bytes EncodeList(std::size_t paths) {
     Bytes bytes(4 + 4 * paths);
@@ -108,7 +87,10 @@ std::unique_ptr<Campaign> MakeSampleCampaign() {
 
 std::vector<SampleFile> EncodeCampaignFiles(const Campaign &campaign) {
     const ProjectPaths &paths = campaign.paths;
-    std::vector<SampleFile> files{{paths.ProjectFile, EncodeProjectFile(paths)},
+    Bytes projectFile = EncodeProjectFile(paths);
+    for (const char character : "TILESDIR=" + paths.TilesDir + "\r\n")
+        projectFile.push_back(static_cast<std::uint8_t>(character));
+    std::vector<SampleFile> files{{paths.ProjectFile, projectFile},
                                   {paths.MapTM, campaign.terrain},
                                   {paths.Targets, EncodeTargets(campaign, {}, {})},
                                   {paths.TarNames, EncodeTargetNames(campaign)},

@@ -18,6 +18,7 @@ int main(int argc, char **argv) {
     QGuiApplication::setWindowIcon(vtr::ProgramIcon());
 
     vtr::frm_main window(*session);
+    application.OfferSavingFirst([&window] { window.SaveFilesAndWait(); }, [&window] { window.close(); });
     const QString commandLine = QCoreApplication::arguments().mid(1).join(QLatin1Char(' '));
     // In the event loop, where a failure meets the event boundary.
     const auto start = [&] {

@@ -39,6 +39,27 @@ std::string Utf8OfWindows1252(std::string_view bytes) {
     return text;
 }
 
+std::optional<std::string> Windows1252OfUtf8(std::string_view text) {
+    std::string bytes;
+    while (!text.empty()) {
+        const auto startsWith = [text](int byte) {
+            const char character = static_cast<char>(byte);
+            return text.starts_with(Utf8OfWindows1252({&character, 1}));
+        };
+        int byte = static_cast<std::uint8_t>(text.front());
+        if (byte >= 128) {
+            byte = 128;
+            while (byte < 256 && !startsWith(byte))
+                ++byte;
+        }
+        if (byte == 256)
+            return std::nullopt;
+        bytes.push_back(static_cast<char>(byte));
+        text.remove_prefix(Utf8OfWindows1252({&bytes.back(), 1}).size());
+    }
+    return bytes;
+}
+
 bool IsUtf8(std::string_view bytes) {
     std::size_t at = 0;
     while (at < bytes.size()) {
@@ -69,6 +90,16 @@ bool IsUtf8(std::string_view bytes) {
 
 std::string Utf8OfProjectText(std::string_view bytes) {
     return IsUtf8(bytes) ? std::string(bytes) : Utf8OfWindows1252(bytes);
+}
+
+std::string Shortened(std::string_view text, std::size_t longest) {
+    if (text.size() <= longest)
+        return std::string(text);
+    // Not in the middle of a UTF-8 character, which has at most three bytes behind its first.
+    std::size_t end = longest;
+    while (end + 3 > longest && (static_cast<std::uint8_t>(text[end]) & 0xC0) == 0x80)
+        --end;
+    return std::string(text.substr(0, end)) + "...";
 }
 
 std::string UpperAscii(std::string_view text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,11 +12,16 @@ namespace vtr {
 
 /// The UTF-8 text that the single-byte characters show as.
 std::string Utf8OfWindows1252(std::string_view bytes);
+/// The single-byte characters of a UTF-8 text; nothing when one of its characters has none.
+std::optional<std::string> Windows1252OfUtf8(std::string_view text);
 /// True when bytes is well-formed UTF-8 (plain ASCII is).
 bool IsUtf8(std::string_view bytes);
 /// A text from a project file, a name of its own, of a file or a whole line: as it stands when it is UTF-8,
 /// else taken as Windows-1252.
 std::string Utf8OfProjectText(std::string_view bytes);
+/// text, or so much of its beginning and "..." when it is longer than longest bytes: nobody reads the whole
+/// of a line of a million letters, and laying it out takes minutes.
+std::string Shortened(std::string_view text, std::size_t longest = 200);
 /// text with its ASCII letters in upper case.
 std::string UpperAscii(std::string_view text);
 

@@ -144,6 +144,8 @@ struct Campaign {
     std::array<Frontline, frontlineTotal> FrontlineTable;
     std::array<WaypointPath, roadPathTotal> RoadWaypointTable;
     std::array<WaypointPath, railPathTotal> RailWaypointTable;
+
+    bool operator==(const Campaign &) const = default;
 };
 
 }  // namespace vtr

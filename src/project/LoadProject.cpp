@@ -1,17 +1,14 @@
 #include "LoadProject.h"
 
 #include <filesystem>
+#include <memory>
 #include <system_error>
+#include <utility>
 
-#include "AirfieldFile.h"
-#include "FrontlineFile.h"
+#include "CampaignFiles.h"
 #include "Paths.h"
 #include "ProjectFile.h"
-#include "RailwayFile.h"
-#include "TargetFile.h"
-#include "TargetNameFile.h"
 #include "Text.h"
-#include "WaypointFile.h"
 
 namespace vtr {
 
@@ -36,37 +33,21 @@ class LoadSteps : public LoadListener {
     std::vector<ShortFile> shortFiles_;
 };
 
-void ReadTerrain(const std::string &path, Campaign &campaign, LoadListener &listener) {
-    const std::size_t found = ReadTerrainMap(path, campaign.terrain);
-    if (found < terrainSize)
-        listener.FoundShortFile({path, found, terrainSize});
-}
-
-struct ReadStep {
-    void (*read)(const std::string &path, Campaign &campaign, LoadListener &listener);
-    std::string ProjectPaths::*file;
-    double progressAfter;
-};
-
-/// Target names come before the targets, which copy them. The bar drops back after the railway.
-constexpr std::array<ReadStep, 8> readSteps{{
-    {ReadTerrain, &ProjectPaths::MapTM, 50},
-    {ReadTargetNames, &ProjectPaths::TarNames, 60},
-    {ReadTargets, &ProjectPaths::Targets, 68},
-    {ReadRailway, &ProjectPaths::Railway, 28},
-    {ReadFrontlines, &ProjectPaths::Frontline, 36},
-    {ReadRoadWaypoints, &ProjectPaths::RoadWpt, 44},
-    {ReadRailWaypoints, &ProjectPaths::RailWpt, 52},
-    {ReadAirfields, &ProjectPaths::Airfield, 76},
-}};
-
 void ReadCampaignFiles(Campaign &campaign, LoadSteps &steps) {
     campaign.RailwayLineCount = 0;
     campaign.firstDisabledRailwayLine = 0;  // it spoke of the lines of the project before
-    for (const ReadStep &step : readSteps) {
-        step.read(campaign.paths.PathOf(campaign.paths.*step.file), campaign, steps);
-        steps.SetProgress(step.progressAfter);
+    for (const CampaignFile *file : filesInReadingOrder) {
+        file->read(campaign.paths.PathOf(campaign.paths.*file->name), campaign, steps);
+        steps.SetProgress(file->progressAfter);
     }
+}
+
+std::vector<std::string> KeysWithoutFile(const ProjectPaths &paths) {
+    std::vector<std::string> keys;
+    for (const CampaignFile &file : campaignFiles)
+        if ((paths.*file.name).empty())
+            keys.push_back(UpperAscii(file.key));
+    return keys;
 }
 
 }  // namespace
@@ -81,38 +62,37 @@ std::optional<Error> RefusalOfProjectPath(const std::string &path) {
     return std::nullopt;
 }
 
-void LoadProject(const std::string &path, Campaign &campaign, LoadProjectWindow &window) {
+void LoadProject(const std::string &path, Campaign &open, LoadProjectWindow &window) {
     LoadSteps steps(window);
-    ProjectPaths &paths = campaign.paths;
+    const auto loaded = std::make_unique<Campaign>(open);
+    ProjectPaths &paths = loaded->paths;
 
     window.ShowProgress();
     steps.SetProgress(0);
-    ReadProjectFile(path, paths, [&steps] { steps.AddProgress(1); });
+    const ProjectFileFacts facts = ReadProjectFile(path, paths, [&steps] { steps.AddProgress(1); });
     steps.SetProgress(15);
     DeriveFolders(path, paths);
     window.ShowProjectName(paths.Name);
     if (paths.Map == "NONE") {
+        open.paths = paths;
         window.TellNoMap();
         window.CloseProgress();
         return;
     }
+    if (paths.Map.empty())
+        throw Error(facts.wasMade ? ErrorKind::FileMissing : ErrorKind::TypeMismatch, {.file = path},
+                    "a line \"Map=\" with the name of the map picture",
+                    facts.wasMade ? "no project file there: it has been made, empty" : "none");
 
-    window.LoadMapPicture(paths.ProjectDir + Utf8OfProjectText(paths.Map));
+    window.LoadMapPicture(paths.PathOf(paths.Map));
     steps.AddProgress(5);
-    campaign.ProjectLoaded = true;
-    window.EnableProjectControls();
-    ReadCampaignFiles(campaign, steps);
-    window.CopyMapPicture();
-    window.DrawFrontlines();
-    window.DrawRailways();
-    window.ResetViewSelectors();
-    window.ZoomTo100();
-    window.UpdateRecentProjects();
-    window.SelectFirstItems();
+    loaded->ProjectLoaded = true;
+    ReadCampaignFiles(*loaded, steps);
+    open = std::move(*loaded);
+    window.ShowCampaign();
     steps.SetProgress(100);
     window.CloseProgress();
-    if (!steps.ShortFiles().empty())
-        window.TellShortFiles(steps.ShortFiles());
+    window.Tell({steps.ShortFiles(), KeysWithoutFile(open.paths), facts.hasUtf8Mark});
 }
 
 }  // namespace vtr

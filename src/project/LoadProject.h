@@ -10,6 +10,13 @@
 
 namespace vtr {
 
+/// What the user should know of a project that is loaded.
+struct LoadReport {
+    std::vector<ShortFile> shortFiles;
+    std::vector<std::string> keysWithoutFile;  ///< of the project file
+    bool hasUtf8Mark = false;                  ///< see ProjectFileFacts
+};
+
 /// What loading a project asks of the window, in the order in which it asks.
 class LoadProjectWindow {
   public:
@@ -23,30 +30,21 @@ class LoadProjectWindow {
     /// Says "No Map specified. Cannot load project."
     virtual void TellNoMap() = 0;
     virtual void CloseProgress() = 0;
-    /// Loads the picture at path into Img_SmallMap; throws an Error when it cannot.
+    /// Reads the picture at path, which ShowCampaign is to show; throws an Error when it cannot.
     virtual void LoadMapPicture(const std::string &path) = 0;
-    /// Enables the menus and frames that need a project and sets MapZoom to 1.
-    virtual void EnableProjectControls() = 0;
-    /// Copies the picture of Img_SmallMap into Img_Map.
-    virtual void CopyMapPicture() = 0;
-    /// Draw their layer when its view entry is checked.
-    virtual void DrawFrontlines() = 0;
-    virtual void DrawRailways() = 0;
-    virtual void ResetViewSelectors() = 0;
-    virtual void ZoomTo100() = 0;
-    virtual void UpdateRecentProjects() = 0;
-    /// Sets the item selectors of the panels to item 0.
-    virtual void SelectFirstItems() = 0;
-    /// Lists the files that were too short; called only when there are any, after the progress window has
-    /// closed.
-    virtual void TellShortFiles(const std::vector<ShortFile> &files) = 0;
+    /// The campaign is loaded: shows it with its map picture at 100% and its first items selected, and adds
+    /// it to the recent projects.
+    virtual void ShowCampaign() = 0;
+    /// Tells what the user should know of the loaded project; the progress window has closed.
+    virtual void Tell(const LoadReport &report) = 0;
 };
 
 /// Why path cannot be the path of a project at all (it is empty or a folder), when it cannot.
 std::optional<Error> RefusalOfProjectPath(const std::string &path);
 
-/// Loads the project at path (UTF-8) into campaign and the window. An error leaves it half loaded and the
-/// progress window open: the caller must not go on.
-void LoadProject(const std::string &path, Campaign &campaign, LoadProjectWindow &window);
+/// Loads the project at path (UTF-8) in place of open and shows it in the window. What the project lacks
+/// stays as it is in open; of a project without a map ("NONE") only the paths and the name are taken over.
+/// Throws the Errors of the files; open is then as it was, and the progress window is open.
+void LoadProject(const std::string &path, Campaign &open, LoadProjectWindow &window);
 
 }  // namespace vtr

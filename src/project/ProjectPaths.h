@@ -24,6 +24,8 @@ struct ProjectPaths {
     std::string ProjectDir;   ///< ends in a separator
     std::string ProjectFile;  ///< without its folder
 
+    bool operator==(const ProjectPaths &) const = default;
+
     /// The full path of a file of the project, empty when value is: an empty path means "not configured".
     std::string PathOf(const std::string &value) const;
 };

@@ -1,95 +1,114 @@
 #include "SaveFiles.h"
 
-#include <optional>
+#include <algorithm>
+#include <filesystem>
+#include <new>
+#include <system_error>
 
-#include "AirfieldFile.h"
-#include "Errors.h"
-#include "FrontlineFile.h"
-#include "GridData.h"
-#include "RailwayFile.h"
-#include "TargetFile.h"
-#include "TargetNameFile.h"
+#include "CampaignFiles.h"
+#include "Paths.h"
+#include "Text.h"
 
 namespace vtr {
 
-const std::array<std::string_view, saveBoxTotal> saveBoxCaptions{
-    "TARGET.DAT",   "TARNAMES.STR", "GRIDDATA.DAT", "",
-    "FRNTLINE.DAT", "AIRFIELD.DAT", "VTR_RRD.DAT",  "ROADLIST.DAT",
-    "ROADWPT.DAT",  "RAILLIST.DAT", "RAILWPT.DAT"};
-
 namespace {
 
-struct SaveStep {
-    std::size_t box;
-    std::string ProjectPaths::*file;
-};
+const CampaignFile *FileOfBox(std::size_t box) {
+    const auto found = std::ranges::find(campaignFiles, static_cast<int>(box), &CampaignFile::saveBox);
+    return found == campaignFiles.end() ? nullptr : &*found;
+}
 
-constexpr std::array<SaveStep, 6> saveSteps{{
-    {0, &ProjectPaths::Targets},
-    {1, &ProjectPaths::TarNames},
-    {2, &ProjectPaths::GridData},
-    {4, &ProjectPaths::Frontline},
-    {5, &ProjectPaths::Airfield},
-    {6, &ProjectPaths::Railway},
-}};
+/// Why a save must leave the file of that name alone: it would not be the project's own, or another's.
+std::string ObjectionTo(const ProjectPaths &paths, const CampaignFile &file) {
+    const std::string &name = paths.*file.name;
+    if (name.find_first_of("/\\") != std::string::npos || name.find("..") != std::string::npos)
+        return "leads out of the folder";
+    const auto isSame = [&name](std::string_view other) { return UpperAscii(name) == UpperAscii(other); };
+    for (const CampaignFile &other : campaignFiles)
+        if (other.name != file.name && isSame(paths.*other.name))
+            return "is the file of " + UpperAscii(other.key) + " too";
+    return isSame(paths.ProjectFile) ? "is the project file itself" : "";
+}
 
-/// Writes the file of a box. The target that the grid data has no cell for, if there is one.
-std::optional<int> WriteFileOfBox(std::size_t box, const std::string &path, const Campaign &campaign,
-                                  const std::string &programFolder) {
-    switch (box) {
-        case 0:
-            WriteTargets(path, campaign, programFolder);
-            break;
-        case 1:
-            WriteTargetNames(path, campaign);
-            break;
-        case 2:
-            return WriteGridData(path, campaign);
-        case 4:
-            WriteFrontlines(path, campaign);
-            break;
-        case 5:
-            WriteAirfields(path, campaign);
-            break;
-        case 6:
-            WriteRailway(path, campaign);
-            break;
-        default:
-            break;
-    }
-    return std::nullopt;
+/// Where a link at path leads, when that is outside folder.
+std::string LinkOutOf(const std::string &folder, const std::string &path) {
+    std::error_code failed;
+    const std::string onDisk = PathOnDisk(path);
+    if (!std::filesystem::is_symlink(FilesystemPath(onDisk), failed))
+        return {};
+    const auto root = std::filesystem::weakly_canonical(FilesystemPath(PathOnDisk(folder) + "."), failed);
+    const auto real = std::filesystem::weakly_canonical(FilesystemPath(FollowLinks(onDisk)), failed);
+    const auto [inRoot, inReal] = std::ranges::mismatch(root, real);
+    return failed || inRoot == root.end() ? std::string() : PathText(real);
+}
+
+std::optional<int> Write(const CampaignFile &file, const Campaign &campaign,
+                         const std::string &programFolder) {
+    const std::string &name = campaign.paths.*file.name;
+    const std::string path = campaign.paths.PathOf(name);
+    if (const std::string objection = name.empty() ? "" : ObjectionTo(campaign.paths, file);
+        !objection.empty())
+        throw Error(ErrorKind::FileAccess, {.file = path},
+                    "a file in the project's folder that only " + UpperAscii(file.key) + " names",
+                    "\"" + name + "\", which " + objection);
+    // Without a file too: the grid data is checked all the same.
+    return file.write(path, campaign, programFolder);
 }
 
 }  // namespace
 
-void SaveFiles(const Campaign &campaign, const SaveBoxes &ticked, const std::string &programFolder,
-               SaveProgress &progress, const std::function<void(int target)> &tellMisfit) {
-    progress = {};
-    const auto isNamed = [&campaign](const SaveStep &step) { return !(campaign.paths.*step.file).empty(); };
-    for (const SaveStep &step : saveSteps)
-        if (ticked[step.box] && isNamed(step))
-            progress.notWritten.push_back(saveBoxCaptions[step.box]);
-    for (const SaveStep &step : saveSteps) {
-        if (!ticked[step.box])
+std::string_view SaveBoxCaption(std::size_t box) {
+    const CampaignFile *const file = FileOfBox(box);
+    return file == nullptr ? std::string_view() : file->usualName;
+}
+
+SaveBoxFile FileOfSaveBox(const ProjectPaths &paths, std::size_t box) {
+    const CampaignFile *const file = FileOfBox(box);
+    if (file == nullptr || (paths.*file->name).empty())
+        return {};
+    SaveBoxFile found{.name = Utf8OfProjectText(paths.*file->name), .objection = {}, .linkedTo = {}};
+    if (file->write == nullptr)
+        return found;
+    found.objection = ObjectionTo(paths, *file);
+    if (found.objection.empty())
+        found.linkedTo = LinkOutOf(paths.ProjectDir, paths.PathOf(paths.*file->name));
+    return found;
+}
+
+SaveOutcome SaveFiles(const Campaign &campaign, const SaveBoxes &ticked, const std::string &programFolder) {
+    SaveOutcome outcome;
+    const auto isTicked = [&ticked](const CampaignFile &file) {
+        return file.write != nullptr && ticked[static_cast<std::size_t>(file.saveBox)];
+    };
+    const auto isNamed = [&campaign](const CampaignFile &file) {
+        return !(campaign.paths.*file.name).empty();
+    };
+    for (const CampaignFile &file : campaignFiles)
+        if (isTicked(file) && isNamed(file))
+            outcome.notWritten.push_back(file.usualName);
+    for (const CampaignFile &file : campaignFiles) {
+        if (!isTicked(file))
             continue;
-        // Without a file too: the grid data is checked all the same.
-        const std::string path = campaign.paths.PathOf(campaign.paths.*step.file);
-        const auto noteWritten = [&] {
-            std::erase(progress.notWritten, saveBoxCaptions[step.box]);
-            if (isNamed(step))
-                progress.written.push_back(saveBoxCaptions[step.box]);
-        };
+        std::optional<int> misfit;
         try {
-            if (const auto misfit = WriteFileOfBox(step.box, path, campaign, programFolder))
-                tellMisfit(*misfit);
-            else
-                noteWritten();
+            misfit = Write(file, campaign, programFolder);
         } catch (const Error &error) {
-            if (error.FileReplaced())
-                noteWritten();
-            throw;
+            outcome.failure = error;
+        } catch (const std::bad_alloc &) {
+            outcome.failure =
+                Error(ErrorKind::Overflow, {.file = campaign.paths.PathOf(campaign.paths.*file.name)},
+                      "a file that fits into memory", "no memory left");
         }
+        if (misfit)
+            outcome.misfit = misfit;
+        else if (isNamed(file) && (!outcome.failure || outcome.failure->FileReplaced())) {
+            std::erase(outcome.notWritten, file.usualName);
+            outcome.written.push_back(file.usualName);
+        }
+        if (outcome.failure)
+            break;
     }
+    return outcome;
 }
 
 }  // namespace vtr

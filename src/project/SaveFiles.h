@@ -1,12 +1,13 @@
 #pragma once
 
 #include <array>
-#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "Campaign.h"
+#include "Errors.h"
 
 namespace vtr {
 
@@ -14,22 +15,32 @@ namespace vtr {
 /// empty. Boxes 7 to 10 are shown, but those files are never written.
 constexpr std::size_t saveBoxTotal = 11;
 constexpr std::size_t firstUnwrittenBox = 7;
-extern const std::array<std::string_view, saveBoxTotal> saveBoxCaptions;
 
 using SaveBoxes = std::array<bool, saveBoxTotal>;
 
-/// How far a save came: the captions of the ticked files that it has written, and of those that it has not
-/// written yet. A file that the project does not name is in neither.
-struct SaveProgress {
-    std::vector<std::string_view> written;
-    std::vector<std::string_view> notWritten;
+/// The caption of a box, which is the usual name of its file.
+std::string_view SaveBoxCaption(std::size_t box);
+
+/// What the project has for a box.
+struct SaveBoxFile {
+    std::string name;       ///< of the file in the project's folder (UTF-8); empty: not part of the project
+    std::string objection;  ///< why a save never writes it, in words; empty: it does
+    std::string linkedTo;   ///< the file outside the project's folder that a link there leads to; empty: none
+};
+SaveBoxFile FileOfSaveBox(const ProjectPaths &paths, std::size_t box);
+
+/// How a save ended. A file that the project does not name is neither written nor not written.
+struct SaveOutcome {
+    std::vector<std::string_view> written;     ///< captions of the ticked files
+    std::vector<std::string_view> notWritten;  ///< those that still stand as they were
+    std::optional<int> misfit;                 ///< the target that the grid data has no cell for
+    std::optional<Error> failure;              ///< what stopped the save
+
+    bool Succeeded() const { return !misfit && !failure; }
 };
 
 /// Writes the ticked files in place, in the order targets, target names, grid data, frontlines, airfields,
-/// railway. Calls tellMisfit with the target that the grid data has no cell for; the files behind it are
-/// still written. The first file that fails stops the save with its Error; progress then tells what was
-/// written, that file included when it was replaced before the step that failed.
-void SaveFiles(const Campaign &campaign, const SaveBoxes &ticked, const std::string &programFolder,
-               SaveProgress &progress, const std::function<void(int target)> &tellMisfit);
+/// railway. The first file that fails stops the save; a target without a cell does not.
+SaveOutcome SaveFiles(const Campaign &campaign, const SaveBoxes &ticked, const std::string &programFolder);
 
 }  // namespace vtr

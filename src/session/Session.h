@@ -26,6 +26,8 @@ struct Session {
     /// ... and the airfield's stays off when the targets' mode comes back, until a target is selected.
     bool airfieldFrameEnabled = false;
     Picture map;                                 ///< the project's map picture
+    std::string tablesFolder;                    ///< the project folder that the tables were loaded from
+    bool loadFailed = false;                     ///< the last load; what was open before is whole
     std::string programFolder;                   ///< ends in a separator
     std::string operation = "Your last action";  ///< what the program is at (UTF-8), see Operation
 };

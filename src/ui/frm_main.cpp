@@ -45,7 +45,8 @@ frm_main::frm_main(Session &session)
       mapEditing_(session, widgets_),
       itemCommands_(session, widgets_, this, [this] { Redraw(); }),
       preferencesCommands_(session, widgets_, this),
-      projectCommands_(session, widgets_, this, [this] { Redraw(); }),
+      saveCommands_(session, widgets_, this),
+      projectCommands_(session, widgets_, saveCommands_, this, [this] { Redraw(); }),
       tmr_TargetFlash_(this) {
     setObjectName(QStringLiteral("frm_main"));
     setWindowTitle(programTitle);

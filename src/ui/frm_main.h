@@ -9,6 +9,7 @@
 #include "MapEditing.h"
 #include "PreferencesCommands.h"
 #include "ProjectCommands.h"
+#include "SaveCommands.h"
 #include "ZoomCommands.h"
 
 namespace vtr {
@@ -22,6 +23,9 @@ class frm_main : public QMainWindow {
 
     /// Reads the preferences, shows the window and loads the project that commandLine names, if it names one.
     void Start(const QString &commandLine);
+
+    /// Lets the user save the open campaign and waits until that is over.
+    void SaveFilesAndWait() { saveCommands_.ShowAndWait(); }
 
     /// Redraws the map, once, and shows it.
     void Redraw();
@@ -46,6 +50,7 @@ class frm_main : public QMainWindow {
     MapEditing mapEditing_;
     ItemCommands itemCommands_;
     PreferencesCommands preferencesCommands_;
+    SaveCommands saveCommands_;
     ProjectCommands projectCommands_;
     QTimer tmr_TargetFlash_;
     bool framed_ = false;

@@ -87,5 +87,22 @@ TEST(Text, RaisesOnlyAsciiLetters) {
     EXPECT_EQ(UpperAscii("az AZ09@[`{ \xE4\xFF"), "AZ AZ09@[`{ \xE4\xFF");
 }
 
+TEST(Text, EverySingleByteCharacterComesBackFromUtf8AndOthersHaveNone) {
+    for (int value = 0; value < 256; ++value) {
+        const std::string byte(1, static_cast<char>(value));
+        EXPECT_EQ(Windows1252OfUtf8("a" + Utf8OfWindows1252(byte) + "b"), "a" + byte + "b") << value;
+    }
+    for (const char *text : {"\u041C", "a\u0100", "\U0001F600"})
+        EXPECT_EQ(Windows1252OfUtf8(text), std::nullopt) << text;
+}
+
+TEST(Text, ALongTextIsCutBetweenItsCharacters) {
+    EXPECT_EQ(Shortened("abc", 3), "abc");
+    EXPECT_EQ(Shortened("abcd", 3), "abc...");
+    EXPECT_EQ(Shortened("ab\u20ACd", 4), "ab...");
+    EXPECT_EQ(Shortened("ab\u20ACd", 5), "ab\u20AC...");
+    EXPECT_EQ(Shortened("\x80\x80\x80\x80\x80\x80", 4).size(), 4U) << "no UTF-8 at all";
+}
+
 }  // namespace
 }  // namespace vtr

@@ -21,7 +21,7 @@ class RecordingWindow : public LoadProjectWindow {
   public:
     std::vector<std::string> calls;
     std::vector<double> progress;
-    std::vector<ShortFile> shortFiles;
+    LoadReport report;
 
     void ShowProgress() override { calls.emplace_back("ShowProgress"); }
     void SetProgress(double value) override { progress.push_back(value); }
@@ -29,17 +29,10 @@ class RecordingWindow : public LoadProjectWindow {
     void TellNoMap() override { calls.emplace_back("TellNoMap"); }
     void CloseProgress() override { calls.emplace_back("CloseProgress"); }
     void LoadMapPicture(const std::string &path) override { calls.push_back("LoadMapPicture " + path); }
-    void EnableProjectControls() override { calls.emplace_back("EnableProjectControls"); }
-    void CopyMapPicture() override { calls.emplace_back("CopyMapPicture"); }
-    void DrawFrontlines() override { calls.emplace_back("DrawFrontlines"); }
-    void DrawRailways() override { calls.emplace_back("DrawRailways"); }
-    void ResetViewSelectors() override { calls.emplace_back("ResetViewSelectors"); }
-    void ZoomTo100() override { calls.emplace_back("ZoomTo100"); }
-    void UpdateRecentProjects() override { calls.emplace_back("UpdateRecentProjects"); }
-    void SelectFirstItems() override { calls.emplace_back("SelectFirstItems"); }
-    void TellShortFiles(const std::vector<ShortFile> &files) override {
-        calls.emplace_back("TellShortFiles");
-        shortFiles = files;
+    void ShowCampaign() override { calls.emplace_back("ShowCampaign"); }
+    void Tell(const LoadReport &told) override {
+        calls.emplace_back("Tell");
+        report = told;
     }
 };
 
@@ -65,11 +58,9 @@ class LoadProjectTest : public ::testing::Test {
 
 TEST_F(LoadProjectTest, AsksTheWindowInTheFixedOrder) {
     Load("Name=North front\r\nMap=m.bmp\r\n");
-    EXPECT_EQ(window.calls, (std::vector<std::string>{
-                                "ShowProgress", "ShowProjectName North front",
-                                "LoadMapPicture " + folder.Path() + "m.bmp", "EnableProjectControls",
-                                "CopyMapPicture", "DrawFrontlines", "DrawRailways", "ResetViewSelectors",
-                                "ZoomTo100", "UpdateRecentProjects", "SelectFirstItems", "CloseProgress"}));
+    EXPECT_EQ(window.calls, (std::vector<std::string>{"ShowProgress", "ShowProjectName North front",
+                                                      "LoadMapPicture " + folder.Path() + "m.bmp",
+                                                      "ShowCampaign", "CloseProgress", "Tell"}));
     EXPECT_TRUE(campaign->ProjectLoaded);
 }
 
@@ -110,7 +101,7 @@ TEST_F(LoadProjectTest, TheReadersMoveTheBarByTheirStepAfterEveryRecord) {
     ASSERT_EQ(window.progress.size(), expected.size());
     for (std::size_t i = 0; i < expected.size(); ++i)
         ASSERT_DOUBLE_EQ(window.progress[i], expected[i]) << "value " << i;
-    EXPECT_TRUE(window.shortFiles.empty());
+    EXPECT_TRUE(window.report.shortFiles.empty());
 }
 
 /// Notes beside each call the bar's last value before it (-1: none yet).
@@ -142,72 +133,64 @@ TEST_F(LoadProjectTest, TheCallsStandBetweenTheBarsValuesWhereTheyBelong) {
     WindowWithTheBarBeforeEachCall bar;
     LoadProject(folder.Path() + "sample.prj", *campaign, bar);
     bar.NoteNewCalls();
-    EXPECT_THAT(bar.BarBeforeCalls(), ::testing::ElementsAreArray(std::vector<std::pair<std::string, double>>{
-                                          {"ShowProgress", -1},
-                                          {"ShowProjectName", 15},
-                                          {"LoadMapPicture", 15},
-                                          {"EnableProjectControls", 20},
-                                          {"CopyMapPicture", 76},
-                                          {"DrawFrontlines", 76},
-                                          {"DrawRailways", 76},
-                                          {"ResetViewSelectors", 76},
-                                          {"ZoomTo100", 76},
-                                          {"UpdateRecentProjects", 76},
-                                          {"SelectFirstItems", 76},
-                                          {"CloseProgress", 100}}));
+    EXPECT_THAT(bar.BarBeforeCalls(), ::testing::ElementsAreArray(
+                                          std::vector<std::pair<std::string, double>>{{"ShowProgress", -1},
+                                                                                      {"ShowProjectName", 15},
+                                                                                      {"LoadMapPicture", 15},
+                                                                                      {"ShowCampaign", 76},
+                                                                                      {"CloseProgress", 100},
+                                                                                      {"Tell", 100}}));
     EXPECT_EQ(std::count(bar.progress.begin(), bar.progress.end(), 20.0), 1) << "before the first reader";
 }
 
-/// Sees which tables of the campaign hold something whenever the bar moves.
-struct TableWatcher : SilentWindow {
-    explicit TableWatcher(const Campaign &watched) : campaign(watched) {}
-
-    void SetProgress(double) override {
-        const auto note = [this](const char *table, bool filled) {
-            if (filled && std::ranges::count(filledInOrder, table) == 0)
-                filledInOrder.emplace_back(table);
-        };
-        note("terrain", campaign.terrain != empty->terrain);
-        note("target names", campaign.TargetNameTable != empty->TargetNameTable);
-        note("targets", campaign.TargetTable != empty->TargetTable);
-        note("railway", campaign.RailwayTable != empty->RailwayTable);
-        note("frontlines", campaign.FrontlineTable != empty->FrontlineTable);
-        note("road waypoints", HoldsWaypoints(campaign.RoadWaypointTable));
-        note("rail waypoints", HoldsWaypoints(campaign.RailWaypointTable));
-        note("airfields", campaign.AirfieldTable != empty->AirfieldTable);
-    }
-    template <std::size_t Total>
-    static bool HoldsWaypoints(const std::array<WaypointPath, Total> &paths) {
-        return std::ranges::any_of(paths, [](const WaypointPath &path) { return path.count != 0; });
-    }
-
-    const Campaign &campaign;
-    std::unique_ptr<Campaign> empty = std::make_unique<Campaign>();
-    std::vector<std::string> filledInOrder;
-};
-
 TEST_F(LoadProjectTest, TheFilesAreReadOneAfterTheOtherNamesBeforeTargetsAndAirfieldsLast) {
     WriteSampleCampaign(folder.Path(), false);
-    TableWatcher watcher(*campaign);
-    LoadProject(folder.Path() + "sample.prj", *campaign, watcher);
-    EXPECT_THAT(watcher.filledInOrder,
-                ::testing::ElementsAre("terrain", "target names", "targets", "railway", "frontlines",
-                                       "road waypoints", "rail waypoints", "airfields"));
+    std::vector<std::string> missed;
+    const std::vector<std::string> inOrder{"VTR.TM",       "TARNAMES.STR", "TARGET.DAT",  "VTR_RRD.DAT",
+                                           "FRNTLINE.DAT", "ROADWPT.DAT",  "RAILWPT.DAT", "AIRFIELD.DAT"};
+    for (const std::string &name : inOrder)
+        std::filesystem::rename(folder.Path() + name, folder.Path() + name + ".away");
+    // The first that is missing stops the load.
+    for (const std::string &name : inOrder) {
+        missed.push_back(
+            ErrorThrownBy([this] { LoadProject(folder.Path() + "sample.prj", *campaign, window); }).File());
+        std::filesystem::rename(folder.Path() + name + ".away", folder.Path() + name);
+    }
+    for (std::size_t i = 0; i < inOrder.size(); ++i)
+        EXPECT_EQ(missed[i], folder.Path() + inOrder[i]);
 }
 
-TEST_F(LoadProjectTest, TheProjectCountsAsLoadedOnceItsMapPictureIs) {
+TEST_F(LoadProjectTest, TheOpenCampaignIsReplacedWhenAllIsRead) {
     struct Watcher : SilentWindow {
         explicit Watcher(const Campaign &watched) : campaign(watched) {}
-        void LoadMapPicture(const std::string &) override { atMapPicture = campaign.ProjectLoaded; }
-        void EnableProjectControls() override { atControls = campaign.ProjectLoaded; }
+        void SetProgress(double value) override {
+            loadedBefore100 = loadedBefore100 || (value < 76 && campaign.ProjectLoaded);
+        }
+        void ShowCampaign() override { loadedWhenShown = campaign.ProjectLoaded; }
         const Campaign &campaign;
-        bool atMapPicture = true;
-        bool atControls = false;
+        bool loadedBefore100 = false;
+        bool loadedWhenShown = false;
     };
     Watcher watcher(*campaign);
-    LoadProject(folder.Make("p.prj", "Map=m.bmp\r\n"), *campaign, watcher);
-    EXPECT_FALSE(watcher.atMapPicture);
-    EXPECT_TRUE(watcher.atControls);
+    WriteSampleCampaign(folder.Path(), false);
+    LoadProject(folder.Path() + "sample.prj", *campaign, watcher);
+    EXPECT_FALSE(watcher.loadedBefore100);
+    EXPECT_TRUE(watcher.loadedWhenShown);
+}
+
+TEST_F(LoadProjectTest, AFailedLoadLeavesTheOpenCampaignAsItWas) {
+    WriteSampleCampaign(folder.Path(), false);
+    LoadProject(folder.Path() + "sample.prj", *campaign, window);
+    campaign->TargetTable[100].x = 7;
+    const auto before = std::make_unique<Campaign>(*campaign);
+    for (const char *missing : {"VTR.TM", "TARNAMES.STR", "TARGET.DAT", "VTR_RRD.DAT", "FRNTLINE.DAT",
+                                "ROADWPT.DAT", "RAILWPT.DAT", "AIRFIELD.DAT"}) {
+        TemporaryFolder other;
+        WriteSampleCampaign(other.Path(), false);
+        std::filesystem::remove(other.Path() + missing);
+        ErrorThrownBy([&] { LoadProject(other.Path() + "sample.prj", *campaign, window); });
+        EXPECT_TRUE(*campaign == *before) << missing;
+    }
 }
 
 TEST_F(LoadProjectTest, AMapOfNoneStopsWithAMessageAndKeepsWhatWasLoadedButThePathsAndTheName) {
@@ -223,6 +206,29 @@ TEST_F(LoadProjectTest, AMapOfNoneStopsWithAMessageAndKeepsWhatWasLoadedButThePa
 TEST_F(LoadProjectTest, TheMapsNameMayBeWrittenInTheGamesLetters) {
     Load("Name=x\r\nMap=K\xF6ln.bmp\r\n");
     EXPECT_THAT(window.calls, ::testing::Contains("LoadMapPicture " + folder.Path() + "K\u00F6ln.bmp"));
+}
+
+TEST_F(LoadProjectTest, TellsWhichKeysHaveNoFile) {
+    Load("Name=x\r\nMap=m.bmp\r\nRoadList=ROADLIST.DAT\r\nGridData=GRIDDATA.DAT\r\n");
+    EXPECT_THAT(window.report.keysWithoutFile,
+                ::testing::ElementsAre("MAPTM", "TARGETS", "TARNAMES", "FRONTLINE", "AIRFIELD", "RAILWAY",
+                                       "ROADWPT", "RAILWPT", "RAILLIST"));
+}
+
+TEST_F(LoadProjectTest, AUtf8MarkStaysPartOfTheFirstKeyAndIsTold) {
+    Load("\xEF\xBB\xBFName=x\r\nMap=m.bmp\r\n");
+    EXPECT_EQ(campaign->paths.Name, "");
+    EXPECT_TRUE(window.report.hasUtf8Mark);
+    Load("Name=x\r\nMap=m.bmp\r\n");
+    EXPECT_FALSE(window.report.hasUtf8Mark);
+}
+
+TEST_F(LoadProjectTest, AProjectThatNamesNoMapPictureIsAnErrorThatSaysSo) {
+    const std::string path = folder.Make("p.prj", "Name=x\r\n");
+    const Error error = ErrorThrownBy([&] { LoadProject(path, *campaign, window); });
+    EXPECT_EQ(error.File(), path);
+    EXPECT_EQ(error.Expected(), "a line \"Map=\" with the name of the map picture");
+    EXPECT_EQ(error.Found(), "none");
 }
 
 TEST_F(LoadProjectTest, OnlyNoneInCapitalsMeansNoMap) {
@@ -245,14 +251,14 @@ TEST_F(LoadProjectTest, ShortFilesAreListedOnceAfterTheLoadWithTheirSizes) {
     std::filesystem::resize_file(folder.Path() + "TARGET.DAT", 4 + 32 * 100 + 7);
     std::filesystem::resize_file(folder.Path() + "VTR.TM", 1000);
     LoadProject(folder.Path() + "sample.prj", *campaign, window);
-    ASSERT_EQ(window.shortFiles.size(), 2U);
-    EXPECT_EQ(window.calls.back(), "TellShortFiles");
-    EXPECT_EQ(window.shortFiles[0].path, folder.Path() + "VTR.TM");
-    EXPECT_EQ(window.shortFiles[0].found, 1000U);
-    EXPECT_EQ(window.shortFiles[0].expected, 204800U);
-    EXPECT_EQ(window.shortFiles[1].path, folder.Path() + "TARGET.DAT");
-    EXPECT_EQ(window.shortFiles[1].found, 3211U);
-    EXPECT_EQ(window.shortFiles[1].expected, 9668U);
+    ASSERT_EQ(window.report.shortFiles.size(), 2U);
+    EXPECT_EQ(window.calls.back(), "Tell");
+    EXPECT_EQ(window.report.shortFiles[0].path, folder.Path() + "VTR.TM");
+    EXPECT_EQ(window.report.shortFiles[0].found, 1000U);
+    EXPECT_EQ(window.report.shortFiles[0].expected, 204800U);
+    EXPECT_EQ(window.report.shortFiles[1].path, folder.Path() + "TARGET.DAT");
+    EXPECT_EQ(window.report.shortFiles[1].found, 3211U);
+    EXPECT_EQ(window.report.shortFiles[1].expected, 9668U);
     EXPECT_EQ(campaign->TargetTable[200].code, 0);
     EXPECT_EQ(campaign->terrain[2000], 0);
 }
@@ -280,21 +286,14 @@ TEST_F(LoadProjectTest, AProjectThatDoesNotExistIsCreatedEmptyAndLoadsWithTheVal
 }
 
 TEST_F(LoadProjectTest, OnAFirstLoadAProjectThatDoesNotExistIsCreatedEmptyAndStopsAtTheMap) {
-    struct ReadsTheMap : RecordingWindow {
-        void LoadMapPicture(const std::string &path) override {
-            RecordingWindow::LoadMapPicture(path);
-            ReadWholeFile(path);
-        }
-    };
-    ReadsTheMap first;
+    RecordingWindow first;
     const std::string path = folder.Path() + "new.prj";
     const Error error = ErrorThrownBy([&] { LoadProject(path, *campaign, first); });
-    EXPECT_EQ(error.Kind(), ErrorKind::FileAccess);
-    EXPECT_EQ(error.File(), folder.Path()) << "without a name the map's path is the project's folder";
-    EXPECT_EQ(error.Found(), "a folder");
+    EXPECT_EQ(error.Kind(), ErrorKind::FileMissing);
+    EXPECT_EQ(error.File(), path);
+    EXPECT_EQ(error.Found(), "no project file there: it has been made, empty");
     EXPECT_EQ(std::filesystem::file_size(path), 0U);
-    EXPECT_EQ(first.calls, (std::vector<std::string>{"ShowProgress", "ShowProjectName ",
-                                                     "LoadMapPicture " + folder.Path()}));
+    EXPECT_EQ(first.calls, (std::vector<std::string>{"ShowProgress", "ShowProjectName "}));
     EXPECT_EQ(first.progress, (std::vector<double>{0, 15}));
     EXPECT_FALSE(campaign->ProjectLoaded);
 }

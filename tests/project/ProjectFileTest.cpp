@@ -149,5 +149,41 @@ TEST(ProjectPaths, AValueIsJoinedToTheProjectFolderAndAnEmptyOneMeansNotConfigur
     EXPECT_EQ(paths.PathOf("K\xF6ln.dat"), "C:\\p\\K\xC3\xB6ln.dat");
 }
 
+TEST_F(ProjectFileTest, AnEmptyLineIsNamedAsOne) {
+    const Error error = ErrorThrownBy([this] { Read("NAME=x\r\n\r\n"); });
+    EXPECT_EQ(error.Line(), 2);
+    EXPECT_EQ(error.PlaceText(), "line 2, an empty line, which you can delete");
+}
+
+TEST_F(ProjectFileTest, AVeryLongLineIsToldByItsBeginning) {
+    const Error error = ErrorThrownBy([this] { Read(std::string(500000, 'x')); });
+    EXPECT_EQ(error.Found(), '"' + std::string(200, 'x') + "...\"");
+}
+
+TEST_F(ProjectFileTest, TextOf16BitsIsToldAsSuch) {
+    for (const std::string &text : {std::string("\xFF\xFEN\0A\0", 6), std::string("\xFE\xFF\0N\0A", 6),
+                                    std::string("N\0A\0", 4), std::string("\0N\0A", 4)}) {
+        const Error error = ErrorThrownBy([&] { Read(text); });
+        EXPECT_EQ(error.Kind(), ErrorKind::TypeMismatch);
+        EXPECT_EQ(error.Found(),
+                  "text of two bytes a letter (\"Unicode\"): save the file as plain text (\"ANSI\")");
+    }
+}
+
+TEST_F(ProjectFileTest, ANewFileHasThirteenLinesInSingleByteCharactersUnlessOneHasNone) {
+    paths.Name = "K\u00F6ln";
+    paths.Map = "m\u00E4p.bmp";
+    const auto written = [this] {
+        const Bytes bytes = EncodeProjectFile(paths);
+        return std::string(bytes.begin(), bytes.end());
+    };
+    const std::string rest =
+        "MapTM=\r\nTARGETS=\r\nTARNAMES=\r\nGridData=\r\nFrontline=\r\nAirfield=\r\nRailway=\r\n"
+        "ROADWPT=\r\nRoadList=\r\nRAILWPT=\r\nRailList=\r\n";
+    EXPECT_EQ(written(), "Name=K\xF6ln\r\nMap=m\xE4p.bmp\r\n" + rest);
+    paths.Name = "K\u00F6ln \u041C";
+    EXPECT_EQ(written(), "Name=K\u00F6ln \u041C\r\nMap=m\u00E4p.bmp\r\n" + rest);
+}
+
 }  // namespace
 }  // namespace vtr

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <map>
 
+#include "Paths.h"
 #include "ReaderTesting.h"
 #include "SampleCampaign.h"
 #include "SaveFiles.h"
@@ -62,9 +63,11 @@ class SaveFilesTest : public ::testing::Test {
         return files;
     }
 
-    void Save(const SaveBoxes &ticked) {
-        SaveFiles(*campaign, ticked, program.Path(), progress,
-                  [this](int target) { misfits.push_back(target); });
+    void Save(const SaveBoxes &ticked) { outcome = SaveFiles(*campaign, ticked, program.Path()); }
+
+    Error FailureOfSave(const SaveBoxes &ticked) {
+        Save(ticked);
+        return outcome.failure.value();
     }
 
     /// What the disk holds when only the files of boxes have been written.
@@ -82,17 +85,16 @@ class SaveFilesTest : public ::testing::Test {
     std::unique_ptr<Campaign> campaign = std::make_unique<Campaign>();
     Files whole;
     Files spoilt;
-    SaveProgress progress{{"of a save before"}, {"of a save before"}};
-    std::vector<int> misfits;
+    SaveOutcome outcome;
 };
 
 TEST_F(SaveFilesTest, SaveAllWritesTheSixFilesAndNoOther) {
     Save(allBoxes);
     EXPECT_EQ(FilesOnDisk(), WithMended({0, 1, 2, 4, 5, 6}));
-    EXPECT_THAT(progress.written, ElementsAre("TARGET.DAT", "TARNAMES.STR", "GRIDDATA.DAT", "FRNTLINE.DAT",
-                                              "AIRFIELD.DAT", "VTR_RRD.DAT"));
-    EXPECT_THAT(progress.notWritten, IsEmpty());
-    EXPECT_THAT(misfits, IsEmpty());
+    EXPECT_THAT(outcome.written, ElementsAre("TARGET.DAT", "TARNAMES.STR", "GRIDDATA.DAT", "FRNTLINE.DAT",
+                                             "AIRFIELD.DAT", "VTR_RRD.DAT"));
+    EXPECT_THAT(outcome.notWritten, IsEmpty());
+    EXPECT_FALSE(outcome.misfit);
 }
 
 TEST_F(SaveFilesTest, AFileThatCannotBeWrittenStopsTheSaveWithTheFilesBeforeItWrittenAndNoneBehindIt) {
@@ -104,7 +106,7 @@ TEST_F(SaveFilesTest, AFileThatCannotBeWrittenStopsTheSaveWithTheFilesBeforeItWr
         std::filesystem::remove(folder.Path() + name);
         std::filesystem::create_directory(folder.Path() + name);
 
-        const Error error = ErrorThrownBy([this] { Save(allBoxes); });
+        const Error error = FailureOfSave(allBoxes);
         EXPECT_EQ(error.Kind(), ErrorKind::FileAccess);
         EXPECT_EQ(error.File(), folder.Path() + name);
         std::vector<std::size_t> boxesBefore;
@@ -118,8 +120,8 @@ TEST_F(SaveFilesTest, AFileThatCannotBeWrittenStopsTheSaveWithTheFilesBeforeItWr
         Files expected = WithMended(boxesBefore);
         expected.erase(name);
         EXPECT_EQ(FilesOnDisk(), expected);
-        EXPECT_EQ(progress.written, before);
-        EXPECT_EQ(progress.notWritten, rest);
+        EXPECT_EQ(outcome.written, before);
+        EXPECT_EQ(outcome.notWritten, rest);
         std::filesystem::remove(folder.Path() + name);
     }
 }
@@ -128,11 +130,11 @@ TEST_F(SaveFilesTest, AFileThatIsReplacedBeforeItsStepFailsCountsAsWritten) {
     {
         // Each file is flushed before its folder is: the fourth flush is that of the names' folder.
         const SystemCalls calls({{"fsync", 4, EIO}});
-        EXPECT_TRUE(ErrorThrownBy([this] { Save(allBoxes); }).FileReplaced());
+        EXPECT_TRUE(FailureOfSave(allBoxes).FileReplaced());
     }
     EXPECT_EQ(FilesOnDisk(), WithMended({0, 1}));
-    EXPECT_THAT(progress.written, ElementsAre("TARGET.DAT", "TARNAMES.STR"));
-    EXPECT_THAT(progress.notWritten,
+    EXPECT_THAT(outcome.written, ElementsAre("TARGET.DAT", "TARNAMES.STR"));
+    EXPECT_THAT(outcome.notWritten,
                 ElementsAre("GRIDDATA.DAT", "FRNTLINE.DAT", "AIRFIELD.DAT", "VTR_RRD.DAT"));
 }
 
@@ -140,8 +142,8 @@ TEST_F(SaveFilesTest, AFailedSaveDoesNotSpeakOfFilesThatTheProjectDoesNotName) {
     campaign->paths.Railway.clear();
     std::filesystem::remove(folder.Path() + "AIRFIELD.DAT");
     std::filesystem::create_directory(folder.Path() + "AIRFIELD.DAT");
-    ErrorThrownBy([this] { Save(allBoxes); });
-    EXPECT_THAT(progress.notWritten, ElementsAre("AIRFIELD.DAT"));
+    FailureOfSave(allBoxes);
+    EXPECT_THAT(outcome.notWritten, ElementsAre("AIRFIELD.DAT"));
 }
 
 TEST_F(SaveFilesTest, EachBoxWritesItsOwnFileOnly) {
@@ -153,16 +155,16 @@ TEST_F(SaveFilesTest, EachBoxWritesItsOwnFileOnly) {
         ticked[file.box] = true;
         Save(ticked);
         EXPECT_EQ(FilesOnDisk(), WithMended({file.box}));
-        EXPECT_THAT(progress.written, ElementsAre(file.name));
-        EXPECT_THAT(progress.notWritten, IsEmpty());
+        EXPECT_THAT(outcome.written, ElementsAre(file.name));
+        EXPECT_THAT(outcome.notWritten, IsEmpty());
     }
 }
 
 TEST_F(SaveFilesTest, NoBoxTickedWritesNothing) {
     Save({});
     EXPECT_EQ(FilesOnDisk(), spoilt);
-    EXPECT_THAT(progress.written, IsEmpty());
-    EXPECT_THAT(progress.notWritten, IsEmpty());
+    EXPECT_THAT(outcome.written, IsEmpty());
+    EXPECT_THAT(outcome.notWritten, IsEmpty());
 }
 
 TEST_F(SaveFilesTest, TickingOnlyRailWptOrAnotherInterdictionFileWritesNothing) {
@@ -175,8 +177,8 @@ TEST_F(SaveFilesTest, TickingOnlyRailWptOrAnotherInterdictionFileWritesNothing) 
         ticked[box] = true;
         Save(ticked);
         EXPECT_EQ(FilesOnDisk(), spoilt) << box;
-        EXPECT_THAT(progress.written, IsEmpty());
-        EXPECT_THAT(progress.notWritten, IsEmpty());
+        EXPECT_THAT(outcome.written, IsEmpty());
+        EXPECT_THAT(outcome.notWritten, IsEmpty());
     }
 }
 
@@ -196,8 +198,8 @@ TEST_F(SaveFilesTest, AKeyWithoutAFileNameMakesItsWriterDoNothingAndTheOthersAre
         }
         Save(allBoxes);
         EXPECT_EQ(FilesOnDisk(), WithMended(named));
-        EXPECT_EQ(progress.written, captions);
-        EXPECT_THAT(progress.notWritten, IsEmpty());
+        EXPECT_EQ(outcome.written, captions);
+        EXPECT_THAT(outcome.notWritten, IsEmpty());
         campaign->paths.*unnamed.key = kept;
     }
 }
@@ -205,38 +207,38 @@ TEST_F(SaveFilesTest, AKeyWithoutAFileNameMakesItsWriterDoNothingAndTheOthersAre
 TEST_F(SaveFilesTest, ATargetThatFitsNoCellIsToldOnceAndTheFilesBehindTheGridDataAreStillWritten) {
     campaign->TargetTable[7].y = 1759;
     Save(allBoxes);
-    EXPECT_THAT(misfits, ElementsAre(7));
+    EXPECT_EQ(outcome.misfit, 7);
     Files onDisk = FilesOnDisk();
     const std::string targets = std::exchange(onDisk["TARGET.DAT"], whole["TARGET.DAT"]);
     EXPECT_EQ(onDisk, WithMended({0, 1, 4, 5, 6})) << "only the grid data is as it was";
     ExpectChangeOnlyWithin(Bytes(whole["TARGET.DAT"].begin(), whole["TARGET.DAT"].end()),
                            Bytes(targets.begin(), targets.end()), 4 + 32 * 7 + 4, 4);
-    EXPECT_THAT(progress.written,
+    EXPECT_THAT(outcome.written,
                 ElementsAre("TARGET.DAT", "TARNAMES.STR", "FRNTLINE.DAT", "AIRFIELD.DAT", "VTR_RRD.DAT"));
-    EXPECT_THAT(progress.notWritten, ElementsAre("GRIDDATA.DAT"));
+    EXPECT_THAT(outcome.notWritten, ElementsAre("GRIDDATA.DAT"));
 }
 
 TEST_F(SaveFilesTest, ATargetThatFitsNoCellIsToldAlsoWhenTheProjectNamesNoGridData) {
     campaign->TargetTable[7].y = 1759;
     campaign->paths.GridData.clear();
     Save(allBoxes);
-    EXPECT_THAT(misfits, ElementsAre(7));
-    EXPECT_THAT(progress.notWritten, IsEmpty());
+    EXPECT_EQ(outcome.misfit, 7);
+    EXPECT_THAT(outcome.notWritten, IsEmpty());
 }
 
 TEST_F(SaveFilesTest, AnOverflowInTheGridDataStopsTheSaveThere) {
     for (TargetRecord &target : campaign->TargetTable)
         target.x = target.y = 100;
-    const Error error = ErrorThrownBy([this] { Save(allBoxes); });
+    const Error error = FailureOfSave(allBoxes);
     EXPECT_EQ(error.Kind(), ErrorKind::Overflow);
     EXPECT_EQ(error.File(), folder.Path() + "GRIDDATA.DAT");
     Files onDisk = FilesOnDisk();
     onDisk["TARGET.DAT"] = whole["TARGET.DAT"];
     EXPECT_EQ(onDisk, WithMended({0, 1}));
-    EXPECT_THAT(progress.written, ElementsAre("TARGET.DAT", "TARNAMES.STR"));
-    EXPECT_THAT(progress.notWritten,
+    EXPECT_THAT(outcome.written, ElementsAre("TARGET.DAT", "TARNAMES.STR"));
+    EXPECT_THAT(outcome.notWritten,
                 ElementsAre("GRIDDATA.DAT", "FRNTLINE.DAT", "AIRFIELD.DAT", "VTR_RRD.DAT"));
-    EXPECT_THAT(misfits, IsEmpty());
+    EXPECT_FALSE(outcome.misfit);
 }
 
 TEST_F(SaveFilesTest, TheTargetsTakeTheTemplateOfTheProgramsFolder) {
@@ -250,8 +252,70 @@ TEST_F(SaveFilesTest, TheTargetsTakeTheTemplateOfTheProgramsFolder) {
         ASSERT_EQ(targets.substr(record + 26, 6), "\x5A\x5A\x5A\x5A\x5A\x5A") << record;
 }
 
+TEST_F(SaveFilesTest, ANameThatLeadsOutOfTheFolderIsNeverWritten) {
+    TemporaryFolder elsewhere;
+    const std::string outside = elsewhere.Make("profile", "mine");
+    for (const std::string &name :
+         {"../" + std::string(FileNameOf(elsewhere.Path().substr(0, elsewhere.Path().size() - 1))) +
+              "/profile",
+          std::string("..\\profile"), std::string("sub/GRIDDATA.DAT"), std::string("..")}) {
+        campaign->paths.GridData = name;
+        const Error error = FailureOfSave(allBoxes);
+        EXPECT_EQ(error.Found(), '"' + name + "\", which leads out of the folder");
+        EXPECT_THAT(outcome.written, ElementsAre("TARGET.DAT", "TARNAMES.STR"));
+        EXPECT_THAT(outcome.notWritten,
+                    ElementsAre("GRIDDATA.DAT", "FRNTLINE.DAT", "AIRFIELD.DAT", "VTR_RRD.DAT"));
+        EXPECT_EQ(FileOfSaveBox(campaign->paths, 2).objection, "leads out of the folder");
+    }
+    EXPECT_EQ(elsewhere.Content("profile"), "mine");
+}
+
+TEST_F(SaveFilesTest, ANameThatAnotherKeyHasTooIsNeverWrittenInAnyLetterCase) {
+    const Files before = FilesOnDisk();
+    SaveBoxes grid{};
+    grid[2] = true;
+    for (const auto &[name, objection] :
+         std::map<std::string, std::string>{{"target.dat", "is the file of TARGETS too"},
+                                            {campaign->paths.Map, "is the file of MAP too"},
+                                            {"RAILLIST.DAT", "is the file of RAILLIST too"},
+                                            {"Sample.PRJ", "is the project file itself"}}) {
+        campaign->paths.GridData = name;
+        EXPECT_EQ(FailureOfSave(grid).Found(), '"' + name + "\", which " + objection);
+        EXPECT_EQ(FilesOnDisk(), before);
+    }
+}
+
+TEST_F(SaveFilesTest, ALinkOutOfTheFolderIsNamedAndOneWithinItIsNot) {
+    TemporaryFolder elsewhere;
+    const std::string outside = elsewhere.Make("real.dat", "x");
+    std::filesystem::remove(folder.Path() + "GRIDDATA.DAT");
+    std::filesystem::create_symlink(outside, folder.Path() + "GRIDDATA.DAT");
+    EXPECT_EQ(FileOfSaveBox(campaign->paths, 2).linkedTo, std::filesystem::canonical(outside).string());
+    std::filesystem::remove(folder.Path() + "GRIDDATA.DAT");
+    std::filesystem::create_symlink(elsewhere.Path() + "not there", folder.Path() + "GRIDDATA.DAT");
+    EXPECT_EQ(FileOfSaveBox(campaign->paths, 2).linkedTo, elsewhere.Path() + "not there");
+
+    std::filesystem::remove(folder.Path() + "GRIDDATA.DAT");
+    std::filesystem::create_directory(folder.Path() + "within");
+    std::filesystem::create_symlink("within/grid.dat", folder.Path() + "GRIDDATA.DAT");
+    EXPECT_EQ(FileOfSaveBox(campaign->paths, 2).linkedTo, "");
+    EXPECT_EQ(FileOfSaveBox(campaign->paths, 0).linkedTo, "");
+}
+
+TEST_F(SaveFilesTest, ABoxHasTheNameOfItsFileOrNoneWhenTheProjectHasNone) {
+    campaign->paths.Railway = "K\xF6ln.dat";
+    EXPECT_EQ(FileOfSaveBox(campaign->paths, 6).name, "K\u00F6ln.dat");
+    campaign->paths.Railway.clear();
+    EXPECT_EQ(FileOfSaveBox(campaign->paths, 6).name, "");
+    EXPECT_EQ(FileOfSaveBox(campaign->paths, 10).name, "RAILWPT.DAT");
+    EXPECT_EQ(FileOfSaveBox(campaign->paths, 3).name, "");
+}
+
 TEST(SaveBoxCaptions, AreTheNamesOfTheGamesFilesWithoutABox3) {
-    EXPECT_THAT(saveBoxCaptions,
+    Captions captions;
+    for (std::size_t box = 0; box < saveBoxTotal; ++box)
+        captions.push_back(SaveBoxCaption(box));
+    EXPECT_THAT(captions,
                 ElementsAre("TARGET.DAT", "TARNAMES.STR", "GRIDDATA.DAT", "", "FRNTLINE.DAT", "AIRFIELD.DAT",
                             "VTR_RRD.DAT", "ROADLIST.DAT", "ROADWPT.DAT", "RAILLIST.DAT", "RAILWPT.DAT"));
 }

@@ -12,15 +12,8 @@ struct SilentWindow : LoadProjectWindow {
     void TellNoMap() override {}
     void CloseProgress() override {}
     void LoadMapPicture(const std::string &) override {}
-    void EnableProjectControls() override {}
-    void CopyMapPicture() override {}
-    void DrawFrontlines() override {}
-    void DrawRailways() override {}
-    void ResetViewSelectors() override {}
-    void ZoomTo100() override {}
-    void UpdateRecentProjects() override {}
-    void SelectFirstItems() override {}
-    void TellShortFiles(const std::vector<ShortFile> &) override {}
+    void ShowCampaign() override {}
+    void Tell(const LoadReport &) override {}
 };
 
 }  // namespace vtr

@@ -2,6 +2,8 @@
 
 #include "BoundarySession.h"
 #include "EditorWindow.h"
+#include "EventBoundary.h"
+#include "frm_save.h"
 
 namespace vtr {
 namespace {
@@ -65,8 +67,7 @@ TEST_F(FatalLoadTest, AMissingFileOfTheGameEndsTheProgramWithOneBoxThatSaysAll) 
     ExpectOneFatalBoxThatSays(
         "Loading the project failed.\n\nFile not found: No such file or directory\nFile: " + folder.Path() +
         "AIRFIELD.DAT\n\n"
-        "The program ends now. Edits that you had not saved, if any, are lost; the "
-        "files that you saved are as you saved them. " +
+        "The program ends now. " +
         whatToDo);
 }
 
@@ -103,10 +104,12 @@ TEST_F(FatalLoadTest, AMapPictureThatIsNoneDoesSoToo) {
 TEST_F(FatalLoadTest, AProjectThatDoesNotExistIsMadeEmptyAndDoesSoForItHasNoMap) {
     EXPECT_EQ(ExitStatusOfStarting(folder.Path() + "new.prj"), 1);
     EXPECT_EQ(folder.Content("new.prj"), "");
-    ExpectOneFatalBoxThatSays("Loading the project failed.\n\nFile access failed.\nFile: " + folder.Path() +
-                              "\nExpected: a file\nFound: a folder\n\n"
-                              "The program ends now. " +
-                              whatToDo);
+    ExpectOneFatalBoxThatSays(
+        "Loading the project failed.\n\nFile not found.\nFile: " + folder.Path() +
+        "new.prj\nExpected: a line \"Map=\" with the name of the map picture\nFound: no "
+        "project file there: it has been made, empty\n\n"
+        "The program ends now. " +
+        whatToDo);
 }
 
 TEST_F(FatalLoadTest, APathOf300CharactersDoesSoToo) {
@@ -118,6 +121,62 @@ TEST_F(FatalLoadTest, APathOf300CharactersDoesSoToo) {
                                       "long\nFile: " +
                                       folder.Path() + name + "\n\nThe program ends now. "));
     ExpectOneFatalBoxThatSays(text);
+}
+
+/// A load that fails while a campaign is open.
+class FatalSecondLoadTest : public FatalLoadTest {
+  protected:
+    /// Moves a target of the sample, loads a project without a map picture over it and does answer to the
+    /// report.
+    int ExitStatusAfterAnswer(const std::function<void(QMessageBox &)> &answer) {
+        const std::string broken = folder.Make("broken.prj", "Name=Broken\r\nMap=nowhere.bmp\r\n");
+        return ExitStatusAfter([this, broken, answer](frm_main &window) {
+            application().OfferSavingFirst([&window] { window.SaveFilesAndWait(); },
+                                           [&window] { window.close(); });
+            window.Start(QString::fromStdString(SamplePath()));
+            nameBefore = Find<QToolButton>(window, QStringLiteral("project")).text();
+            Find<NumberField>(window, QStringLiteral("upd_tar_x")).SetNumber(321);
+            WhenModalOpens<QMessageBox>([this, &window, answer](QMessageBox &report) {
+                text = report.text();
+                nameInReport = Find<QToolButton>(window, QStringLiteral("project")).text();
+                answer(report);
+            });
+            window.Start(QString::fromStdString(broken));
+        });
+    }
+    static EventBoundary &application() { return dynamic_cast<EventBoundary &>(*qApp); }
+    void TearDown() override {
+        application().OfferSavingFirst({}, {});
+        FatalLoadTest::TearDown();
+    }
+
+    QString text;
+    QString nameBefore;
+    QString nameInReport;
+};
+
+TEST_F(FatalSecondLoadTest, SaysThatTheOpenCampaignIsWholeAndWritesThePreferencesAtTheEnd) {
+    EXPECT_EQ(ExitStatusAfterAnswer([](QMessageBox &report) { report.button(QMessageBox::Ok)->click(); }), 1);
+    EXPECT_TRUE(text.contains(QStringLiteral("is still open with all its edits"))) << text.toStdString();
+    EXPECT_EQ(nameInReport, nameBefore);
+    EXPECT_EQ(BoundarySession().campaign.TargetTable[0].x, 321);
+    EXPECT_TRUE(std::filesystem::exists(folder.Path() + "program/prefs.cfg"));
+}
+
+TEST_F(FatalSecondLoadTest, LetsTheFilesBeSavedFirst) {
+    const std::string before = folder.Content("TARGET.DAT");
+    const int status = ExitStatusAfterAnswer([](QMessageBox &report) {
+        WhenModalOpens<frm_save>([](frm_save &dialog) {
+            Find<QCheckBox>(dialog, QStringLiteral("chk_save(0)")).setChecked(true);
+            WhenModalOpens<QMessageBox>([](QMessageBox &again) { again.button(QMessageBox::Ok)->click(); });
+            Press<QPushButton>(dialog, QStringLiteral("cmd_save"));
+        });
+        for (QAbstractButton *button : report.buttons())
+            if (button->text() == QStringLiteral("Save Files First..."))
+                button->click();
+    });
+    EXPECT_EQ(status, 1);
+    EXPECT_NE(folder.Content("TARGET.DAT"), before);
 }
 
 }  // namespace

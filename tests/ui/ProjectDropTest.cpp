@@ -83,12 +83,31 @@ TEST_F(ProjectDrop, WithAProjectOpenAndNoLoadsTheOther) {
     EXPECT_EQ(window().findChild<frm_save *>(), nullptr);
 }
 
-TEST_F(ProjectDrop, WithAProjectOpenAndYesOpensTheSaveDialogAndGoesOn) {
+TEST_F(ProjectDrop, WithAProjectOpenAndYesWaitsForTheSaveAndThenLoads) {
     StartWithChangedSample();
-    AnswerAfterDrop(QMessageBox::Yes);
-    ASSERT_NE(window().findChild<frm_save *>(), nullptr);
-    EXPECT_TRUE(window().findChild<frm_save *>()->isVisible());
+    ShownBox question;
+    bool waited = false;
+    AnswerNextBox(question, QMessageBox::Yes);
+    EXPECT_TRUE(Drop(window(), {LocalUrl(SamplePath())}));
+    WhenModalOpens<frm_save>([&](frm_save &dialog) {
+        waited = !SampleWasLoadedAgain();
+        Find<QCheckBox>(dialog, QStringLiteral("chk_save(4)")).setChecked(true);
+        Press<QPushButton>(dialog, QStringLiteral("cmd_save"));
+    });
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(waited);
     EXPECT_TRUE(SampleWasLoadedAgain());
+}
+
+TEST_F(ProjectDrop, CancelInTheSaveDialogCancelsTheLoad) {
+    StartWithChangedSample();
+    ShownBox question;
+    AnswerNextBox(question, QMessageBox::Yes);
+    EXPECT_TRUE(Drop(window(), {LocalUrl(SamplePath())}));
+    WhenModalOpens<frm_save>(
+        [](frm_save &dialog) { Press<QPushButton>(dialog, QStringLiteral("cmd_close")); });
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(SampleWasLoadedAgain());
 }
 
 TEST_F(ProjectDrop, OfAnythingElseIsRefused) {

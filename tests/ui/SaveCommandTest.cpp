@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
 #include <QCheckBox>
+#include <QLabel>
+#include <QStatusBar>
 
 #include "EditorWindow.h"
 #include "frm_save.h"
@@ -14,6 +16,16 @@ class SaveCommand : public EditorWindow {
     frm_save *SaveDialog() { return window().findChild<frm_save *>(); }
     void OpenSaveDialog() { Entry("mnu_p_export").trigger(); }
     void PressSave() { Press<QPushButton>(*SaveDialog(), QStringLiteral("cmd_save")); }
+    QCheckBox &Box(int index) {
+        return Find<QCheckBox>(*SaveDialog(), QStringLiteral("chk_save(%1)").arg(index));
+    }
+    void Tick(int index) {
+        QTest::mouseClick(&Box(index), Qt::LeftButton, {}, QPoint(8, Box(index).height() / 2));
+    }
+    QString Note(int index) {
+        return Find<QLabel>(*SaveDialog(), QStringLiteral("lbl_note(%1)").arg(index)).text();
+    }
+    QLabel &Line() { return Find<QLabel>(*SaveDialog(), QStringLiteral("lbl_message")); }
     bool DialogIsOpen() { return SaveDialog() != nullptr && SaveDialog()->isVisible(); }
 };
 
@@ -118,6 +130,160 @@ TEST_F(SaveCommand, CancelUnloadsTheDialogWithoutWriting) {
     Press<QPushButton>(*SaveDialog(), QStringLiteral("cmd_close"));
     EXPECT_FALSE(DialogIsOpen());
     EXPECT_EQ(folder.Content("TARGET.DAT"), before);
+}
+
+TEST_F(SaveCommand, WithNothingTickedItStaysOpenAndSaysWhatToDo) {
+    StartWithSample();
+    OpenSaveDialog();
+    EXPECT_FALSE(Line().isVisible());
+    PressSave();
+    EXPECT_TRUE(DialogIsOpen());
+    EXPECT_TRUE(Line().isVisible());
+    EXPECT_EQ(Line().text(), "Tick the files to be saved.");
+}
+
+TEST_F(SaveCommand, ShowsTheProjectsNameAndFolderAndBesideEachBoxWhatWillHappen) {
+    StartWithSample();
+    ProjectPaths &paths = session->campaign.paths;
+    paths.Name = "North & South";
+    paths.Railway.clear();
+    paths.GridData = "../GRIDDATA.DAT";
+    paths.Frontline = "north.dat";
+    paths.Airfield = paths.Map;
+    OpenSaveDialog();
+    EXPECT_EQ(Find<QLabel>(*SaveDialog(), "lbl_project").text(), "North & South");
+    EXPECT_EQ(Find<QLabel>(*SaveDialog(), "lbl_folder").text().toStdString(), folder.Path());
+    EXPECT_EQ(Note(0), "");
+    EXPECT_EQ(Note(2), "../GRIDDATA.DAT: never written, it leads out of the folder");
+    EXPECT_EQ(Note(4), "north.dat");
+    EXPECT_EQ(Note(5), QString::fromStdString(paths.Map) + ": never written, it is the file of MAP too");
+    EXPECT_EQ(Note(6), "not part of this project");
+    for (const int box : {7, 8, 9, 10})
+        EXPECT_EQ(Note(box), "never written");
+}
+
+TEST_F(SaveCommand, AfterASaveTheStatusBarNamesTheFiles) {
+    StartWithSample();
+    OpenSaveDialog();
+    Tick(0);
+    Tick(4);
+    PressSave();
+    EXPECT_EQ(window().statusBar()->currentMessage(), "Saved: TARGET.DAT, FRNTLINE.DAT");
+    OpenSaveDialog();
+    Tick(10);
+    PressSave();
+    EXPECT_FALSE(DialogIsOpen());
+    EXPECT_THAT(window().statusBar()->currentMessage().toStdString(),
+                ::testing::StartsWith("Nothing was written"));
+}
+
+TEST_F(SaveCommand, AfterATargetWithoutACellTheLineSaysHowToGoOn) {
+    StartWithSample();
+    session->campaign.TargetTable[7].y = 1759;
+    OpenSaveDialog();
+    Tick(0);
+    Tick(2);
+    ShownBox message;
+    AcceptNextBox(message);
+    PressSave();
+    EXPECT_EQ(Line().text(),
+              "Written: TARGET.DAT. GRIDDATA.DAT is still the old one: move target 7 or press \"Reorder "
+              "Targets for "
+              "GRIDDATA.DAT\", then save it again.");
+    EXPECT_TRUE(Box(2).isChecked());
+}
+
+TEST_F(SaveCommand, ALinkOutOfTheFolderIsFollowedOnlyAfterAQuestion) {
+    StartWithSample();
+    TemporaryFolder elsewhere;
+    const std::string outside = elsewhere.Make("real.dat", "mine");
+    std::filesystem::remove(folder.Path() + "FRNTLINE.DAT");
+    std::filesystem::create_symlink(outside, folder.Path() + "FRNTLINE.DAT");
+    OpenSaveDialog();
+    EXPECT_EQ(Note(4), "FRNTLINE.DAT leads out of the folder");
+    Tick(0);
+    Tick(4);
+    const auto targetsTime = std::filesystem::last_write_time(folder.Path() + "TARGET.DAT");
+    ShownBox question;
+    AnswerNextBox(question, QMessageBox::No);
+    PressSave();
+    EXPECT_EQ(question.text.toStdString(),
+              "FRNTLINE.DAT leads to " + std::filesystem::canonical(outside).string() + ". Write there?");
+    EXPECT_EQ(question.title, "VTR Target Editor");
+    EXPECT_EQ(question.buttons, QMessageBox::Yes | QMessageBox::No);
+    EXPECT_EQ(elsewhere.Content("real.dat"), "mine");
+    EXPECT_EQ(std::filesystem::last_write_time(folder.Path() + "TARGET.DAT"), targetsTime);
+    EXPECT_TRUE(DialogIsOpen());
+
+    AnswerNextBox(question, QMessageBox::Yes);
+    PressSave();
+    EXPECT_EQ(elsewhere.Content("real.dat").size(), 12000U);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path() + "FRNTLINE.DAT"));
+    EXPECT_FALSE(DialogIsOpen());
+}
+
+TEST_F(SaveCommand, AfterAProjectWithoutAMapTheLineWarnsThatTheTablesAreThoseOfAnother) {
+    StartWithSample();
+    TemporaryFolder other;
+    OpenSaveDialog();
+    ShownBox noMap;
+    AcceptNextBox(noMap);
+    window().Start(QString::fromStdString(other.Make("none.prj", "Name=Other\r\nMap=NONE\r\n")));
+    const std::string warning = "The campaign in the editor was loaded from " + folder.Path() +
+                                ". A save writes it into " + other.Path() + ", over the files there.";
+    EXPECT_EQ(Line().text().toStdString(), "Another project is open now. " + warning);
+    EXPECT_EQ(Find<QLabel>(*SaveDialog(), "lbl_project").text(), "Other");
+    EXPECT_EQ(Find<QLabel>(*SaveDialog(), "lbl_folder").text().toStdString(), other.Path());
+    SaveDialog()->close();
+    OpenSaveDialog();
+    EXPECT_EQ(Line().text().toStdString(), warning);
+}
+
+TEST_F(SaveCommand, TheDialogOutlivesAMessageThatIsUpWhenItIsClosed) {
+    StartWithSample();
+    std::filesystem::remove(folder.Path() + "TARNAMES.STR");
+    std::filesystem::create_directory(folder.Path() + "TARNAMES.STR");
+    OpenSaveDialog();
+    Tick(1);
+    WhenModalOpens<QMessageBox>([this](QMessageBox &message) {
+        SaveDialog()->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        message.button(QMessageBox::Ok)->click();
+    });
+    PressSave();
+    EXPECT_FALSE(DialogIsOpen());
+    OpenSaveDialog();
+    EXPECT_TRUE(DialogIsOpen());
+}
+
+TEST_F(SaveCommand, TheDialogCanBeUsedBesideTheChooserOfAProject) {
+    StartWithSample();
+    ShownBox question;
+    AnswerNextBox(question, QMessageBox::Yes);
+    bool blocked = true;
+    WhenModalOpens<QFileDialog>([&](QFileDialog &chooser) {
+        EXPECT_EQ(chooser.windowModality(), Qt::WindowModal);
+        Tick(4);
+        blocked = !Box(4).isChecked();
+        QTest::mouseClick(&Find<QCheckBox>(window(), "chk_tar_airfield"), Qt::LeftButton);
+        chooser.reject();
+    });
+    Entry("mnu_p_load").trigger();
+    EXPECT_FALSE(blocked);
+    EXPECT_TRUE(DialogIsOpen());
+}
+
+TEST_F(SaveCommand, TheBoxesAreReachedByTheArrowKeys) {
+    StartWithSample();
+    OpenSaveDialog();
+    SaveDialog()->activateWindow();
+    Box(0).setFocus();
+    for (const int next : {1, 2, 4, 5, 6, 7, 8, 9, 10}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+        EXPECT_TRUE(Box(next).hasFocus()) << next;
+    }
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+    EXPECT_TRUE(Box(9).hasFocus());
 }
 
 }  // namespace

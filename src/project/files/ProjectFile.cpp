@@ -1,9 +1,9 @@
 #include "ProjectFile.h"
 
 #include <algorithm>
-#include <array>
 
 #include "AtomicWrite.h"
+#include "CampaignFiles.h"
 #include "Errors.h"
 #include "KeyValueLines.h"
 #include "Paths.h"
@@ -14,27 +14,25 @@ namespace vtr {
 
 namespace {
 
-struct ProjectKey {
-    std::string_view key;
-    std::string ProjectPaths::*value;
-};
+/// The value that key, in upper case, stands for; nullptr: it is not known.
+std::string ProjectPaths::*ValueOfKey(std::string_view key) {
+    if (key == "NAME")
+        return &ProjectPaths::Name;
+    if (key == "TILESDIR")
+        return &ProjectPaths::TilesDir;
+    for (const CampaignFile &file : campaignFiles)
+        if (key == UpperAscii(file.key))
+            return file.name;
+    return nullptr;
+}
 
-constexpr std::array<ProjectKey, 14> projectKeys{{
-    {"NAME", &ProjectPaths::Name},
-    {"MAP", &ProjectPaths::Map},
-    {"MAPTM", &ProjectPaths::MapTM},
-    {"TARGETS", &ProjectPaths::Targets},
-    {"TARNAMES", &ProjectPaths::TarNames},
-    {"AIRFIELD", &ProjectPaths::Airfield},
-    {"RAILWAY", &ProjectPaths::Railway},
-    {"RAILWPT", &ProjectPaths::RailWpt},
-    {"RAILLIST", &ProjectPaths::RailList},
-    {"ROADWPT", &ProjectPaths::RoadWpt},
-    {"ROADLIST", &ProjectPaths::RoadList},
-    {"GRIDDATA", &ProjectPaths::GridData},
-    {"FRONTLINE", &ProjectPaths::Frontline},
-    {"TILESDIR", &ProjectPaths::TilesDir},
-}};
+/// Such text begins with a mark or has a zero byte beside its first letter.
+bool IsTextOf16Bits(ConstByteSpan bytes) {
+    return bytes.size() >= 2 && (bytes[0] == 0 || bytes[1] == 0 || (bytes[0] == 0xFF && bytes[1] == 0xFE) ||
+                                 (bytes[0] == 0xFE && bytes[1] == 0xFF));
+}
+
+constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 
 bool IsSeparator(char character) {
     return character == '\\' || character == '/';
@@ -53,23 +51,42 @@ bool IsAbsoluteTilesDir(std::string_view path) {
 
 }  // namespace
 
-void ReadProjectFile(const std::string &path, ProjectPaths &paths, const std::function<void()> &lineRead) {
-    if (!FileExists(path))
+ProjectFileFacts ReadProjectFile(const std::string &path, ProjectPaths &paths,
+                                 const std::function<void()> &lineRead) {
+    const bool isMissing = !FileExists(path);
+    if (isMissing)
         AtomicWrite(path, {});
-    DecodeProjectFile(ReadWholeFile(path), path, paths, lineRead);
+    ProjectFileFacts facts = DecodeProjectFile(ReadWholeFile(path), path, paths, lineRead);
+    facts.wasMade = isMissing;
+    return facts;
 }
 
-void DecodeProjectFile(ConstByteSpan bytes, const std::string &path, ProjectPaths &paths,
-                       const std::function<void()> &lineRead) {
-    for (const KeyValueLine &line : SplitKeyValueLines(bytes)) {
+ProjectFileFacts DecodeProjectFile(ConstByteSpan bytes, const std::string &path, ProjectPaths &paths,
+                                   const std::function<void()> &lineRead) {
+    if (IsTextOf16Bits(bytes))
+        throw Error(ErrorKind::TypeMismatch, {.file = path, .line = 1}, "plain text, one byte a letter",
+                    "text of two bytes a letter (\"Unicode\"): save the file as plain text (\"ANSI\")");
+    const std::vector<KeyValueLine> lines = SplitKeyValueLines(bytes);
+    for (const KeyValueLine &line : lines) {
         if (!line.hasEquals)
-            throw Error(ErrorKind::TypeMismatch, {.file = path, .line = line.number}, "a line KEY=value",
-                        "\"" + line.text + "\"");
-        for (const ProjectKey &known : projectKeys)
-            if (line.key == known.key)
-                paths.*known.value = line.value;
+            throw Error(ErrorKind::TypeMismatch,
+                        {.file = path,
+                         .line = line.number,
+                         .item = line.text.empty() ? "an empty line, which you can delete" : ""},
+                        "a line KEY=value", "\"" + Shortened(line.text) + "\"");
+        if (std::string ProjectPaths::*const value = ValueOfKey(line.key))
+            paths.*value = line.value;
         lineRead();
     }
+    return {.wasMade = false, .hasUtf8Mark = !lines.empty() && lines.front().text.starts_with(utf8Mark)};
+}
+
+Bytes EncodeProjectFile(const ProjectPaths &paths) {
+    std::string text = "Name=" + paths.Name + "\r\n";
+    for (const CampaignFile &file : campaignFiles)
+        text.append(file.key).append("=").append(paths.*file.name).append("\r\n");
+    const std::string bytes = Windows1252OfUtf8(text).value_or(text);
+    return {bytes.begin(), bytes.end()};
 }
 
 void DeriveFolders(const std::string &path, ProjectPaths &paths) {

@@ -1,11 +1,8 @@
 #include "ProjectCommands.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QMessageBox>
 #include <QStringList>
-#include <memory>
-#include <new>
 #include <utility>
 
 #include "ControlBox.h"
@@ -13,47 +10,33 @@
 #include "FileChooser.h"
 #include "FrontlinePanel.h"
 #include "GameText.h"
-#include "GridData.h"
-#include "MapFrame.h"
-#include "MapLayers.h"
 #include "MapPictureFile.h"
 #include "Operation.h"
 #include "Overview.h"
 #include "ProgramVersion.h"
 #include "RailwayPanel.h"
+#include "SaveCommands.h"
 #include "ShowMessage.h"
 #include "StatusBar.h"
 #include "TargetPanel.h"
 #include "WaypointPanel.h"
 #include "frm_newproject.h"
 #include "frm_progress.h"
-#include "frm_save.h"
 
 namespace vtr {
 
-namespace {
-
-QString JoinedCaptions(const std::vector<std::string_view> &captions) {
-    QStringList texts;
-    for (const std::string_view caption : captions)
-        texts << QString::fromUtf8(caption);
-    return texts.isEmpty() ? QStringLiteral("none") : texts.join(QStringLiteral(", "));
-}
-
-}  // namespace
-
-ProjectCommands::ProjectCommands(Session &session, MainWidgets &widgets, QMainWindow *window,
-                                 std::function<void()> redraw)
+ProjectCommands::ProjectCommands(Session &session, MainWidgets &widgets, SaveCommands &saveCommands,
+                                 QMainWindow *window, std::function<void()> redraw)
     : QObject(window),
       session_(session),
       widgets_(widgets),
+      saveCommands_(saveCommands),
       window_(window),
       redraw_(std::move(redraw)),
       frm_progress_(new frm_progress(window)) {
     const MainMenu &menu = widgets.menu;
     connect(menu.mnu_p_new, &QAction::triggered, this, &ProjectCommands::MakeNewProject);
     connect(menu.mnu_p_load, &QAction::triggered, this, &ProjectCommands::ChooseAndLoad);
-    connect(menu.mnu_p_export, &QAction::triggered, this, [this] { ShowSaveDialog(SaveDialogMode::GoOn); });
     for (std::size_t i = 0; i < menu.mnu_p_last.size(); ++i)
         connect(menu.mnu_p_last[i], &QAction::triggered, this, [this, i] { LoadRecent(i); });
 }
@@ -66,25 +49,38 @@ void ProjectCommands::Load(const std::string &path) {
             ErrorReport(QString::fromStdString(session_.operation), *refusal, tr("Nothing was changed.")));
         return;
     }
-    LoadProject(path, session_.campaign, *this);
+    const QString nameBefore = widgets_.sb_status->project->text();
+    session_.loadFailed = false;
+    try {
+        LoadProject(path, session_.campaign, *this);
+    } catch (...) {
+        widgets_.sb_status->project->setText(nameBefore);
+        session_.loadFailed = true;
+        throw;
+    }
+    saveCommands_.ProjectChanged();
 }
 
-bool ProjectCommands::OfferExport(SaveDialogMode mode) {
+ProjectCommands::Answer ProjectCommands::AskForExport() {
     if (!session_.campaign.ProjectLoaded)
-        return true;
+        return Answer::No;
     const auto answer =
         QMessageBox::question(window_, programTitle, QStringLiteral("Do you wish to export this project?"),
                               QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
-    if (answer == QMessageBox::Yes)
-        ShowSaveDialog(mode);
-    return answer == QMessageBox::Yes || answer == QMessageBox::No;
+    return answer == QMessageBox::Yes ? Answer::Yes : answer == QMessageBox::No ? Answer::No : Answer::Cancel;
 }
 
 void ProjectCommands::ChooseAndLoad() {
-    if (!OfferExport(SaveDialogMode::GoOn))
+    const Answer answer = AskForExport();
+    if (answer == Answer::Cancel)
         return;
+    if (answer == Answer::Yes)
+        saveCommands_.Show();
+    // The save dialog is not waited for: it can be used beside the chooser.
+    saveCommands_.SetUsableBesideMainWindow(true);
     const std::string chosen = ChooseFile(window_, QFileDialog::AcceptOpen, QStringLiteral("Load Project"),
                                           projectFilter, lastChosenFile_);
+    saveCommands_.SetUsableBesideMainWindow(false);
     if (chosen.empty())
         return;
     lastChosenFile_ = chosen;
@@ -92,14 +88,18 @@ void ProjectCommands::ChooseAndLoad() {
 }
 
 void ProjectCommands::LoadDropped(const QString &path) {
-    if (OfferExport(SaveDialogMode::GoOn))
+    const Answer answer = AskForExport();
+    if (answer == Answer::No || (answer == Answer::Yes && saveCommands_.ShowAndWait()))
         Load(QDir::toNativeSeparators(path).toStdString());
 }
 
 void ProjectCommands::LoadRecent(std::size_t index) {
     // A copy: the load itself moves the list.
     const std::string file = session_.preferences.RecentProjectFiles[index];
-    if (OfferExport(SaveDialogMode::Wait))
+    const Answer answer = AskForExport();
+    if (answer == Answer::Yes)
+        saveCommands_.ShowAndWait();
+    if (answer != Answer::Cancel)
         Load(file);
 }
 
@@ -110,18 +110,12 @@ void ProjectCommands::MakeNewProject() {
         return;
     if (!dialog.MapWasGenerated())
         return Load(dialog.ProjectPath());
-    // From the generation of the map on, no failure ends the program. What was open stays so: half loaded,
-    // the next save would write the tables of the one campaign over the files of the other.
-    const auto before = std::make_unique<Session>(session_);
-    const QString nameBefore = widgets_.sb_status->project->text();
+    // From the generation of the map on, no failure ends the program.
     try {
         Load(dialog.ProjectPath());
     } catch (const Error &error) {
         CloseProgress();
-        session_ = std::move(*before);
-        widgets_.sb_status->project->setText(nameBefore);
-        widgets_.Img_SmallMap->ShowPicture(session_.map);
-        widgets_.ShowState();
+        session_.loadFailed = false;
         ShowMessage(
             window_, QMessageBox::Warning,
             ErrorReport(
@@ -130,46 +124,6 @@ void ProjectCommands::MakeNewProject() {
                    "missing. Nothing else was changed. Put right what is said above, then load the new "
                    "project.")));
     }
-}
-
-void ProjectCommands::ShowSaveDialog(SaveDialogMode mode) {
-    if (auto *open = window_->findChild<frm_save *>(); open != nullptr && mode == SaveDialogMode::GoOn) {
-        open->raise();
-        open->activateWindow();
-        return;
-    }
-    auto *dialog = new frm_save([this](const SaveBoxes &ticked) { return Save(ticked); }, window_);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    if (mode == SaveDialogMode::Wait)
-        dialog->exec();
-    else
-        dialog->show();
-}
-
-bool ProjectCommands::Save(const SaveBoxes &ticked) {
-    QWidget *dialog = QApplication::activeWindow();
-    const QString operation = tr("Saving the files");
-    SaveProgress progress;
-    bool succeeded = true;
-    const auto tellFailure = [&](const Error &error) {
-        succeeded = false;
-        const QString consequence =
-            tr("Written: %1.\nNot written: %2.\nAll your edits are still in the editor. Put right what is "
-               "said above, then save again.")
-                .arg(JoinedCaptions(progress.written), JoinedCaptions(progress.notWritten));
-        ShowMessage(dialog, QMessageBox::Warning, ErrorReport(operation, error, consequence));
-    };
-    try {
-        SaveFiles(session_.campaign, ticked, session_.programFolder, progress, [&](int target) {
-            succeeded = false;
-            ShowMessage(dialog, QMessageBox::Warning, QString::fromStdString(MessageOfMisfit(target)));
-        });
-    } catch (const Error &error) {
-        tellFailure(error);
-    } catch (const std::bad_alloc &) {
-        tellFailure(Error(ErrorKind::Overflow, {}, "files that fit into memory", "no memory left"));
-    }
-    return succeeded;
 }
 
 void ProjectCommands::ShowProgress() {
@@ -194,51 +148,25 @@ void ProjectCommands::CloseProgress() {
 }
 
 void ProjectCommands::LoadMapPicture(const std::string &path) {
-    overviewPicture_ = ReadMapPicture(path);
-    widgets_.Img_SmallMap->ShowPicture(overviewPicture_);
+    readMap_ = ReadMapPicture(path);
 }
 
-void ProjectCommands::EnableProjectControls() {
+void ProjectCommands::ShowCampaign() {
+    const ProjectPaths &paths = session_.campaign.paths;
+    session_.tablesFolder = paths.ProjectDir;
+    session_.map = std::move(readMap_);
     session_.view.MapZoom = 1;
-    session_.targetFrameEnabled = true;  // in the other modes too
-    widgets_.ShowState();
-}
-
-void ProjectCommands::CopyMapPicture() {
-    session_.map = std::move(overviewPicture_);
-    Canvas(widgets_.mapFrame->Img_Map->Surface()).Stretch(session_.map, 0, 0, 1);
-}
-
-void ProjectCommands::DrawFrontlines() {
-    if (!session_.layers.mnu_v_frontlines)
-        return;
-    Canvas canvas(widgets_.mapFrame->Img_Map->Surface());
-    DrawFrontlineLayer(canvas, session_.view, session_.campaign, session_.preferences,
-                       session_.view.ViewFrontline, -1);
-}
-
-void ProjectCommands::DrawRailways() {
-    if (!session_.layers.mnu_v_railways)
-        return;
-    Canvas canvas(widgets_.mapFrame->Img_Map->Surface());
-    DrawRailwayLayer(canvas, session_.view, session_.campaign, session_.preferences);
-}
-
-void ProjectCommands::ResetViewSelectors() {
     session_.view.ViewFrontline = 0;
     session_.layers.upd_view_railway = 0;
-    // The layer that tells it may be switched off.
+    session_.targetFrameEnabled = true;  // in the other modes too
+    widgets_.ShowState();
+    widgets_.Img_SmallMap->ShowPicture(session_.map);
+    // Not only by the redraw: the layer that tells it may be switched off.
     widgets_.fra_control->Refresh();
-}
-
-void ProjectCommands::ZoomTo100() {
     widgets_.menu.mnu_m_z_100->trigger();
-}
-
-void ProjectCommands::UpdateRecentProjects() {
-    const ProjectPaths &paths = session_.campaign.paths;
-    vtr::UpdateRecentProjects(session_.preferences, paths.Name, paths.ProjectDir + paths.ProjectFile);
+    UpdateRecentProjects(session_.preferences, paths.Name, paths.ProjectDir + paths.ProjectFile);
     widgets_.menu.ShowRecentProjects(session_.preferences.RecentProjectNames);
+    SelectFirstItems();
 }
 
 void ProjectCommands::SelectFirstItems() {
@@ -253,11 +181,24 @@ void ProjectCommands::SelectFirstItems() {
         redraw_();
 }
 
-void ProjectCommands::TellShortFiles(const std::vector<ShortFile> &files) {
+void ProjectCommands::Tell(const LoadReport &report) {
+    QStringList notes;
+    if (!report.keysWithoutFile.empty()) {
+        QStringList keys;
+        for (const std::string &key : report.keysWithoutFile)
+            keys << QString::fromStdString(key);
+        notes << tr("The project names no file for %1.").arg(keys.join(QStringLiteral(", ")));
+    }
+    if (report.hasUtf8Mark)
+        notes << tr("The project file begins with a UTF-8 mark, so that its first line counts for nothing.");
+    if (!notes.isEmpty())
+        widgets_.sb_status->showMessage(notes.join(QLatin1Char(' ')), 20000);
+    if (report.shortFiles.empty())
+        return;
     QString text =
         tr("The project is loaded, but these files end too early. What is missing of them counts as "
            "zero:\n");
-    for (const ShortFile &file : files)
+    for (const ShortFile &file : report.shortFiles)
         text += tr("\n%1\n    found %2 bytes, expected %3 bytes")
                     .arg(QString::fromStdString(file.path))
                     .arg(file.found)

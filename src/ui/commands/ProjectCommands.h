@@ -5,18 +5,18 @@
 
 #include "LoadProject.h"
 #include "MainWidgets.h"
-#include "SaveFiles.h"
 
 namespace vtr {
 
 class frm_progress;
+class SaveCommands;
 
 /// The commands of the project menu that load, make and save projects.
 class ProjectCommands : public QObject, private LoadProjectWindow {
     Q_OBJECT
 
   public:
-    ProjectCommands(Session &session, MainWidgets &widgets, QMainWindow *window,
+    ProjectCommands(Session &session, MainWidgets &widgets, SaveCommands &saveCommands, QMainWindow *window,
                     std::function<void()> redraw);
 
     /// Loads the project at path (UTF-8). An empty path or a folder is refused in a warning; any other
@@ -26,17 +26,12 @@ class ProjectCommands : public QObject, private LoadProjectWindow {
     void LoadDropped(const QString &path);
 
   private:
-    /// Whether to wait until the save dialog is closed.
-    enum class SaveDialogMode { Wait, GoOn };
-
-    /// Asks whether the open project is to be exported, if one is, and shows the save dialog then; false to
-    /// stop.
-    bool OfferExport(SaveDialogMode mode);
+    enum class Answer { Yes, No, Cancel };
+    /// Asks whether the open project is to be exported; No when none is open.
+    Answer AskForExport();
     void MakeNewProject();
     void ChooseAndLoad();
     void LoadRecent(std::size_t index);
-    void ShowSaveDialog(SaveDialogMode mode);
-    bool Save(const SaveBoxes &ticked);
 
     void ShowProgress() override;
     void SetProgress(double value) override;
@@ -44,22 +39,18 @@ class ProjectCommands : public QObject, private LoadProjectWindow {
     void TellNoMap() override;
     void CloseProgress() override;
     void LoadMapPicture(const std::string &path) override;
-    void EnableProjectControls() override;
-    void CopyMapPicture() override;
-    void DrawFrontlines() override;
-    void DrawRailways() override;
-    void ResetViewSelectors() override;
-    void ZoomTo100() override;
-    void UpdateRecentProjects() override;
-    void SelectFirstItems() override;
-    void TellShortFiles(const std::vector<ShortFile> &files) override;
+    void ShowCampaign() override;
+    void Tell(const LoadReport &report) override;
+
+    void SelectFirstItems();
 
     Session &session_;
     MainWidgets &widgets_;
+    SaveCommands &saveCommands_;
     QMainWindow *window_;
     std::function<void()> redraw_;
     frm_progress *frm_progress_;
-    Picture overviewPicture_;  ///< the one that Img_SmallMap shows, until the load copies it to the map
+    Picture readMap_;  ///< the map picture of the project that is being loaded
     std::string lastChosenFile_;
 };
 

@@ -1,42 +1,98 @@
 #include "frm_save.h"
 
 #include <QFrame>
+#include <QGridLayout>
+#include <QKeyEvent>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "Buttons.h"
+#include "GameText.h"
+#include "Text.h"
 
 namespace vtr {
 
-frm_save::frm_save(Save save, QWidget *parent) : QDialog(parent), save_(std::move(save)) {
+namespace {
+
+/// Wide enough for a usual folder; a longer text goes on in the next line.
+constexpr int textWidth = 340;
+
+QLabel *MakeLabel(const QString &name, bool wraps) {
+    auto *const label = new QLabel;
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(wraps);
+    if (wraps)
+        label->setFixedWidth(textWidth);
+    return label;
+}
+
+QString ToolTipOf(std::size_t box) {
+    if (box < firstUnwrittenBox)
+        return QStringLiteral("Write this file where the project was loaded from");
+    const bool isRead = SaveBoxCaption(box).ends_with("WPT.DAT");
+    return isRead ? QStringLiteral("The editor shows the paths of this file but never writes it")
+                  : QStringLiteral("The editor neither reads nor writes this file");
+}
+
+/// What a save does with the file of a box.
+QString NoteOf(const SaveBoxFile &file, std::size_t box) {
+    if (file.name.empty())
+        return QStringLiteral("not part of this project");
+    if (box >= firstUnwrittenBox)
+        return QStringLiteral("never written");
+    const QString shownName = QString::fromStdString(Shortened(file.name, 40));
+    if (!file.objection.empty())
+        return QStringLiteral("%1: never written, it %2")
+            .arg(shownName, QString::fromStdString(file.objection));
+    if (!file.linkedTo.empty())
+        return QStringLiteral("%1 leads out of the folder").arg(shownName);
+    return file.name == SaveBoxCaption(box) ? QString() : shownName;
+}
+
+}  // namespace
+
+frm_save::frm_save(Save save, QWidget *parent)
+    : QDialog(parent),
+      save_(std::move(save)),
+      project_(MakeLabel(QStringLiteral("lbl_project"), true)),
+      folder_(MakeLabel(QStringLiteral("lbl_folder"), true)),
+      message_(MakeLabel(QStringLiteral("lbl_message"), true)),
+      all_(new QCheckBox(QStringLiteral("SAVE ALL"))) {
     setObjectName(QStringLiteral("frm_save"));
     setWindowTitle(QStringLiteral("Save Files"));
     auto *const layout = new QVBoxLayout(this);
+    layout->addWidget(project_);
+    layout->addWidget(folder_);
+    auto *const boxes = new QGridLayout;
+    boxes->setColumnStretch(1, 1);
+    boxes->setHorizontalSpacing(12);
+    layout->addLayout(boxes);
     for (std::size_t index = 0; index < saveBoxTotal; ++index) {
-        const std::string_view caption = saveBoxCaptions[index];
+        const std::string_view caption = SaveBoxCaption(index);
         if (caption.empty())
             continue;
         auto *const check = new QCheckBox(QString::fromUtf8(caption));
         check->setObjectName(QStringLiteral("chk_save(%1)").arg(index));
-        check->setToolTip(index < firstUnwrittenBox
-                              ? QStringLiteral("Write this file where the project was loaded from")
-                              : QStringLiteral("The editor shows this file but has nothing to write to it"));
+        check->setToolTip(ToolTipOf(index));
         boxes_[index] = check;
-        layout->addWidget(check);
+        notes_[index] = MakeLabel(QStringLiteral("lbl_note(%1)").arg(index), false);
+        boxes->addWidget(check, static_cast<int>(index), 0);
+        boxes->addWidget(notes_[index], static_cast<int>(index), 1);
     }
     auto *const line = new QFrame;
     line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
     layout->addWidget(line);
 
-    auto *const all = new QCheckBox(QStringLiteral("SAVE ALL"));
-    all->setObjectName(QStringLiteral("chk_saveall"));
-    all->setToolTip(QStringLiteral("Tick every file"));
-    layout->addWidget(all);
-    connect(all, &QCheckBox::clicked, this, [this] {
+    all_->setObjectName(QStringLiteral("chk_saveall"));
+    all_->setToolTip(QStringLiteral("Tick every file"));
+    layout->addWidget(all_);
+    connect(all_, &QCheckBox::clicked, this, [this] {
         for (QCheckBox *check : boxes_)
             if (check != nullptr)
                 check->setChecked(true);
     });
+    layout->addWidget(message_);
 
     QPushButton *const saveButton = MakeButton(QStringLiteral("cmd_save"), QStringLiteral("&Save"));
     saveButton->setDefault(true);
@@ -46,6 +102,40 @@ frm_save::frm_save(Save save, QWidget *parent) : QDialog(parent), save_(std::mov
     layout->addSpacing(8);
     layout->addLayout(ButtonRow({saveButton, closeButton}));
     layout->setSizeConstraint(QLayout::SetFixedSize);
+    ShowProject({});
+    Say({});
+}
+
+void frm_save::ShowProject(const ProjectPaths &paths) {
+    project_->setText(ShownProjectName(paths.Name));
+    folder_->setText(QString::fromStdString(paths.ProjectDir));
+    for (std::size_t index = 0; index < saveBoxTotal; ++index) {
+        if (boxes_[index] == nullptr)
+            continue;
+        const QString note = NoteOf(FileOfSaveBox(paths, index), index);
+        notes_[index]->setText(note);
+        boxes_[index]->setAccessibleDescription(note);
+    }
+}
+
+void frm_save::Say(const QString &text) {
+    message_->setText(text);
+    message_->setVisible(!text.isEmpty());
+}
+
+void frm_save::Untick() {
+    all_->setChecked(false);
+    for (QCheckBox *check : boxes_)
+        if (check != nullptr)
+            check->setChecked(false);
+}
+
+void frm_save::keyPressEvent(QKeyEvent *event) {
+    const bool goesOn = event->key() == Qt::Key_Down;
+    if (goesOn || event->key() == Qt::Key_Up)
+        focusNextPrevChild(goesOn);
+    else
+        QDialog::keyPressEvent(event);
 }
 
 void frm_save::SaveTicked() {

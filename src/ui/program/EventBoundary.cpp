@@ -1,15 +1,28 @@
 #include "EventBoundary.h"
 
+#include <QPushButton>
 #include <exception>
+#include <utility>
 
 #include "ErrorReport.h"
+#include "GameText.h"
 #include "ShowMessage.h"
 
 namespace vtr {
 
 namespace {
 
+/// A load failed, and the campaign that was open before it still is.
+bool CampaignIsWhole(const Session &session) {
+    return session.loadFailed && session.campaign.ProjectLoaded;
+}
+
 QString EndOfTheProgram(const Session &session) {
+    if (CampaignIsWhole(session))
+        return QStringLiteral(
+                   "The program ends now. \"%1\" is still open with all its edits: press \"Save Files "
+                   "First...\" if you have not saved them.")
+            .arg(ShownProjectName(session.campaign.paths.Name));
     QString text = QStringLiteral("The program ends now. ");
     if (session.campaign.ProjectLoaded)
         text += QStringLiteral(
@@ -22,6 +35,11 @@ QString EndOfTheProgram(const Session &session) {
 
 EventBoundary::EventBoundary(int &argc, char **argv, const Session &session)
     : QApplication(argc, argv), session_(session) {}
+
+void EventBoundary::OfferSavingFirst(std::function<void()> saveFiles, std::function<void()> closeWindow) {
+    saveFiles_ = std::move(saveFiles);
+    closeWindow_ = std::move(closeWindow);
+}
 
 bool EventBoundary::notify(QObject *receiver, QEvent *event) {
     try {
@@ -44,11 +62,25 @@ void EventBoundary::Fail(const QString &report) {
     QMetaObject::invokeMethod(
         this,
         [this, report] {
-            ShowMessage(nullptr, QMessageBox::Critical, report);
+            ShowReport(report);
             reporting_ = false;
             QCoreApplication::exit(1);
         },
         Qt::QueuedConnection);
+}
+
+void EventBoundary::ShowReport(const QString &report) {
+    if (!CampaignIsWhole(session_) || !saveFiles_)
+        return ShowMessage(nullptr, QMessageBox::Critical, report);
+    QMessageBox box(QMessageBox::Critical, programTitle, report, QMessageBox::Ok);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton *const saveFirst =
+        box.addButton(QStringLiteral("Save Files First..."), QMessageBox::ActionRole);
+    box.setDefaultButton(saveFirst);
+    do
+        box.exec();
+    while (box.clickedButton() == saveFirst && (saveFiles_(), true));
+    closeWindow_();
 }
 
 }  // namespace vtr

@@ -19,6 +19,7 @@ std::string ChooseFile(QWidget *parent, QFileDialog::AcceptMode mode, const QStr
                        std::string_view filter, const std::string &preset) {
     QFileDialog chooser(parent, title, QString(), QtFilter(filter));
     chooser.setObjectName(QStringLiteral("cmdiag"));
+    chooser.setWindowModality(Qt::WindowModal);
     chooser.setAcceptMode(mode);
     chooser.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     if (mode == QFileDialog::AcceptSave)

@@ -38,9 +38,13 @@ std::optional<std::string> GameTextOf(const QString &text) {
     return bytes;
 }
 
+QString ShownProjectName(std::string_view name) {
+    return QString::fromStdString(Utf8OfProjectText(Shortened(name)));
+}
+
 QString ProjectCaption(std::string_view name) {
     // A single "&" would mark the key that presses it.
-    return QString::fromStdString(Utf8OfProjectText(name)).replace(QLatin1Char('&'), QLatin1String("&&"));
+    return ShownProjectName(name).replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
 }  // namespace vtr

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "Campaign.h"
+#include "LoadListener.h"
+
+namespace vtr {
+
+/// One of the files that a project names: the map picture and the game's own files.
+struct CampaignFile {
+    std::string_view key;        ///< as a new project file spells it; letter case does not count
+    std::string_view usualName;  ///< in a folder of game files
+    std::string ProjectPaths::*name;
+    int saveBox = -1;  ///< of the save dialog; -1: it has none
+
+    /// Reads the file at path into the tables; nullptr: a load leaves the file alone.
+    void (*read)(const std::string &path, Campaign &campaign, LoadListener &listener) = nullptr;
+    double progressAfter = 0;  ///< the value of the load's bar after reading
+
+    /// Writes the tables to path. The target that the grid data has no cell for, if there is one; nothing is
+    /// written then. nullptr: a save leaves the file alone.
+    std::optional<int> (*write)(const std::string &path, const Campaign &campaign,
+                                const std::string &programFolder) = nullptr;
+};
+
+/// In the order of a new project file's lines, which is also the order of saving.
+extern const std::array<CampaignFile, 12> campaignFiles;
+/// Those that a load reads, in its order: target names come before the targets, which copy them.
+extern const std::array<const CampaignFile *, 8> filesInReadingOrder;
+
+}  // namespace vtr

@@ -1,0 +1,133 @@
+#include "SaveCommands.h"
+
+#include <QMessageBox>
+#include <QStringList>
+#include <QWindow>
+
+#include "ErrorReport.h"
+#include "GridData.h"
+#include "ProgramVersion.h"
+#include "ShowMessage.h"
+#include "StatusBar.h"
+#include "frm_save.h"
+
+namespace vtr {
+
+namespace {
+
+QString JoinedCaptions(const std::vector<std::string_view> &captions) {
+    QStringList texts;
+    for (const std::string_view caption : captions)
+        texts << QString::fromUtf8(caption);
+    return texts.isEmpty() ? QStringLiteral("none") : texts.join(QStringLiteral(", "));
+}
+
+}  // namespace
+
+SaveCommands::SaveCommands(Session &session, MainWidgets &widgets, QMainWindow *window)
+    : QObject(window), session_(session), widgets_(widgets), window_(window) {
+    connect(widgets.menu.mnu_p_export, &QAction::triggered, this, &SaveCommands::Show);
+}
+
+bool SaveCommands::IsShown() const {
+    return frm_save_ != nullptr && frm_save_->isVisible();
+}
+
+void SaveCommands::Show() {
+    if (!IsShown())
+        Prepare();
+    frm_save_->show();
+    frm_save_->raise();
+    frm_save_->activateWindow();
+}
+
+bool SaveCommands::ShowAndWait() {
+    // A dialog that is shown already would not become modal.
+    if (IsShown())
+        frm_save_->hide();
+    else
+        Prepare();
+    return frm_save_->exec() == QDialog::Accepted;
+}
+
+void SaveCommands::SetUsableBesideMainWindow(bool usable) {
+    // What is modal to a window blocks the dialogs that belong to it too.
+    if (IsShown())
+        frm_save_->windowHandle()->setTransientParent(usable ? nullptr : window_->windowHandle());
+}
+
+void SaveCommands::ProjectChanged() {
+    if (!IsShown())
+        return;
+    frm_save_->ShowProject(session_.campaign.paths);
+    frm_save_->Say(tr("Another project is open now.") + QLatin1Char(' ') + Warning());
+}
+
+void SaveCommands::Prepare() {
+    if (frm_save_ == nullptr)
+        frm_save_ = new frm_save([this](const SaveBoxes &ticked) { return Save(ticked); }, window_);
+    frm_save_->Untick();
+    frm_save_->ShowProject(session_.campaign.paths);
+    frm_save_->Say(Warning());
+}
+
+QString SaveCommands::Warning() const {
+    const std::string &folder = session_.campaign.paths.ProjectDir;
+    if (session_.tablesFolder == folder)
+        return {};
+    return tr("The campaign in the editor was loaded from %1. A save writes it into %2, over the files "
+              "there.")
+        .arg(QString::fromStdString(session_.tablesFolder), QString::fromStdString(folder));
+}
+
+bool SaveCommands::Save(const SaveBoxes &ticked) {
+    if (ticked == SaveBoxes{}) {
+        frm_save_->Say(tr("Tick the files to be saved."));
+        return false;
+    }
+    if (!MayFollowLinks(ticked)) {
+        frm_save_->Say(tr("Nothing was written. All your edits are still in the editor."));
+        return false;
+    }
+    const SaveOutcome outcome = SaveFiles(session_.campaign, ticked, session_.programFolder);
+    const QString written = JoinedCaptions(outcome.written);
+    if (outcome.misfit) {
+        ShowMessage(frm_save_, QMessageBox::Warning,
+                    QString::fromStdString(MessageOfMisfit(*outcome.misfit)));
+        frm_save_->Say(tr("Written: %1. GRIDDATA.DAT is still the old one: move target %2 or press "
+                          "\"Reorder Targets for GRIDDATA.DAT\", then save it again.")
+                           .arg(written)
+                           .arg(*outcome.misfit));
+    }
+    if (outcome.failure)
+        ShowMessage(frm_save_, QMessageBox::Warning,
+                    ErrorReport(tr("Saving the files"), *outcome.failure,
+                                tr("Written: %1.\nNot written: %2.\nAll your edits are still in the editor. "
+                                   "Put right what is said above, then save again.")
+                                    .arg(written, JoinedCaptions(outcome.notWritten))));
+    if (outcome.Succeeded())
+        widgets_.sb_status->showMessage(outcome.written.empty()
+                                            ? tr("Nothing was written: the editor never writes these files, "
+                                                 "or the project does not name them.")
+                                            : tr("Saved: %1").arg(written),
+                                        5000);
+    return outcome.Succeeded();
+}
+
+bool SaveCommands::MayFollowLinks(const SaveBoxes &ticked) {
+    for (std::size_t box = 0; box < ticked.size(); ++box) {
+        if (!ticked[box])
+            continue;
+        const SaveBoxFile file = FileOfSaveBox(session_.campaign.paths, box);
+        if (!file.linkedTo.empty() &&
+            QMessageBox::question(
+                frm_save_, programTitle,
+                tr("%1 leads to %2. Write there?")
+                    .arg(QString::fromStdString(file.name), QString::fromStdString(file.linkedTo)),
+                QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
+            return false;
+    }
+    return true;
+}
+
+}  // namespace vtr

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QObject>
+
+#include "MainWidgets.h"
+#include "SaveFiles.h"
+
+namespace vtr {
+
+class frm_save;
+
+/// "&Save Files..." and whatever else lets the user save.
+class SaveCommands : public QObject {
+    Q_OBJECT
+
+  public:
+    SaveCommands(Session &session, MainWidgets &widgets, QMainWindow *window);
+
+    /// Shows the dialog beside the window.
+    void Show();
+    /// Shows it over the window until it is closed; true when it closed after a save.
+    bool ShowAndWait();
+    /// Whether an open dialog can be used while another window is modal to the main window.
+    void SetUsableBesideMainWindow(bool usable);
+    /// Another project's paths are loaded: an open dialog shows them and says so.
+    void ProjectChanged();
+
+  private:
+    bool IsShown() const;
+    /// Makes the dialog ready to be shown anew.
+    void Prepare();
+    bool Save(const SaveBoxes &ticked);
+    bool MayFollowLinks(const SaveBoxes &ticked);
+    /// What the user should know before saving; empty: nothing.
+    QString Warning() const;
+
+    Session &session_;
+    MainWidgets &widgets_;
+    QMainWindow *window_;
+    frm_save *frm_save_ = nullptr;  ///< made when it is first asked for, then kept
+};
+
+}  // namespace vtr
