@@ -30,6 +30,13 @@ QPoint PixelUnder(const QMouseEvent &event) {
     return {FloorToInt32(at.x()), FloorToInt32(at.y())};
 }
 
+/// The map pixel that the mouse is on; it may lie beside the map.
+QPoint MapPixelUnder(const MapView &view, const QMouseEvent &event) {
+    const QPoint at = PixelUnder(event);
+    const MapPoint point = ScreenToMap(view, static_cast<float>(at.x()), static_cast<float>(at.y()));
+    return {RoundToInt32(point.x), RoundToInt32(point.y)};
+}
+
 }  // namespace
 
 MapEditing::MapEditing(const Session &session, MainWidgets &widgets) : session_(session), widgets_(widgets) {
@@ -57,31 +64,27 @@ void MapEditing::OpenZoomMenu(const QMouseEvent &event) {
 void MapEditing::EditAt(const QMouseEvent &event) {
     if (!session_.campaign.ProjectLoaded)
         return;
-    const QPoint at = PixelUnder(event);
-    const MapPoint point = ScreenToMap(session_.view, static_cast<float>(at.x()), static_cast<float>(at.y()));
-    const int x = RoundToInt32(point.x);
-    const int y = RoundToInt32(point.y);
+    const QPoint at = MapPixelUnder(session_.view, event);
     const bool left = event.button() == Qt::LeftButton;
     const bool right = event.button() == Qt::RightButton;
     const Keys keys = KeysOf(event);
 
     if (session_.mode == EditMode::Target && left && keys == Keys::None)
-        SelectTargetAt(point.x, point.y);
+        SelectTargetAt(at.x(), at.y());
     else if (session_.mode == EditMode::Target && left && keys == Keys::Shift)
-        widgets_.fra_target->Position().MoveTo(x, y);
+        widgets_.fra_target->Position().MoveTo(at.x(), at.y());
     else if (session_.mode == EditMode::Frontline && left)
-        widgets_.fra_frontline->Position().MoveTo(x, y);
+        widgets_.fra_frontline->Position().MoveTo(at.x(), at.y());
     else if (session_.mode == EditMode::Railway && left && keys == Keys::Shift)
-        widgets_.fra_railway->Position(1).MoveTo(x, y);
+        widgets_.fra_railway->Position(1).MoveTo(at.x(), at.y());
     else if (session_.mode == EditMode::Railway && right && keys == Keys::Shift)
-        widgets_.fra_railway->PlaceEnd(x, y);
+        widgets_.fra_railway->PlaceEnd(at.x(), at.y());
 }
 
-void MapEditing::SelectTargetAt(float x, float y) {
+void MapEditing::SelectTargetAt(int x, int y) {
     const auto &targets = session_.campaign.TargetTable;
-    const auto found = std::ranges::find_if(targets, [x, y](const TargetRecord &target) {
-        return static_cast<float>(target.x) == x && static_cast<float>(target.y) == y;
-    });
+    const auto found = std::ranges::find_if(
+        targets, [x, y](const TargetRecord &target) { return target.x == x && target.y == y; });
     if (found != targets.end())
         widgets_.fra_target->Select(static_cast<int>(found - targets.begin()));
 }

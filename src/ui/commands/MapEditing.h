@@ -18,7 +18,7 @@ class MapEditing : public QObject {
     void ShowPosition(const QMouseEvent &event);
     void OpenZoomMenu(const QMouseEvent &event);
     void EditAt(const QMouseEvent &event);
-    void SelectTargetAt(float x, float y);
+    void SelectTargetAt(int x, int y);
     void Nudge(int dx, int dy);
 
     const Session &session_;
