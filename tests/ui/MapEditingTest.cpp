@@ -224,14 +224,19 @@ TEST_F(MapEditingTest, InFrontlineModeALeftClickMovesTheCurrentPointWhateverKeyI
 TEST_F(MapEditingTest, InRailwayModeShiftLeftPlacesTheStartAndShiftRightTheEnd) {
     Entry("mnu_e_railway").trigger();
     Number("upd_rail_linenum").SetNumber(12);
+    RailwayLine placed = campaign().RailwayTable[12];
+    placed.x1 = 300;
+    placed.y1 = 150;
+    placed.x2 = 310;
+    placed.y2 = 155;
     ClickMap(Qt::LeftButton, shift, 300, 150);
     ClickMap(Qt::RightButton, shift, 310, 155);
-    EXPECT_EQ(campaign().RailwayTable[12], (RailwayLine{.x1 = 300, .x2 = 310, .y1 = 150, .y2 = 155}));
+    EXPECT_EQ(campaign().RailwayTable[12], placed);
     EXPECT_EQ(Number("upd_rail_linenum").value(), 12);
     for (const auto keys : {Qt::KeyboardModifiers(plain), ctrl | shift})
         for (const auto button : {Qt::LeftButton, Qt::RightButton})
             ClickMap(button, keys, 320, 160);
-    EXPECT_EQ(campaign().RailwayTable[12], (RailwayLine{.x1 = 300, .x2 = 310, .y1 = 150, .y2 = 155}));
+    EXPECT_EQ(campaign().RailwayTable[12], placed);
 }
 
 TEST_F(MapEditingTest, WithAutomaticIncrementTheEndOfALineGoesOnToTheNext) {
