@@ -1,7 +1,6 @@
 #include "ReorderTargets.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 namespace vtr {
@@ -16,19 +15,6 @@ using TargetOrder = std::array<std::size_t, targetTotal>;
 bool SweepMeets(const TargetRecord &target) {
     return target.x >= 0 && target.x < terrainWidth + columnsAhead && target.y >= 0 &&
            target.y < terrainHeight;
-}
-
-/// order sorted by the keys (0 to below Keys) of the targets that it names; equal ones stay as they stood.
-template <std::size_t Keys, typename KeyOf>
-TargetOrder SortedBy(const TargetOrder &order, KeyOf keyOf) {
-    std::array<std::size_t, Keys + 1> starts{};
-    for (const std::size_t t : order)
-        ++starts[keyOf(t) + 1];
-    std::partial_sum(starts.begin(), starts.end(), starts.begin());
-    TargetOrder sorted{};
-    for (const std::size_t t : order)
-        sorted[starts[keyOf(t)]++] = t;
-    return sorted;
 }
 
 /// Puts the entry at order[n] to place n, going round each ring of entries that change places.
@@ -59,13 +45,16 @@ std::optional<NewTargetIndices> ReorderTargets(Campaign &campaign,
     if (!std::ranges::all_of(targets, SweepMeets))
         return std::nullopt;
 
+    // Column, row and old index as the digits of one number, by which they are sorted.
+    std::array<std::size_t, targetTotal> keys{};
+    for (std::size_t t = 0; t < targetTotal; ++t) {
+        const auto column = static_cast<std::size_t>(std::max(targets[t].x - columnsAhead, 0));
+        const auto row = static_cast<std::size_t>(targets[t].y);
+        keys[t] = (column * terrainHeight + row) * targetTotal + t;
+    }
+    std::ranges::sort(keys);
     TargetOrder order{};
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    order =
-        SortedBy<terrainHeight>(order, [&](std::size_t t) { return static_cast<std::size_t>(targets[t].y); });
-    order = SortedBy<terrainWidth>(order, [&](std::size_t t) {
-        return static_cast<std::size_t>(std::max(targets[t].x - columnsAhead, 0));
-    });
+    std::ranges::transform(keys, order.begin(), [](std::size_t key) { return key % targetTotal; });
 
     NewTargetIndices newIndices{};
     for (std::size_t n = 0; n < targetTotal; ++n)
