@@ -33,7 +33,7 @@ struct Scene {
         for (unsigned i = 0; i < items; ++i)
             campaigns.push_back(MakeSampleCampaign());
         std::mt19937 random(5);
-        worldMap = {mapWidth, mapHeight, std::vector<std::uint32_t>(std::size_t{640} * 320)};
+        worldMap = {mapWidth, mapHeight, std::vector<std::uint32_t>(terrainSize)};
         for (std::uint32_t &pixel : worldMap.pixels)
             pixel = 0xFF000000U | (random() & 0xFFFFFFU);
         view.MapZoom = zoom;

@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "Bytes.h"
+#include "TerrainMap.h"
 
 namespace {
 
@@ -21,21 +21,17 @@ constexpr std::size_t infoHeaderSize = 40;
 constexpr std::size_t colourTable = fileHeaderSize + infoHeaderSize;
 constexpr std::size_t templateSize = colourTable + typeCount * orientationCount * 4;
 
-constexpr std::uint32_t mapWidth = 640;
-constexpr std::uint32_t mapHeight = 320;
-constexpr std::uint32_t pixelTotal = mapWidth * mapHeight;
-
 void PutHeaders(ByteSpan bytes) {
     bytes[0] = 'B';
     bytes[1] = 'M';
-    PutUint32(bytes, 2, templateSize + pixelTotal);  // size of the whole picture file
-    PutUint32(bytes, 10, templateSize);              // where its pixels begin
+    PutUint32(bytes, 2, templateSize + terrainSize);  // size of the whole picture file
+    PutUint32(bytes, 10, templateSize);               // where its pixels begin
     PutUint32(bytes, 14, infoHeaderSize);
     PutUint32(bytes, 18, mapWidth);
     PutUint32(bytes, 22, mapHeight);                     // positive: the bottom row is stored first
     PutUint16(bytes, 26, 1);                             // planes
     PutUint16(bytes, 28, 8);                             // bits per pixel
-    PutUint32(bytes, 34, pixelTotal);                    // size of the pixels
+    PutUint32(bytes, 34, terrainSize);                   // size of the pixels
     PutUint32(bytes, 46, typeCount * orientationCount);  // colours used
 }
 

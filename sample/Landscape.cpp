@@ -13,8 +13,8 @@ namespace {
 
 // The theatre as drawn by hand, ten tiles a character: ~ deep sea, - shallow sea, 0 lowland to 9 high peaks.
 constexpr int sketchScale = 10;
-constexpr int sketchWidth = terrainWidth / sketchScale;
-constexpr int sketchHeight = terrainHeight / sketchScale;
+constexpr int sketchWidth = mapWidth / sketchScale;
+constexpr int sketchHeight = mapHeight / sketchScale;
 // clang-format off
 constexpr std::array<std::string_view, sketchHeight> sketch{
     "~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~",
@@ -82,8 +82,8 @@ int SmoothedSketch(Point place) {
 
 int HeightOf(Point place) {
     const Point bent{
-        std::clamp(place.x + FractalNoise(place.x, place.y, 32, 3, 11) * 9 / 1024, 0, terrainWidth - 1),
-        std::clamp(place.y + FractalNoise(place.x, place.y, 32, 3, 23) * 9 / 1024, 0, terrainHeight - 1)};
+        std::clamp(place.x + FractalNoise(place.x, place.y, 32, 3, 11) * 9 / 1024, 0, mapWidth - 1),
+        std::clamp(place.y + FractalNoise(place.x, place.y, 32, 3, 23) * 9 / 1024, 0, mapHeight - 1)};
     const int smooth = SmoothedSketch(bent);
     const int roughness = 150 + std::max(smooth, 0) * 5 / 16;
     return smooth + FractalNoise(place.x, place.y, 40, 5, 31) * roughness / 1024;

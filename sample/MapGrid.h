@@ -35,7 +35,7 @@ inline Point Neighbour(Point place, int side) {
 }
 
 constexpr bool OnMap(Point place) {
-    return place.x >= 0 && place.x < terrainWidth && place.y >= 0 && place.y < terrainHeight;
+    return place.x >= 0 && place.x < mapWidth && place.y >= 0 && place.y < mapHeight;
 }
 
 /// A value for every tile of the map.
@@ -45,12 +45,12 @@ class MapGrid {
     explicit MapGrid(Value value = {}) : values_(terrainSize, value) {}
 
     static std::size_t Index(Point place) {
-        const int index = place.y * terrainWidth + place.x;
+        const int index = place.y * mapWidth + place.x;
         return static_cast<std::size_t>(index);
     }
     static Point PlaceOf(std::size_t index) {
         const int number = static_cast<int>(index);
-        return {number % terrainWidth, number / terrainWidth};
+        return {number % mapWidth, number / mapWidth};
     }
 
     Value &operator[](Point place) { return values_[Index(place)]; }
@@ -63,8 +63,8 @@ class MapGrid {
 /// Calls visit for every place of the map, row by row.
 template <typename Visit>
 void ForEachPlace(const Visit &visit) {
-    for (int y = 0; y < terrainHeight; ++y)
-        for (int x = 0; x < terrainWidth; ++x)
+    for (int y = 0; y < mapHeight; ++y)
+        for (int x = 0; x < mapWidth; ++x)
             visit(Point{x, y});
 }
 

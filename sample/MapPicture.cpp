@@ -50,7 +50,7 @@ Colour TintOf(int metres) {
 // How much lighter a slope that faces the north-west is than level ground; negative on the other side.
 int SunOn(const Theatre &theatre, Point place) {
     const Point before{std::max(place.x - 1, 0), std::max(place.y - 1, 0)};
-    const Point after{std::min(place.x + 1, terrainWidth - 1), std::min(place.y + 1, terrainHeight - 1)};
+    const Point after{std::min(place.x + 1, mapWidth - 1), std::min(place.y + 1, mapHeight - 1)};
     const auto metres = [&](int x, int y) { return std::max<int>(theatre.height[{x, y}], 0); };
     const int rise = metres(after.x, place.y) - metres(before.x, place.y) + metres(place.x, after.y) -
                      metres(place.x, before.y);
@@ -100,7 +100,7 @@ Picture PaintMap(const Theatre &theatre) {
     for (const City &city : theatre.cities)
         for (const Point place : BuiltUpPlaces(theatre, city))
             colours[MapGrid<int>::Index(place)] = {150, 84, 72};
-    Picture picture{terrainWidth, terrainHeight, {}};
+    Picture picture{mapWidth, mapHeight, {}};
     for (const Colour &colour : colours)
         picture.pixels.push_back(0xFF000000U | static_cast<std::uint32_t>(ToByte(colour.red)) << 16 |
                                  static_cast<std::uint32_t>(ToByte(colour.green)) << 8 | ToByte(colour.blue));

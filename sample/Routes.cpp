@@ -33,8 +33,8 @@ std::vector<Point> CheapestWay(Point from, Point to, const TileCosts &tileCosts,
     constexpr int margin = 40;
     const Point low{std::max(std::min(from.x, to.x) - margin, 0),
                     std::max(std::min(from.y, to.y) - margin, 0)};
-    const Point high{std::min(std::max(from.x, to.x) + margin, terrainWidth - 1),
-                     std::min(std::max(from.y, to.y) + margin, terrainHeight - 1)};
+    const Point high{std::min(std::max(from.x, to.x) + margin, mapWidth - 1),
+                     std::min(std::max(from.y, to.y) + margin, mapHeight - 1)};
     const int width = high.x - low.x + 1;
     const auto indexOf = [&](Point place) {
         const int index = (place.y - low.y) * width + place.x - low.x;

@@ -28,8 +28,8 @@ struct Site {
 };
 
 bool NearEdge(Point place, int margin) {
-    return place.x < margin || place.y < margin || place.x >= terrainWidth - margin ||
-           place.y >= terrainHeight - margin;
+    return place.x < margin || place.y < margin || place.x >= mapWidth - margin ||
+           place.y >= mapHeight - margin;
 }
 
 template <typename Test>

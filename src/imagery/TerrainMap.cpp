@@ -15,7 +15,7 @@ std::size_t ReadTerrainMap(const std::string &path, TerrainMap &map) {
 }
 
 std::uint8_t TerrainByte(const TerrainMap &map, double x, double y, const Place &place) {
-    return map[CheckIndex(RoundToInt32(y * terrainWidth + x, place), terrainSize, place)];
+    return map[CheckIndex(RoundToInt32(y * mapWidth + x, place), terrainSize, place)];
 }
 
 }  // namespace vtr

@@ -7,9 +7,10 @@
 
 namespace vtr {
 
-constexpr int terrainWidth = 640;
-constexpr int terrainHeight = 320;
-constexpr std::size_t terrainSize = 204800;
+/// The map in pixels at 100%, one a terrain tile. The viewport `Img_Map` has as many screen pixels.
+constexpr int mapWidth = 640;
+constexpr int mapHeight = 320;
+constexpr std::size_t terrainSize = std::size_t{mapWidth} * mapHeight;
 
 /// 320 rows of 640 tiles, row 0 first: low 6 bits the tile type (0 to 58), high 2 bits the orientation.
 using TerrainMap = Bytes;

@@ -3,11 +3,10 @@
 #include <cstdint>
 #include <string>
 
+#include "TerrainMap.h"
+
 namespace vtr {
 
-/// The viewport `Img_Map` in screen pixels, and the whole map in map pixels at 100%.
-constexpr std::int16_t mapWidth = 640;
-constexpr std::int16_t mapHeight = 320;
 /// The overview `Img_SmallMap` shows a map pixel at a quarter of its size.
 constexpr int overviewScale = 4;
 

@@ -13,8 +13,7 @@ constexpr int columnsAhead = 3;
 using TargetOrder = std::array<std::size_t, targetTotal>;
 
 bool SweepMeets(const TargetRecord &target) {
-    return target.x >= 0 && target.x < terrainWidth + columnsAhead && target.y >= 0 &&
-           target.y < terrainHeight;
+    return target.x >= 0 && target.x < mapWidth + columnsAhead && target.y >= 0 && target.y < mapHeight;
 }
 
 /// Puts the entry at order[n] to place n, going round each ring of entries that change places.
@@ -39,8 +38,8 @@ void Rearrange(Table &table, const TargetOrder &order) {
 
 std::optional<NewTargetIndices> ReorderTargets(Campaign &campaign,
                                                const std::function<void(double)> &addProgress) {
-    for (int column = 0; column < terrainWidth; ++column)
-        addProgress(100.0 / terrainWidth);
+    for (int column = 0; column < mapWidth; ++column)
+        addProgress(100.0 / mapWidth);
     const auto &targets = campaign.TargetTable;
     if (!std::ranges::all_of(targets, SweepMeets))
         return std::nullopt;
@@ -50,7 +49,7 @@ std::optional<NewTargetIndices> ReorderTargets(Campaign &campaign,
     for (std::size_t t = 0; t < targetTotal; ++t) {
         const auto column = static_cast<std::size_t>(std::max(targets[t].x - columnsAhead, 0));
         const auto row = static_cast<std::size_t>(targets[t].y);
-        keys[t] = (column * terrainHeight + row) * targetTotal + t;
+        keys[t] = (column * mapHeight + row) * targetTotal + t;
     }
     std::ranges::sort(keys);
     TargetOrder order{};

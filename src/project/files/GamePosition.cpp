@@ -33,7 +33,7 @@ double FineOffsetOfGamePosition(Axis axis, std::span<const std::uint8_t, gamePos
 }
 
 std::uint16_t StoredUpperHalf(Axis axis, std::int16_t pixel, const Place &place) {
-    const std::int16_t start = axis == Axis::X ? pixel : ToInt16(pixel - terrainHeight, place);
+    const std::int16_t start = axis == Axis::X ? pixel : ToInt16(pixel - mapHeight, place);
     const std::int16_t quarters = ToInt16(std::int64_t{4} * start, place);
     const std::int16_t upper = ToInt16(quarters - (axis == Axis::X ? 640 : 5760), place);
     return static_cast<std::uint16_t>(upper);
