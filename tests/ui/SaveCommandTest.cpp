@@ -276,14 +276,13 @@ TEST_F(SaveCommand, TheDialogCanBeUsedBesideTheChooserOfAProject) {
 TEST_F(SaveCommand, TheBoxesAreReachedByTheArrowKeys) {
     StartWithSample();
     OpenSaveDialog();
-    SaveDialog()->activateWindow();
     Box(0).setFocus();
     for (const int next : {1, 2, 4, 5, 6, 7, 8, 9, 10}) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
-        EXPECT_TRUE(Box(next).hasFocus()) << next;
+        QTest::keyClick(SaveDialog()->focusWidget(), Qt::Key_Down);
+        EXPECT_EQ(SaveDialog()->focusWidget(), &Box(next)) << next;
     }
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
-    EXPECT_TRUE(Box(9).hasFocus());
+    QTest::keyClick(SaveDialog()->focusWidget(), Qt::Key_Up);
+    EXPECT_EQ(SaveDialog()->focusWidget(), &Box(9));
 }
 
 }  // namespace
