@@ -15,4 +15,8 @@ namespace vtr {
 /// damaged. The temporary is removed. What exists and is no regular file is refused.
 void AtomicWrite(const std::string &path, ConstByteSpan bytes);
 
+/// From now on a write beyond the size that a file may have for this process fails like any other, instead of
+/// ending the program without a word.
+void LetWritesBeyondTheSizeLimitFail();
+
 }  // namespace vtr

@@ -1,9 +1,10 @@
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
+#include <csignal>
 #include <optional>
 #include <system_error>
 
@@ -11,6 +12,7 @@
 #include "DescriptorPosix.h"
 #include "Errors.h"
 #include "Paths.h"
+#include "TemporaryNames.h"
 #include "WholeFile.h"
 
 namespace vtr {
@@ -91,11 +93,10 @@ class Replacement {
     /// The replacement proper. False, with nothing done, when the folder takes no new file, or does not let
     /// this one go, but the file itself can be written into.
     bool WriteBeside(int folder) {
-        static std::atomic<unsigned> count{0};
         std::string name;
         int number = -1;
         do {
-            name = ".vtr-" + std::to_string(getpid()) + "-" + std::to_string(count++) + ".tmp";
+            name = NewTemporaryName(static_cast<unsigned long>(getpid()));
             number = openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
                             existing_ ? S_IRUSR | S_IWUSR : 0666);
         } while (number < 0 && errno == EEXIST);
@@ -103,6 +104,8 @@ class Replacement {
             return false;
         Descriptor file(number);
         Check(file.IsOpen(), "making the temporary file");
+        // Says to others that the file is in use. Where files cannot be locked, nobody removes one either.
+        (void)!flock(file.Number(), LOCK_EX | LOCK_NB);
         if (!FillAndRename(file, TemporaryName(folder, name)))
             return false;
         // Some file systems have no flush for folders and say so.
@@ -114,7 +117,10 @@ class Replacement {
         if (existing_) {
             // Only an administrator may give files away; for others the file becomes the user's own.
             (void)!fchown(file.Number(), existing_->st_uid, existing_->st_gid);
-            Check(fchmod(file.Number(), existing_->st_mode & 07777) == 0, "giving the file's permissions");
+            const bool given = fchmod(file.Number(), existing_->st_mode & 07777) == 0;
+            // Some file systems have no permissions and say so.
+            Check(given || errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS,
+                  "giving the file's permissions");
         }
         Check(Write(file.Number(), bytes_), "writing the temporary file");
         Check(Flush(file.Number()), "flushing the temporary file to disk");
@@ -175,6 +181,10 @@ class Replacement {
 
 void AtomicWrite(const std::string &path, ConstByteSpan bytes) {
     Replacement(path, bytes).Run();
+}
+
+void LetWritesBeyondTheSizeLimitFail() {
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 }  // namespace vtr

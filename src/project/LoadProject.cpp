@@ -8,6 +8,7 @@
 #include "CampaignFiles.h"
 #include "Paths.h"
 #include "ProjectFile.h"
+#include "TemporaryNames.h"
 #include "Text.h"
 
 namespace vtr {
@@ -72,6 +73,7 @@ void LoadProject(const std::string &path, Campaign &open, LoadProjectWindow &win
     const ProjectFileFacts facts = ReadProjectFile(path, paths, [&steps] { steps.AddProgress(1); });
     steps.SetProgress(15);
     DeriveFolders(path, paths);
+    RemoveAbandonedTemporaries(paths.ProjectDir);
     window.ShowProjectName(paths.Name);
     if (paths.Map == "NONE") {
         open.paths = paths;

@@ -7,6 +7,7 @@
 
 #include "CampaignFiles.h"
 #include "Paths.h"
+#include "TemporaryNames.h"
 #include "Text.h"
 
 namespace vtr {
@@ -76,6 +77,7 @@ SaveBoxFile FileOfSaveBox(const ProjectPaths &paths, std::size_t box) {
 }
 
 SaveOutcome SaveFiles(const Campaign &campaign, const SaveBoxes &ticked, const std::string &programFolder) {
+    RemoveAbandonedTemporaries(campaign.paths.ProjectDir);
     SaveOutcome outcome;
     const auto isTicked = [&ticked](const CampaignFile &file) {
         return file.write != nullptr && ticked[static_cast<std::size_t>(file.saveBox)];

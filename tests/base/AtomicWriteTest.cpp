@@ -1,8 +1,12 @@
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 
 #include "AtomicWrite.h"
 #include "BytesOf.h"
@@ -20,6 +24,15 @@ using testing::ElementsAre;
 Error ErrorOfWriting(const std::string &path, std::vector<Fault> faults = {}) {
     const SystemCalls calls(std::move(faults));
     return ErrorThrownBy([&path] { AtomicWrite(path, BytesOf("new")); });
+}
+
+/// True when another opening of the file holds a lock of it.
+bool IsLocked(const std::string &path) {
+    const int file = open(path.c_str(), O_RDONLY);
+    EXPECT_GE(file, 0);
+    const bool locked = flock(file, LOCK_EX | LOCK_NB) != 0;
+    close(file);
+    return locked;
 }
 
 TEST(AtomicWrite, MakesANewFileOfExactlyTheBytesAndLeavesNothingElse) {
@@ -210,6 +223,47 @@ TEST(AtomicWrite, KeepsTheOwnerWhenItMayAndGoesOnWhenItMayNot) {
     ASSERT_EQ(stat(path.c_str(), &status), 0);
     EXPECT_EQ(status.st_uid, 1234U);
     EXPECT_EQ(status.st_gid, 2345U);
+}
+
+TEST(AtomicWrite, GoesOnWhereTheFileSystemHasNoPermissions) {
+    for (const int refusal : {EPERM, EOPNOTSUPP, ENOSYS}) {
+        const TemporaryFolder folder;
+        const std::string path = folder.Make("a.dat", "old");
+        const SystemCalls calls({{"fchmod", 1, refusal}});
+        AtomicWrite(path, BytesOf("new"));
+        EXPECT_EQ(folder.Content("a.dat"), "new") << refusal;
+        EXPECT_THAT(folder.Names(), ElementsAre("a.dat"));
+    }
+}
+
+TEST(AtomicWrite, FailsWhereTheFileWouldExceedTheSizeLimitAndLeavesTheOldFile) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Make("a.dat", "old");
+    const auto signalBefore = std::signal(SIGXFSZ, SIG_DFL);
+    LetWritesBeyondTheSizeLimitFail();
+    struct rlimit before {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const struct rlimit twoBytes { 2, before.rlim_max };
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &twoBytes), 0);
+    const Error error = ErrorOfWriting(path);
+    EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+    std::signal(SIGXFSZ, signalBefore);
+    EXPECT_EQ(error.Step(), "writing the temporary file");
+    EXPECT_EQ(error.Reason(), "File too large");
+    EXPECT_EQ(folder.Content("a.dat"), "old");
+    EXPECT_THAT(folder.Names(), ElementsAre("a.dat"));
+}
+
+TEST(AtomicWrite, LocksItsTemporaryFileWhileItIsInUse) {
+    const TemporaryFolder folder;
+    bool wasLocked = false;
+    const SystemCalls calls({{.call = "fsync", .lookOn = [&] {
+                                  for (const std::string &name : folder.Names())
+                                      wasLocked = IsLocked(folder.Path() + name);
+                              }}});
+    AtomicWrite(folder.Path() + "a.dat", BytesOf("new"));
+    EXPECT_TRUE(wasLocked);
+    EXPECT_FALSE(IsLocked(folder.Path() + "a.dat"));
 }
 
 TEST(AtomicWrite, GivesANewFileThePermissionsThatTheUserHasChosenForNewFiles) {

@@ -56,6 +56,8 @@ namespace {
 template <typename Real, typename... Arguments>
 auto Call(const char *name, Real real, Arguments... arguments) -> decltype(real(arguments...)) {
     const Fault *fault = active != nullptr ? active->Enter(name) : nullptr;
+    if (fault != nullptr && fault->lookOn)
+        fault->lookOn();
     if (fault == nullptr || fault->error == 0)
         return real(arguments...);
     errno = fault->error;
@@ -109,7 +111,10 @@ int __wrap_close(int file) {
 }
 
 ssize_t __wrap_read(int file, void *bytes, size_t count) {
-    return Transfer("read", &__real_read, file, bytes, count);
+    const ssize_t held = Transfer("read", &__real_read, file, bytes, count);
+    if (active != nullptr)
+        active->CountRead(held);
+    return held;
 }
 ssize_t __wrap_write(int file, const void *bytes, size_t count) {
     return Transfer("write", &__real_write, file, bytes, count);

@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,8 @@ struct Fault {
     int nth = 1;             ///< which of its calls, counted from 1
     int error = 0;           ///< errno of the failure; 0: no failure but
     std::size_t atMost = 0;  ///< so many bytes at most are read or written
+    /// Called first; the call does its work all the same when no failure is planned.
+    std::function<void()> lookOn{};
 };
 
 /// Records the file calls made by this test program while it lives and lets some of them fail. The linker
@@ -26,12 +29,16 @@ class SystemCalls {
     ~SystemCalls();
 
     const std::vector<std::string> &Made() const { return made_; }
+    /// All bytes that were read.
+    std::size_t BytesRead() const { return bytesRead_; }
+    void CountRead(ssize_t count) { bytesRead_ += count > 0 ? static_cast<std::size_t>(count) : 0; }
     /// The fault planned for this call, else null. Records the call.
     const Fault *Enter(const char *call);
 
   private:
     std::vector<Fault> faults_;
     std::vector<std::string> made_;
+    std::size_t bytesRead_ = 0;
 };
 
 /// While it lives the program has the rights of an ordinary user: an administrator is never refused anything.

@@ -4,6 +4,7 @@
 #include <exception>
 #include <utility>
 
+#include "AtomicWrite.h"
 #include "ErrorReport.h"
 #include "GameText.h"
 #include "ShowMessage.h"
@@ -34,7 +35,9 @@ QString EndOfTheProgram(const Session &session) {
 }  // namespace
 
 EventBoundary::EventBoundary(int &argc, char **argv, const Session &session)
-    : QApplication(argc, argv), session_(session) {}
+    : QApplication(argc, argv), session_(session) {
+    LetWritesBeyondTheSizeLimitFail();
+}
 
 void EventBoundary::OfferSavingFirst(std::function<void()> saveFiles, std::function<void()> closeWindow) {
     saveFiles_ = std::move(saveFiles);

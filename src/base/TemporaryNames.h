@@ -1,0 +1,18 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace vtr {
+
+/// A name for a temporary file of this process, ".vtr-PROCESS-NUMBER.tmp", another one at every call.
+std::string NewTemporaryName(unsigned long process);
+
+/// Removes what a killed AtomicWrite has left in folder (UTF-8): files with such a name, unchanged for an
+/// hour, that no process holds open to write them. What cannot be removed stays.
+void RemoveAbandonedTemporaries(const std::string &folder);
+
+/// Removes the file unless a process is writing it.
+void RemoveUnlessInUse(const std::filesystem::path &file);
+
+}  // namespace vtr
