@@ -1,5 +1,6 @@
 #include "Paths.h"
 
+#include <algorithm>
 #include <system_error>
 
 #include "Errors.h"
@@ -37,7 +38,56 @@ std::string NameOnDisk(const std::string &folder, const std::string &name) {
     return best.empty() ? name : best;
 }
 
+#ifdef _WIN32
+constexpr bool systemHasDriveLetters = true;
+#else
+constexpr bool systemHasDriveLetters = false;
+#endif
+
+bool IsSeparator(char character) {
+    return separators.find(character) != std::string_view::npos;
+}
+
+std::string AbsolutePath(std::string_view path) {
+    // '\' is no separator to a system without drive letters, but it is one to us.
+    const bool rooted = !path.empty() && IsSeparator(path.front());
+    const fs::path held = FilesystemPath(path);
+    std::error_code error;
+    const fs::path absolute =
+        held.is_absolute() || (rooted && !systemHasDriveLetters) ? held : fs::absolute(held, error);
+    return error ? std::string(path) : PathText(absolute);
+}
+
+/// True when ".." in folder, which ends in a separator, leads to the folder that is named before it.
+bool LeadsBackByName(std::string_view folder) {
+    const std::string_view path = folder.substr(0, std::max<std::size_t>(folder.size(), 1) - 1);
+    const std::string_view name = FileNameOf(path);
+    if (name.empty() || name == ".." || name.ends_with(':'))
+        return false;
+    std::error_code ignored;
+    return fs::is_directory(fs::symlink_status(FilesystemPath(PathOnDisk(path)), ignored));
+}
+
 }  // namespace
+
+std::string CleanAbsolutePath(std::string_view path) {
+    const std::string absolute = AbsolutePath(path);
+    const std::string_view folder = FolderOf(absolute);
+    const std::size_t rootSize =
+        std::min(folder.find_first_not_of(separators), std::size_t{systemHasDriveLetters ? 2 : 1});
+    std::string clean(folder.substr(0, rootSize));
+    for (std::string_view rest = folder.substr(clean.size()); !rest.empty();) {
+        const std::size_t end = rest.find_first_of(separators);
+        const std::string_view name = rest.substr(0, end);
+        const bool leadsBack = name == ".." && LeadsBackByName(clean);
+        if (leadsBack)
+            clean.resize(FolderOf(std::string_view(clean).substr(0, clean.size() - 1)).size());
+        else if (!name.empty() && name != "." && !(name == ".." && clean.size() == rootSize))
+            clean += rest.substr(0, end + 1);
+        rest.remove_prefix(end + 1);
+    }
+    return clean + std::string(FileNameOf(absolute));
+}
 
 std::string_view FileNameOf(std::string_view path) {
     return path.substr(FolderOf(path).size());

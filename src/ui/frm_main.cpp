@@ -16,6 +16,7 @@
 #include "NumberField.h"
 #include "Operation.h"
 #include "Overview.h"
+#include "Paths.h"
 #include "ProgramVersion.h"
 #include "RailwayPanel.h"
 #include "StatusBar.h"
@@ -74,9 +75,8 @@ void frm_main::Start(const QString &commandLine) {
         path.remove(0, 1);
         path.chop(1);
     }
-    projectCommands_.Load(path.isEmpty()
-                              ? std::string()
-                              : QDir::toNativeSeparators(QDir().absoluteFilePath(path)).toStdString());
+    projectCommands_.Load(path.isEmpty() ? std::string()
+                                         : CleanAbsolutePath(QDir::toNativeSeparators(path).toStdString()));
 }
 
 void frm_main::Redraw() {

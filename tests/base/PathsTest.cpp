@@ -168,6 +168,36 @@ TEST(Paths, AFileThatMayNotBeLookedAtCountsAsThereAndNothingIsThrown) {
     EXPECT_TRUE(FileExists(folder.Path() + "closed/a.dat"));
 }
 
+TEST(Paths, AreCleanedOfDotsAndDoubledSeparators) {
+    const TemporaryFolder folder;
+    fs::create_directories(folder.Path() + "Maps/North");
+    const std::string &start = folder.Path();
+    EXPECT_EQ(CleanAbsolutePath(start + "Maps/../x.prj"), start + "x.prj");
+    EXPECT_EQ(CleanAbsolutePath(start + "Maps/North/../../x.prj"), start + "x.prj");
+    EXPECT_EQ(CleanAbsolutePath(start + "./Maps//North/.//x.prj"), start + "Maps/North/x.prj");
+    EXPECT_EQ(CleanAbsolutePath(start + "mAPS\\..\\x.prj"), start + "x.prj");
+    EXPECT_EQ(CleanAbsolutePath("//.././x.prj"), "/x.prj");
+    EXPECT_EQ(CleanAbsolutePath(start + "Maps//"), start + "Maps/");
+    EXPECT_EQ(CleanAbsolutePath(start + "Maps/.."), start + "Maps/..") << "the last part is the file's name";
+}
+
+TEST(Paths, KeepTheWayBackWhereTheFormsNeedNotNameTheSameFile) {
+    const TemporaryFolder folder;
+    const TemporaryFolder elsewhere;
+    fs::create_directory(elsewhere.Path() + "real");
+    fs::create_directory_symlink(elsewhere.Path() + "real", folder.Path() + "link");
+    folder.Make("file", "");
+    for (const char *const path : {"link/../x.prj", "link/../../x.prj", "none/../x.prj", "file/../x.prj"})
+        EXPECT_EQ(CleanAbsolutePath(folder.Path() + path), folder.Path() + path);
+}
+
+TEST(Paths, AreAbsoluteWithALeadingSeparatorOfEitherKind) {
+    EXPECT_EQ(CleanAbsolutePath("/tmp/x.prj"), "/tmp/x.prj");
+    EXPECT_EQ(CleanAbsolutePath("\\tmp\\x.prj"), "\\tmp\\x.prj");
+    EXPECT_EQ(CleanAbsolutePath("maps\\x.prj"), (fs::current_path() / "maps\\x.prj").string());
+    EXPECT_EQ(CleanAbsolutePath("../x.prj"), (fs::current_path().parent_path() / "x.prj").string());
+}
+
 TEST(Paths, AFolderIsWritableWhenTheUserMayMakeFilesInIt) {
     const TemporaryFolder folder;
     fs::permissions(folder.Path(), fs::perms(0755));

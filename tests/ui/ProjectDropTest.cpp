@@ -55,6 +55,14 @@ TEST_F(ProjectDrop, OfAProjectFileLoadsItWhenTheDropIsOver) {
     EXPECT_EQ(session->campaign.paths.ProjectDir, folder.Path());
 }
 
+TEST_F(ProjectDrop, IsRememberedWithoutDetours) {
+    WriteSample();
+    window().Start(QString());
+    EXPECT_TRUE(Drop(window(), {LocalUrl(folder.Path() + "program/../sample.prj")}));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(session->preferences.RecentProjectFiles[0], SamplePath());
+}
+
 TEST_F(ProjectDrop, TakesTheSuffixInAnyLetterCase) {
     WriteSample();
     std::filesystem::rename(SamplePath(), folder.Path() + "SAMPLE.PRJ");
