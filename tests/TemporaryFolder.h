@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -47,5 +48,12 @@ class TemporaryFolder {
   private:
     std::string path_;
 };
+
+/// Makes in folder what an AtomicWrite leaves that is killed, two hours old.
+inline void MakeAbandonedTemporary(const TemporaryFolder &folder) {
+    const std::string path = folder.Make(".vtr-4711-0.tmp", "half of a fi");
+    std::filesystem::last_write_time(path,
+                                     std::filesystem::file_time_type::clock::now() - std::chrono::hours(2));
+}
 
 }  // namespace vtr

@@ -72,6 +72,8 @@ std::string_view ErrorKindText(ErrorKind kind) {
             return "file access failed";
         case ErrorKind::FileTooShort:
             return "file too short";
+        case ErrorKind::FileTooLarge:
+            return "file too large";
         case ErrorKind::Overflow:
             return "overflow";
         case ErrorKind::IndexOutOfRange:

@@ -8,7 +8,15 @@
 
 namespace vtr {
 
-enum class ErrorKind { FileMissing, FileAccess, FileTooShort, Overflow, IndexOutOfRange, TypeMismatch };
+enum class ErrorKind {
+    FileMissing,
+    FileAccess,
+    FileTooShort,
+    FileTooLarge,
+    Overflow,
+    IndexOutOfRange,
+    TypeMismatch
+};
 
 /// Where in the data something is being read, computed or written. Cheap to make and to pass: it only looks
 /// at text that its maker keeps alive. Negative numbers and empty texts mean "not known" or "does not apply".

@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 
@@ -23,7 +24,7 @@ namespace {
 
 }  // namespace
 
-Bytes ReadWholeFile(const std::string &path) {
+Bytes ReadStartOfFile(const std::string &path, std::size_t most) {
     // Not blocking, so that a pipe is refused and not waited for.
     const Descriptor file(open(PathOnDisk(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!file.IsOpen())
@@ -35,7 +36,8 @@ Bytes ReadWholeFile(const std::string &path) {
         throw Error(ErrorKind::FileAccess, {.file = path}, "a file",
                     S_ISDIR(status.st_mode) ? "a folder" : "a device or a pipe");
 
-    Bytes bytes(static_cast<std::size_t>(status.st_size));
+    Bytes bytes(static_cast<std::size_t>(
+        std::min<std::uintmax_t>(static_cast<std::uintmax_t>(status.st_size), most)));
     std::size_t held = 0;
     while (held < bytes.size()) {
         const ssize_t count = read(file.Number(), bytes.data() + held, bytes.size() - held);

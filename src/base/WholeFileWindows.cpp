@@ -21,7 +21,7 @@ namespace {
 
 }  // namespace
 
-Bytes ReadWholeFile(const std::string &path) {
+Bytes ReadStartOfFile(const std::string &path, std::size_t most) {
     const std::filesystem::path name = FilesystemPath(PathOnDisk(path));
     if (std::error_code error; std::filesystem::is_directory(name, error))
         throw Error(ErrorKind::FileAccess, {.file = path}, "a file", "a folder");
@@ -36,7 +36,8 @@ Bytes ReadWholeFile(const std::string &path) {
     if (!GetFileSizeEx(handle, &size))
         ThrowSystemError(path, "asking for the file's size");
 
-    Bytes bytes(static_cast<std::size_t>(size.QuadPart));
+    Bytes bytes(
+        static_cast<std::size_t>(std::min<std::uintmax_t>(static_cast<std::uintmax_t>(size.QuadPart), most)));
     std::size_t held = 0;
     while (held < bytes.size()) {
         const auto wanted = static_cast<DWORD>(std::min<std::size_t>(bytes.size() - held, 1U << 30));

@@ -27,7 +27,7 @@ void GenerateMap(const std::string &templatePath, const std::string &folder, con
     const std::string mapPath = folder + std::string(generatedMapName);
     // When a step below fails, the project is not to show the map of another terrain.
     DeleteFile(mapPath);
-    Bytes bytes = ReadWholeFile(templatePath);
+    Bytes bytes = ReadStartOfFile(templatePath, templateSize);
     bytes.resize(templateSize);
     TerrainMap terrain;
     ReadTerrainMap(folder + terrainName, terrain);

@@ -8,7 +8,7 @@ namespace vtr {
 std::size_t ReadTerrainMap(const std::string &path, TerrainMap &map) {
     if (path.empty())
         return terrainSize;
-    map = ReadWholeFile(path);
+    map = ReadStartOfFile(path, terrainSize);
     const std::size_t found = map.size();
     map.resize(terrainSize);
     return found;

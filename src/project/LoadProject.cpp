@@ -86,7 +86,7 @@ void LoadProject(const std::string &path, Campaign &open, LoadProjectWindow &win
                     "a line \"Map=\" with the name of the map picture",
                     facts.wasMade ? "no project file there: it has been made, empty" : "none");
 
-    window.LoadMapPicture(paths.PathOf(paths.Map));
+    window.LoadMapPicture(paths.PathOf(paths.Map), steps);
     steps.AddProgress(5);
     loaded->ProjectLoaded = true;
     ReadCampaignFiles(*loaded, steps);

@@ -30,8 +30,9 @@ class LoadProjectWindow {
     /// Says "No Map specified. Cannot load project."
     virtual void TellNoMap() = 0;
     virtual void CloseProgress() = 0;
-    /// Reads the picture at path, which ShowCampaign is to show; throws an Error when it cannot.
-    virtual void LoadMapPicture(const std::string &path) = 0;
+    /// Reads the picture at path, which ShowCampaign is to show; tells listener when it is
+    /// short and throws an Error when it cannot.
+    virtual void LoadMapPicture(const std::string &path, LoadListener &listener) = 0;
     /// The campaign is loaded: shows it with its map picture at 100% and its first items selected, and adds
     /// it to the recent projects.
     virtual void ShowCampaign() = 0;

@@ -141,7 +141,7 @@ PreferencesPaths FindPreferences(const std::string &programFolder, const std::st
 PreferencesRead ReadPreferences(const PreferencesPaths &paths) {
     if (!FileExists(paths.readFrom))
         return {ShippedPreferences(), {}, {}};
-    PreferencesRead read = DecodePreferences(ReadWholeFile(paths.readFrom));
+    PreferencesRead read = DecodePreferences(ReadSmallFile(paths.readFrom));
     if (!read.badLines.empty()) {
         const std::string copy = paths.writeTo + ".bad";
         MakeFolderOf(copy);

@@ -64,7 +64,7 @@ PreferencesPaths FindPreferences(const std::string &programFolder, const std::st
 
 /// The preferences on disk, or the shipped ones where there is no file. A file with bad lines is copied to
 /// "prefs.cfg.bad" where it will be written. Throws file-access Errors when there is a file that cannot be
-/// read.
+/// read, and a file-too-large Error above 1 MiB.
 PreferencesRead ReadPreferences(const PreferencesPaths &paths);
 /// Replaces prefs.cfg, makes its folder if need be. Throws the Errors of AtomicWrite.
 void WritePreferences(const PreferencesPaths &paths, const Preferences &preferences);

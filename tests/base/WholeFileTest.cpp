@@ -71,6 +71,31 @@ TEST(WholeFile, IsReadInOneCall) {
     EXPECT_THAT(calls.Made(), testing::ElementsAre("open", "fstat", "read", "close"));
 }
 
+TEST(WholeFile, IsReadNoFurtherThanAskedFor) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Make("a.dat", "the start");
+    std::filesystem::resize_file(path, std::uintmax_t{4} << 30);
+    const SystemCalls calls;
+    EXPECT_EQ(ReadStartOfFile(path, 5), Bytes({'t', 'h', 'e', ' ', 's'}));
+    EXPECT_EQ(ReadStartOfFileIfThere(path, 3), Bytes({'t', 'h', 'e'}));
+    EXPECT_EQ(calls.BytesRead(), 8U);
+    EXPECT_EQ(ReadStartOfFile(folder.Make("b.dat", "ab"), 5), Bytes({'a', 'b'}));
+}
+
+TEST(WholeFile, ThatIsToBeSmallIsAnErrorAboveOneMiB) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Make("a.dat", std::string(1 << 20, 'x'));
+    EXPECT_EQ(ReadSmallFile(path), Bytes(1 << 20, 'x'));
+    std::filesystem::resize_file(path, std::uintmax_t{4} << 30);
+    const SystemCalls calls;
+    const Error error = ErrorThrownBy([&path] { ReadSmallFile(path); });
+    EXPECT_EQ(error.Kind(), ErrorKind::FileTooLarge);
+    EXPECT_EQ(error.File(), path);
+    EXPECT_EQ(calls.BytesRead(), (1U << 20) + 1);
+    std::filesystem::resize_file(path, (1 << 20) + 1);
+    EXPECT_EQ(KindThrownBy([&path] { ReadSmallFile(path); }), ErrorKind::FileTooLarge);
+}
+
 TEST(WholeFile, IsReadOnAfterShortReadsAndInterruptions) {
     const TemporaryFolder folder;
     const std::string path = folder.Make("a.dat", "whole");

@@ -87,7 +87,7 @@ TEST(TerrainMap, WhatAShortFileLacksIsZeroAndItsLengthIsTold) {
 TEST(TerrainMap, WhatALongFileHasBeyondIsLeftAlone) {
     const TemporaryFolder folder;
     TerrainMap map;
-    EXPECT_EQ(ReadTerrainMap(folder.Make("VTR.TM", std::string(204803, 'x')), map), 204803U);
+    EXPECT_EQ(ReadTerrainMap(folder.Make("VTR.TM", std::string(204803, 'x')), map), 204800U);
     EXPECT_EQ(map.size(), 204800U);
 }
 

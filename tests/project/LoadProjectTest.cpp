@@ -6,12 +6,16 @@
 #include <memory>
 #include <utility>
 
+#include "AirfieldFile.h"
+#include "FrontlineFile.h"
 #include "LoadProject.h"
+#include "RailwayFile.h"
 #include "ReaderTesting.h"
 #include "SampleCampaign.h"
 #include "SilentWindow.h"
 #include "TemporaryFolder.h"
 #include "WholeFile.h"
+#include "base/SystemCalls.h"
 
 namespace vtr {
 namespace {
@@ -28,7 +32,7 @@ class RecordingWindow : public LoadProjectWindow {
     void ShowProjectName(const std::string &name) override { calls.push_back("ShowProjectName " + name); }
     void TellNoMap() override { calls.emplace_back("TellNoMap"); }
     void CloseProgress() override { calls.emplace_back("CloseProgress"); }
-    void LoadMapPicture(const std::string &path) override { calls.push_back("LoadMapPicture " + path); }
+    void LoadMapPicture(const std::string &path, LoadListener &) override { calls.push_back("LoadMapPicture " + path); }
     void ShowCampaign() override { calls.emplace_back("ShowCampaign"); }
     void Tell(const LoadReport &told) override {
         calls.emplace_back("Tell");
@@ -261,6 +265,44 @@ TEST_F(LoadProjectTest, ShortFilesAreListedOnceAfterTheLoadWithTheirSizes) {
     EXPECT_EQ(window.report.shortFiles[1].expected, 9668U);
     EXPECT_EQ(campaign->TargetTable[200].code, 0);
     EXPECT_EQ(campaign->terrain[2000], 0);
+}
+
+TEST_F(LoadProjectTest, FilesOfTheGameAreReadOnlyAsFarAsTheirFormatGoes) {
+    WriteSampleCampaign(folder.Path(), false);
+    LoadProject(folder.Path() + "sample.prj", *campaign, window);
+    const auto before = std::make_unique<Campaign>(*campaign);
+    for (const char *name : {"VTR.TM", "TARGET.DAT", "VTR_RRD.DAT", "FRNTLINE.DAT", "ROADWPT.DAT",
+                             "RAILWPT.DAT", "AIRFIELD.DAT"})
+        std::filesystem::resize_file(folder.Path() + name, std::uintmax_t{4} << 30);
+    {
+        const SystemCalls calls;
+        LoadProject(folder.Path() + "sample.prj", *campaign, window);
+        EXPECT_LT(calls.BytesRead(), 400000U);
+    }
+    EXPECT_EQ(campaign->terrain, before->terrain);
+    EXPECT_EQ(campaign->TargetTable, before->TargetTable);
+    EXPECT_EQ(EncodeRailway(*campaign), EncodeRailway(*before));
+    EXPECT_EQ(EncodeFrontlines(*campaign), EncodeFrontlines(*before));
+    EXPECT_EQ(EncodeAirfields(*campaign), EncodeAirfields(*before));
+    EXPECT_EQ(campaign->RoadWaypointTable, before->RoadWaypointTable);
+    EXPECT_EQ(campaign->RailWaypointTable, before->RailWaypointTable);
+    EXPECT_TRUE(window.shortFiles.empty());
+}
+
+TEST_F(LoadProjectTest, AProjectFileAndATargetNamesFileAboveOneMiBAreErrorsOfThatFile) {
+    WriteSampleCampaign(folder.Path(), false);
+    std::filesystem::resize_file(folder.Path() + "TARNAMES.STR", (1 << 20) + 1);
+    EXPECT_EQ(KindOfFailedLoad(folder.Path() + "sample.prj"), ErrorKind::FileTooLarge);
+    EXPECT_THAT(message, ::testing::HasSubstr("TARNAMES.STR"));
+    std::filesystem::resize_file(folder.Path() + "sample.prj", (1 << 20) + 1);
+    EXPECT_EQ(KindOfFailedLoad(folder.Path() + "sample.prj"), ErrorKind::FileTooLarge);
+    EXPECT_THAT(message, ::testing::HasSubstr("sample.prj"));
+}
+
+TEST_F(LoadProjectTest, RemovesWhatAKilledSaveLeftInTheProjectsFolder) {
+    MakeAbandonedTemporary(folder);
+    Load("Name=a\r\nMap=NONE\r\n");
+    EXPECT_THAT(folder.Names(), ::testing::ElementsAre("p.prj"));
 }
 
 TEST_F(LoadProjectTest, TheRailwayLineCountOfTheProjectBeforeIsForgotten) {

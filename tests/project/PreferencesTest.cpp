@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "BytesOf.h"
+#include "ErrorThrownBy.h"
 #include "Errors.h"
 #include "Preferences.h"
 #include "TemporaryFolder.h"
@@ -210,6 +211,13 @@ TEST(Preferences, AFailureToReadOrWriteThemIsThrown) {
     folders.folder.Make("file", "");
     const std::string inFile = folders.folder.Path() + "file/sub/prefs.cfg";
     EXPECT_THROW(WritePreferences({inFile, inFile}, {}), Error);
+}
+
+TEST(Preferences, AboveOneMiBAreAnErrorOfTheFile) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Make("prefs.cfg", wholeFile);
+    fs::resize_file(path, (1 << 20) + 1);
+    EXPECT_EQ(KindThrownBy([&path] { ReadPreferences({path, path}); }), ErrorKind::FileTooLarge);
 }
 
 TEST(RecentProjects, ProjectsAThenBThenAGiveABA) {

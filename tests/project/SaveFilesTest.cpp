@@ -160,6 +160,12 @@ TEST_F(SaveFilesTest, EachBoxWritesItsOwnFileOnly) {
     }
 }
 
+TEST_F(SaveFilesTest, RemovesWhatAKilledSaveLeftInTheProjectsFolder) {
+    MakeAbandonedTemporary(folder);
+    Save({});
+    EXPECT_EQ(FilesOnDisk(), spoilt);
+}
+
 TEST_F(SaveFilesTest, NoBoxTickedWritesNothing) {
     Save({});
     EXPECT_EQ(FilesOnDisk(), spoilt);

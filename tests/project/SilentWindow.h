@@ -11,7 +11,7 @@ struct SilentWindow : LoadProjectWindow {
     void ShowProjectName(const std::string &) override {}
     void TellNoMap() override {}
     void CloseProgress() override {}
-    void LoadMapPicture(const std::string &) override {}
+    void LoadMapPicture(const std::string &, LoadListener &) override {}
     void ShowCampaign() override {}
     void Tell(const LoadReport &) override {}
 };

@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <signal.h>
 
 #include <stdexcept>
 
@@ -72,6 +73,12 @@ TEST_F(EventBoundaryTest, WithAProjectOpenTheMessageSaysWhatBecameOfTheEdits) {
     EXPECT_THAT(shown.text.toStdString(),
                 HasSubstr("Edits that you had not saved, if any, are lost; the files that you saved "
                           "are as you saved them."));
+}
+
+TEST_F(EventBoundaryTest, AWriteBeyondTheSizeLimitDoesNotEndTheProgramWithoutAWord) {
+    struct sigaction action {};
+    ASSERT_EQ(sigaction(SIGXFSZ, nullptr, &action), 0);
+    EXPECT_EQ(action.sa_handler, SIG_IGN);
 }
 
 }  // namespace

@@ -245,6 +245,21 @@ TEST_F(ProjectCommandsTest, ARelativePathOnTheCommandLineIsRememberedWhole) {
     EXPECT_TRUE(std::filesystem::equivalent(remembered, SamplePath())) << remembered;
 }
 
+TEST_F(ProjectCommandsTest, APathOnTheCommandLineIsRememberedWithoutItsDetours) {
+    WriteSample();
+    window().Start(QString::fromStdString(folder.Path() + "program/..//./sample.prj"));
+    EXPECT_EQ(session->preferences.RecentProjectFiles[0], SamplePath());
+}
+
+TEST_F(ProjectCommandsTest, APathOnTheCommandLineThatBeginsWithABackslashIsAbsolute) {
+    WriteSample();
+    std::string path = SamplePath();
+    std::ranges::replace(path, '/', '\\');
+    window().Start(QString::fromStdString(path));
+    EXPECT_TRUE(session->campaign.ProjectLoaded);
+    EXPECT_EQ(session->preferences.RecentProjectFiles[0], path);
+}
+
 TEST_F(ProjectCommandsTest, AMapOfNoneIsToldAndKeepsTheProjectBefore) {
     StartWithSample();
     const auto targets = session->campaign.TargetTable[5].x;
@@ -268,6 +283,18 @@ TEST_F(ProjectCommandsTest, ShortFilesAreListedInOneMessage) {
     EXPECT_EQ(warning.count, 1);
     EXPECT_THAT(warning.text.toStdString(), ::testing::HasSubstr("AIRFIELD.DAT"));
     EXPECT_THAT(warning.text.toStdString(), ::testing::HasSubstr("found 100 bytes, expected 7132 bytes"));
+    EXPECT_TRUE(session->campaign.ProjectLoaded);
+}
+
+TEST_F(ProjectCommandsTest, AMapPictureThatEndsTooEarlyIsListedAmongTheShortFiles) {
+    WriteSample();
+    const std::string picture = folder.Path() + "map.bmp";
+    const auto whole = std::filesystem::file_size(picture);
+    std::filesystem::resize_file(picture, whole - 100);
+    const ShownBox warning = BoxShownBy([this] { window().Start(QString::fromStdString(SamplePath())); });
+    EXPECT_THAT(warning.text.toStdString(),
+                ::testing::HasSubstr(picture + "\n    found " + std::to_string(whole - 100) +
+                                     " bytes, expected " + std::to_string(whole) + " bytes"));
     EXPECT_TRUE(session->campaign.ProjectLoaded);
 }
 

@@ -70,7 +70,7 @@ void DecodeAirfields(ConstByteSpan bytes, const std::string &path, Campaign &cam
 
 void ReadAirfields(const std::string &path, Campaign &campaign, LoadListener &listener) {
     if (!path.empty())
-        DecodeAirfields(ReadWholeFile(path), path, campaign, listener);
+        DecodeAirfields(ReadStartOfFile(path, airfieldFile.Size()), path, campaign, listener);
 }
 
 Bytes EncodeAirfields(const Campaign &campaign, const std::string &path) {

@@ -81,7 +81,7 @@ void DecodeFrontlines(ConstByteSpan bytes, const std::string &path, Campaign &ca
 
 void ReadFrontlines(const std::string &path, Campaign &campaign, LoadListener &listener) {
     if (!path.empty())
-        DecodeFrontlines(ReadWholeFile(path), path, campaign, listener);
+        DecodeFrontlines(ReadStartOfFile(path, frontlineTotal * slotSize), path, campaign, listener);
 }
 
 Bytes EncodeFrontlines(const Campaign &campaign, const std::string &path) {

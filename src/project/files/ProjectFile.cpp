@@ -56,7 +56,7 @@ ProjectFileFacts ReadProjectFile(const std::string &path, ProjectPaths &paths,
     const bool isMissing = !FileExists(path);
     if (isMissing)
         AtomicWrite(path, {});
-    ProjectFileFacts facts = DecodeProjectFile(ReadWholeFile(path), path, paths, lineRead);
+    ProjectFileFacts facts = DecodeProjectFile(ReadSmallFile(path), path, paths, lineRead);
     facts.wasMade = isMissing;
     return facts;
 }

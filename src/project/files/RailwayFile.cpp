@@ -72,7 +72,7 @@ void DecodeRailway(ConstByteSpan bytes, const std::string &path, Campaign &campa
 
 void ReadRailway(const std::string &path, Campaign &campaign, LoadListener &listener) {
     if (!path.empty())
-        DecodeRailway(ReadWholeFile(path), path, campaign, listener);
+        DecodeRailway(ReadStartOfFile(path, railwayFile.Size()), path, campaign, listener);
 }
 
 Bytes EncodeRailway(const Campaign &campaign, const std::string &path) {

@@ -21,6 +21,9 @@ struct RecordFile {
     std::size_t total;
     double progress;  ///< of reading the whole file
 
+    /// Of the whole file, in bytes.
+    constexpr std::size_t Size() const { return recordCountSize + total * RecordSize; }
+
     Place PlaceOf(const std::string &path, std::size_t i) const {
         return {.file = path,
                 .offset = static_cast<std::int64_t>(recordCountSize + i * RecordSize),
@@ -45,7 +48,7 @@ struct RecordFile {
     /// The file's bytes; encode(i, record, place) fills its records, which are zero before.
     template <typename EncodeRecord>
     Bytes Encode(const std::string &path, EncodeRecord encode) const {
-        Bytes file(recordCountSize + total * RecordSize);
+        Bytes file(Size());
         PutUint32(file, 0, static_cast<std::uint32_t>(total));
         const ByteSpan records = ByteSpan(file).subspan(recordCountSize);
         for (std::size_t i = 0; i < total; ++i)

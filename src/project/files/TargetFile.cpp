@@ -87,7 +87,7 @@ void DecodeTargets(ConstByteSpan bytes, const std::string &path, Campaign &campa
 
 void ReadTargets(const std::string &path, Campaign &campaign, LoadListener &listener) {
     if (!path.empty())
-        DecodeTargets(ReadWholeFile(path), path, campaign, listener);
+        DecodeTargets(ReadStartOfFile(path, targetFile.Size()), path, campaign, listener);
 }
 
 Bytes EncodeTargets(const Campaign &campaign, ConstByteSpan templateBytes, ConstByteSpan replaced,
@@ -101,9 +101,9 @@ Bytes EncodeTargets(const Campaign &campaign, ConstByteSpan templateBytes, Const
 void WriteTargets(const std::string &path, const Campaign &campaign, const std::string &programFolder) {
     if (path.empty())
         return;
-    const Bytes templateBytes = ReadWholeFileIfThere(programFolder + "targetbase.dat");
+    const Bytes templateBytes = ReadStartOfFileIfThere(programFolder + "targetbase.dat", templateSize);
     const bool needsReplaced = templateBytes.size() < templateSize;
-    const Bytes replaced = needsReplaced ? ReadWholeFileIfThere(path) : Bytes();
+    const Bytes replaced = needsReplaced ? ReadStartOfFileIfThere(path, targetFile.Size()) : Bytes();
     AtomicWrite(path, EncodeTargets(campaign, templateBytes, replaced, path));
 }
 

@@ -62,7 +62,7 @@ void DecodeTargetNames(ConstByteSpan bytes, const std::string &path, Campaign &c
 
 void ReadTargetNames(const std::string &path, Campaign &campaign, LoadListener &listener) {
     if (!path.empty())
-        DecodeTargetNames(ReadWholeFile(path), path, campaign, listener);
+        DecodeTargetNames(ReadSmallFile(path), path, campaign, listener);
 }
 
 Bytes EncodeTargetNames(const Campaign &campaign, const std::string &path) {

@@ -12,8 +12,8 @@ constexpr std::size_t targetNamesMaxLength = 31227;
 /// rest of the table as it is.
 void DecodeTargetNames(ConstByteSpan bytes, const std::string &path, Campaign &campaign,
                        LoadListener &listener);
-/// Fills TargetNameTable from the file at path; an empty path leaves it alone. Throws file-access Errors, and
-/// an index Error when the file holds more than 308 names.
+/// Fills TargetNameTable from the file at path; an empty path leaves it alone. Throws file-access Errors, a
+/// file-too-large Error above 1 MiB, and an index Error when the file holds more than 308 names.
 void ReadTargetNames(const std::string &path, Campaign &campaign, LoadListener &listener);
 
 /// The whole target-name file; path is for messages. Throws an overflow Error when the names are longer than

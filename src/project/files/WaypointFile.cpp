@@ -22,6 +22,11 @@ enum WaypointOffset : std::size_t {
 static_assert(yPosition + gamePositionSize == unused8);
 static_assert(recordEnd == waypointSize);
 
+/// Of a file whose paths are all as long as can be.
+constexpr std::size_t MostBytes(std::size_t paths) {
+    return headerSize + paths * waypointTotal * waypointSize;
+}
+
 void DecodePath(ByteReader &reader, const std::string &path, const std::string &item,
                 WaypointPath &waypoints) {
     waypoints.count = 0;
@@ -75,12 +80,14 @@ void DecodeRailWaypoints(ConstByteSpan bytes, const std::string &path, Campaign 
 
 void ReadRoadWaypoints(const std::string &path, Campaign &campaign, LoadListener &listener) {
     if (!path.empty())
-        DecodeRoadWaypoints(ReadWholeFile(path), path, campaign, listener);
+        DecodeRoadWaypoints(ReadStartOfFile(path, MostBytes(campaign.RoadWaypointTable.size())), path,
+                            campaign, listener);
 }
 
 void ReadRailWaypoints(const std::string &path, Campaign &campaign, LoadListener &listener) {
     if (!path.empty())
-        DecodeRailWaypoints(ReadWholeFile(path), path, campaign, listener);
+        DecodeRailWaypoints(ReadStartOfFile(path, MostBytes(campaign.RailWaypointTable.size())), path,
+                            campaign, listener);
 }
 
 }  // namespace vtr

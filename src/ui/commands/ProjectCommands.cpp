@@ -13,6 +13,7 @@
 #include "MapPictureFile.h"
 #include "Operation.h"
 #include "Overview.h"
+#include "Paths.h"
 #include "ProgramVersion.h"
 #include "RailwayPanel.h"
 #include "SaveCommands.h"
@@ -90,7 +91,7 @@ void ProjectCommands::ChooseAndLoad() {
 void ProjectCommands::LoadDropped(const QString &path) {
     const Answer answer = AskForExport();
     if (answer == Answer::No || (answer == Answer::Yes && saveCommands_.ShowAndWait()))
-        Load(QDir::toNativeSeparators(path).toStdString());
+        Load(CleanAbsolutePath(QDir::toNativeSeparators(path).toStdString()));
 }
 
 void ProjectCommands::LoadRecent(std::size_t index) {
@@ -147,8 +148,11 @@ void ProjectCommands::CloseProgress() {
     frm_progress_->hide();
 }
 
-void ProjectCommands::LoadMapPicture(const std::string &path) {
-    readMap_ = ReadMapPicture(path);
+void ProjectCommands::LoadMapPicture(const std::string &path, LoadListener &listener) {
+    std::optional<ShortFile> shortFile;
+    readMap_ = ReadMapPicture(path, &shortFile);
+    if (shortFile)
+        listener.FoundShortFile(*shortFile);
 }
 
 void ProjectCommands::ShowCampaign() {

@@ -38,7 +38,7 @@ class ProjectCommands : public QObject, private LoadProjectWindow {
     void ShowProjectName(const std::string &name) override;
     void TellNoMap() override;
     void CloseProgress() override;
-    void LoadMapPicture(const std::string &path) override;
+    void LoadMapPicture(const std::string &path, LoadListener &listener) override;
     void ShowCampaign() override;
     void Tell(const LoadReport &report) override;
 
