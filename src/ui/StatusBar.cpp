@@ -1,5 +1,6 @@
 #include "StatusBar.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
@@ -28,6 +29,14 @@ class ElidingPanel : public QToolButton {
     }
 };
 
+/// Keeps panel as wide as it is with widest as its text, so that what stands beside it never moves.
+void FixWidth(QToolButton &panel, const QString &widest) {
+    const QString text = panel.text();
+    panel.setText(widest);
+    panel.setFixedWidth(panel.sizeHint().width());
+    panel.setText(text);
+}
+
 }  // namespace
 
 StatusBar::StatusBar(QWidget *parent)
@@ -41,8 +50,18 @@ StatusBar::StatusBar(QWidget *parent)
     setObjectName(QStringLiteral("sb_status"));
     setSizeGripEnabled(false);
     project->setMaximumWidth(projectWidth * fontMetrics().averageCharWidth());
+    FixWidth(*xypos, QStringLiteral("(-999, -999)"));
     curredit->setFocusPolicy(Qt::TabFocus);
     version->installEventFilter(this);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget * /*left*/, const QWidget *entered) {
+        if (entered != nullptr && currentMessage() == objection_)
+            clearMessage();
+    });
+}
+
+void StatusBar::ShowObjection(const QString &objection) {
+    objection_ = objection;
+    showMessage(objection, 5000);
 }
 
 QToolButton *StatusBar::AddPanel(const char *key, const QString &text, const char *toolTip) {

@@ -13,6 +13,9 @@ class StatusBar : public QStatusBar {
   public:
     explicit StatusBar(QWidget *parent);
 
+    /// Tells for a few seconds why a field refused what was typed, at most until another field is entered.
+    void ShowObjection(const QString &objection);
+
     QToolButton *project;
     QToolButton *curredit;
     QToolButton *zoom;
@@ -27,6 +30,8 @@ class StatusBar : public QStatusBar {
 
   private:
     QToolButton *AddPanel(const char *key, const QString &text, const char *toolTip);
+
+    QString objection_;
 };
 
 }  // namespace vtr

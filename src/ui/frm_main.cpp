@@ -141,8 +141,9 @@ void frm_main::WirePanels() {
          std::initializer_list<Panel *>{widgets_.fra_target, widgets_.fra_airfield, widgets_.fra_frontline,
                                         widgets_.fra_railway, widgets_.fra_roadint, widgets_.fra_railint})
         connect(panel, &Panel::Changed, this, &frm_main::Redraw);
-    connect(widgets_.fra_target, &TargetPanel::StatusMessage, this,
-            [this](const QString &text) { widgets_.sb_status->showMessage(text, 5000); });
+    connect(widgets_.fra_target, &TargetPanel::StatusMessage, widgets_.sb_status, &StatusBar::ShowObjection);
+    for (const NumberField *field : findChildren<NumberField *>())
+        connect(field, &NumberField::Refused, widgets_.sb_status, &StatusBar::ShowObjection);
     connect(widgets_.fra_target, &TargetPanel::AirfieldShown, this, [this](std::optional<int> airfield) {
         widgets_.fra_airfield->ShowAirfield(airfield);
         widgets_.ShowState();

@@ -165,12 +165,126 @@ TEST_F(NumberFieldTest, AFractionThatIsNoNumberIsNotPasted) {
     EXPECT_EQ(Told(), Numbers{});
 }
 
-TEST_F(NumberFieldTest, APointTypedBehindANumberIsDropped) {
-    Type("12.");
-    EXPECT_EQ(Text(), QStringLiteral("12"));
+TEST_F(NumberFieldTest, AFractionStaysAsItIsTypedAndTheNumberFollowsAtEveryKey) {
+    for (const auto &[keys, number] :
+         {std::pair("1", 1), {"2", 12}, {".", 12}, {"7", 13}, {"5", 13}, {"0", 13}}) {
+        const QString before = Text();
+        Type(keys);
+        EXPECT_EQ(Text(), (before == QStringLiteral("0") ? QString() : before) + QLatin1String(keys));
+        EXPECT_EQ(field.value(), number) << keys;
+    }
+    EXPECT_EQ(Told(), (Numbers{1, 12, 13}));
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(Text(), QStringLiteral("13"));
+    EXPECT_EQ(Told(), (Numbers{1, 12, 13}));
+}
+
+TEST_F(NumberFieldTest, AFractionTypedKeyByKeyEndsAsThePastedOneDoes) {
+    for (const bool cuts : {false, true}) {
+        if (cuts)
+            field.CutFraction();
+        for (const char *fraction :
+             {"12.7",  "12.5",  "12.75", "13.5",  "12.500", "12.501", "12.",
+              "0.5",   "0.51",  "1.5",   "009.6", "-0.4",   "-0.6",   "-1.5",
+              "638.5", "639.4", "639.6", "640.2", "+12.7",  "+0.6",   "12.50000000000000000001"}) {
+            Paste(QString::fromLatin1(fraction));
+            const QString pasted = Text();
+            field.SetNumber(100);
+            field.selectAll();
+            Type(fraction);
+            EXPECT_EQ(field.value(), pasted.toInt()) << fraction;
+            QFocusEvent leaving(QEvent::FocusOut, Qt::TabFocusReason);
+            QApplication::sendEvent(&field, &leaving);
+            EXPECT_EQ(Text(), pasted) << fraction;
+        }
+    }
+}
+
+TEST_F(NumberFieldTest, AFractionTypedIntoTheTextBoxItselfStaysToo) {
+    edit.selectAll();
+    QTest::keyClicks(&edit, QStringLiteral("12.75"));
+    EXPECT_EQ(Text(), QStringLiteral("12.75"));
+    EXPECT_EQ(field.value(), 13);
+}
+
+TEST_F(NumberFieldTest, AFractionIsEditedKeyByKey) {
+    Type("12.75");
+    QTest::keyClick(&field, Qt::Key_Backspace);
+    EXPECT_EQ(Text(), QStringLiteral("12.7"));
+    QTest::keyClick(&field, Qt::Key_Backspace);
+    Type("3");
+    EXPECT_EQ(Text(), QStringLiteral("12.3"));
+    EXPECT_EQ(field.value(), 12);
+    QTest::keyClick(&field, Qt::Key_Home);
+    Type("5");
+    EXPECT_EQ(Text(), QStringLiteral("512.3"));
+    EXPECT_EQ(field.value(), 512);
+    edit.setSelection(3, 2);
+    Type("4");
+    EXPECT_EQ(Text(), QStringLiteral("639"));
+    Type(".");
+    EXPECT_EQ(Text(), QStringLiteral("639."));
+}
+
+TEST_F(NumberFieldTest, AFractionBehindTheGreatestNumberIsHeldAtIt) {
+    Type("639.0");
+    EXPECT_EQ(Text(), QStringLiteral("639.0"));
+    Type("4");
+    EXPECT_EQ(Text(), QStringLiteral("639"));
+    EXPECT_EQ(Told(), (Numbers{6, 63, 639}));
+}
+
+TEST_F(NumberFieldTest, SteppingAndSettingReplaceATypedFraction) {
+    Type("12.7");
+    QTest::keyClick(&field, Qt::Key_Up);
+    EXPECT_EQ(Text(), QStringLiteral("14"));
+    Type(".5");
+    field.SetNumber(14);
+    EXPECT_EQ(Text(), QStringLiteral("14"));
+    field.selectAll();
+    Type("12.7");
+    field.ShowRecordValue(14);
+    EXPECT_EQ(Text(), QStringLiteral("14"));
+}
+
+TEST_F(NumberFieldTest, ShowingTheNumberThatIsBeingTypedLeavesTheFraction) {
+    Type("12.7");
+    field.ShowRecordValue(13);
+    Type("5");
+    EXPECT_EQ(Text(), QStringLiteral("12.75"));
+}
+
+TEST_F(NumberFieldTest, BlanksAroundAPastedNumberAndAPlusBeforeItAreTaken) {
+    for (const QString &pasted : {QStringLiteral(" 45"), QStringLiteral("45 "), QStringLiteral("+45"),
+                                  QStringLiteral("\t45\n"), QStringLiteral(" +45.2 ")}) {
+        field.SetNumber(100);
+        Paste(pasted);
+        EXPECT_EQ(Text(), QStringLiteral("45")) << pasted.toStdString();
+        EXPECT_EQ(field.value(), 45);
+    }
     Type("7");
-    EXPECT_EQ(Text(), QStringLiteral("127"));
-    EXPECT_EQ(Told(), (Numbers{1, 12, 127}));
+    EXPECT_EQ(Text(), QStringLiteral("457"));
+}
+
+TEST_F(NumberFieldTest, WhatIsRefusedIsToldWithTheReason) {
+    field.SetNumber(12);
+    const QSignalSpy refused(&field, &NumberField::Refused);
+    QTest::keyClick(&field, Qt::Key_End);
+    Type("3.");
+    EXPECT_EQ(refused.count(), 0);
+    const QString onlyNumbers = QStringLiteral("Only a number from 0 to 639 fits here.");
+    const QString noComma = QStringLiteral("Write a fraction with a point, not a comma.");
+    int count = 0;
+    for (const auto &[keys, why] :
+         {std::pair("e", onlyNumbers), {",", noComma}, {".", onlyNumbers}, {" ", onlyNumbers}}) {
+        Type(keys);
+        EXPECT_EQ(Text(), QStringLiteral("123."));
+        ASSERT_EQ(refused.count(), ++count) << keys;
+        EXPECT_EQ(refused.back().front().toString(), why) << keys;
+    }
+    Paste(QStringLiteral("1 2"));
+    EXPECT_EQ(refused.count(), ++count);
+    EXPECT_EQ(field.value(), 123);
 }
 
 TEST_F(NumberFieldTest, AFieldThatCutsDropsTheFraction) {
@@ -343,6 +457,20 @@ TEST_F(ZeroTextTest, ADigitTypedAfterRubbingOutALetterReplacesTheRest) {
     EXPECT_EQ(field.value(), 0);
     Type("5");
     EXPECT_EQ(Text(), QStringLiteral("5"));
+}
+
+TEST_F(ZeroTextTest, AFractionTypedFromZeroOnEndsAsThePastedOneDoes) {
+    QTest::keyClick(&field, Qt::Key_End);
+    Type(".7");
+    EXPECT_EQ(Text(), QStringLiteral("0.7"));
+    EXPECT_EQ(field.value(), 1);
+    QTest::keyClick(&field, Qt::Key_Backspace);
+    Type("5");
+    EXPECT_EQ(field.value(), 0);
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(Text(), QStringLiteral("ALL"));
+    Type("0.7");
+    EXPECT_EQ(Text(), QStringLiteral("0.7"));
 }
 
 TEST_F(ZeroTextTest, TheTextItselfCanBeTypedAndOtherLettersCannot) {

@@ -1,6 +1,8 @@
 #include "NumberField.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QWheelEvent>
 #include <algorithm>
@@ -20,36 +22,65 @@ bool AllDigits(QStringView text) {
 
 constexpr int aboveEveryMaximum = 1'000'000;
 
-/// Whether number and the digits behind its point round up to the next number; halves go to the even one.
-bool RoundsUp(int number, QStringView fraction) {
-    while (fraction.endsWith(u'0'))
-        fraction.chop(1);
-    const int fromHalf = fraction.compare(u"5");
-    return fromHalf > 0 || (fromHalf == 0 && number % 2 != 0);
-}
+/// A number as it is written, without what does not count: leading zeros, and zeros at the fraction's end.
+struct Decimal {
+    bool negative;
+    int whole;
+    QStringView fraction;
 
-/// The number that text holds, its fraction cut off or rounded.
-std::optional<int> WholeNumber(QStringView text, bool cutsFraction) {
+    bool IsBelowZero() const { return negative && (whole != 0 || !fraction.isEmpty()); }
+    bool IsAbove(int maximum) const { return whole > maximum || (whole == maximum && !fraction.isEmpty()); }
+
+    /// The nearest whole number; of two that are as near the even one.
+    int Rounded() const {
+        const int fromHalf = fraction.compare(u"5");
+        const int size = whole + (fromHalf > 0 || (fromHalf == 0 && whole % 2 != 0) ? 1 : 0);
+        return negative ? -size : size;
+    }
+};
+
+/// The number that text holds, without its fraction when that is cut off.
+std::optional<Decimal> ReadDecimal(QStringView text, bool cutsFraction) {
     const bool negative = text.startsWith(u'-');
-    const QStringView parts = text.mid(negative ? 1 : 0);
+    const QStringView parts = text.mid(negative || text.startsWith(u'+') ? 1 : 0);
     const qsizetype point = parts.indexOf(u'.');
     const QStringView digits = point < 0 ? parts : parts.first(point);
-    const QStringView fraction = point < 0 ? QStringView() : parts.mid(point + 1);
+    QStringView fraction = point < 0 ? QStringView() : parts.mid(point + 1);
     if (digits.isEmpty() || !AllDigits(digits) || !AllDigits(fraction))
         return std::nullopt;
-    int number = 0;
+    int whole = 0;
     for (const QChar digit : digits)
-        number = std::min(number * 10 + (digit.unicode() - u'0'), aboveEveryMaximum);
-    if (!cutsFraction && RoundsUp(number, fraction))
-        ++number;
-    return negative ? -number : number;
+        whole = std::min(whole * 10 + (digit.unicode() - u'0'), aboveEveryMaximum);
+    while (fraction.endsWith(u'0'))
+        fraction.chop(1);
+    return Decimal{negative, whole, cutsFraction ? QStringView() : fraction};
 }
+
+/// A line edit that knows whether its text is being typed, and not pasted or set.
+class TypedEdit : public QLineEdit {
+  public:
+    bool IsTyping() const { return typing_; }
+
+  protected:
+    void keyPressEvent(QKeyEvent *event) override {
+        const QScopedValueRollback typing(typing_, !event->matches(QKeySequence::Paste));
+        QLineEdit::keyPressEvent(event);
+    }
+    void inputMethodEvent(QInputMethodEvent *event) override {
+        const QScopedValueRollback typing(typing_, true);
+        QLineEdit::inputMethodEvent(event);
+    }
+
+  private:
+    bool typing_ = false;
+};
 
 }  // namespace
 
 NumberField::NumberField(const QString &name, int maximum, QWidget *parent)
     : QSpinBox(parent), maximum_(maximum) {
     setObjectName(QStringLiteral("upd_") + name);
+    setLineEdit(new TypedEdit);
     lineEdit()->setObjectName(QStringLiteral("txt_") + name);
     setRange(0, maximum);
     setValue(0);
@@ -71,6 +102,8 @@ bool NumberField::SetNumber(int number) {
 }
 
 void NumberField::ShowRecordValue(int number) {
+    if (number == value() && text().contains(u'.'))
+        return;  // a fraction is being typed, and its number is this one
     const QSignalBlocker blocker(this);
     WidenTo(number);
     setValue(number);
@@ -92,22 +125,36 @@ void NumberField::stepBy(int steps) {
 QValidator::State NumberField::validate(QString &text, int &position) const {
     if (!InRange(value()) && text == QString::number(value()))
         return QValidator::Acceptable;
-    const QString bare = WithoutZeroText(text);
-    if (bare.isEmpty() || bare == QStringLiteral("-")) {
+    QString bare = WithoutZeroText(text.trimmed());
+    if (bare.isEmpty() || bare == QStringLiteral("-") || bare == QStringLiteral("+")) {
         if (!text.isEmpty() && text == zeroText_)
             return QValidator::Acceptable;
-        return bare == text || zeroText_.contains(text) ? QValidator::Intermediate : QValidator::Invalid;
+        return bare == text || zeroText_.contains(text) ? QValidator::Intermediate : Refuse(text);
     }
-    const std::optional<int> number = WholeNumber(bare, cutsFraction_);
-    if (!number)
-        return QValidator::Invalid;
-    const int held = std::clamp(*number, 0, maximum_);
-    const bool keepAsTyped = held == *number && AllDigits(text) && (held != 0 || zeroText_.isEmpty());
-    if (!keepAsTyped) {
-        text = textFromValue(held);
+    if (bare.startsWith(u'.') && !zeroText_.isEmpty() && text.startsWith(zeroText_))
+        bare.prepend(u'0');
+    const std::optional<Decimal> number = ReadDecimal(bare, cutsFraction_);
+    const bool typing = static_cast<const TypedEdit *>(lineEdit())->IsTyping();
+    if (!number || (typing && text != text.trimmed()))
+        return Refuse(text);
+    const bool outside = number->IsBelowZero() || number->IsAbove(maximum_);
+    const bool isWhole = AllDigits(bare);
+    const bool keepAsTyped = isWhole ? number->whole != 0 || zeroText_.isEmpty() : typing && bare[0] != u'+';
+    const QString held =
+        !outside && keepAsTyped ? bare : textFromValue(std::clamp(number->Rounded(), 0, maximum_));
+    if (text != held) {
+        text = held;
         position = static_cast<int>(text.size());
     }
     return QValidator::Acceptable;
+}
+
+/// Tells why text cannot be taken.
+QValidator::State NumberField::Refuse(const QString &text) const {
+    Q_EMIT Refused(text.contains(u',')
+                       ? QStringLiteral("Write a fraction with a point, not a comma.")
+                       : QStringLiteral("Only a number from 0 to %1 fits here.").arg(maximum_));
+    return QValidator::Invalid;
 }
 
 QString NumberField::textFromValue(int number) const {
@@ -117,7 +164,8 @@ QString NumberField::textFromValue(int number) const {
 int NumberField::valueFromText(const QString &text) const {
     if (text == QString::number(value()))
         return value();
-    return std::clamp(WholeNumber(WithoutZeroText(text), cutsFraction_).value_or(0), 0, maximum_);
+    const std::optional<Decimal> number = ReadDecimal(text, cutsFraction_);
+    return number ? std::clamp(number->Rounded(), 0, maximum_) : 0;
 }
 
 QAbstractSpinBox::StepEnabled NumberField::stepEnabled() const {

@@ -5,7 +5,8 @@
 namespace vtr {
 
 /// A numeric field: a whole number from 0 to a maximum, typed or stepped. Typing is held within the range at
-/// every key; a pasted fraction is rounded, halves to the even number.
+/// every key. A fraction is rounded, halves to the even number: a pasted one at once, a typed one when the
+/// field is left; until then it stays as it is typed.
 class NumberField : public QSpinBox {
     Q_OBJECT
 
@@ -20,17 +21,19 @@ class NumberField : public QSpinBox {
     void ShowRecordValue(int number);
     /// Shows text instead of "0". A digit typed into it replaces it.
     void SetZeroText(const QString &text);
-    /// From now on a pasted fraction is cut off instead of rounded.
+    /// From now on a fraction is cut off instead of rounded.
     void CutFraction() { cutsFraction_ = true; }
 
     void stepBy(int steps) override;
-    /// Rewrites text to the nearest number of the range; an empty text and a lone "-" are left alone.
+    /// Rewrites text to the nearest number of the range; an empty text and a lone sign are left alone.
     QValidator::State validate(QString &text, int &position) const override;
 
   Q_SIGNALS:
     /// The user or SetNumber changed the number. Unlike valueChanged it does not come for the Enter key
     /// alone.
     void NumberChanged(int number);
+    /// What was typed or pasted cannot be taken; why, in a sentence for the user.
+    void Refused(const QString &why) const;
 
   protected:
     QString textFromValue(int number) const override;
@@ -47,6 +50,7 @@ class NumberField : public QSpinBox {
     bool InRange(int number) const { return number >= 0 && number <= maximum_; }
     void WidenTo(int number);
     void TellChange(int number);
+    QValidator::State Refuse(const QString &text) const;
     QString WithoutZeroText(const QString &text) const;
 
     int maximum_;
