@@ -371,5 +371,26 @@ TEST_F(WithoutATerrainMap, EveryPositionLiesOnTypeZeroFacingNorth) {
     }
 }
 
+using WithoutATilesFolder = EditorWindow;
+
+TEST_F(WithoutATilesFolder, TheEmptyTileSaysWhatSetsIt) {
+    WriteSample();
+    std::string project = folder.Content("sample.prj");
+    project.erase(project.find("TILESDIR="));
+    folder.Make("sample.prj", project);
+    window().Start(QString::fromStdString(SamplePath()));
+    ASSERT_TRUE(session->campaign.ProjectLoaded);
+    int shown = 0;
+    WhenModalOpens([&shown](QWidget &dialog) {
+        ++shown;
+        const auto &advice = Find<QLabel>(dialog, "lbl_advice");
+        EXPECT_TRUE(advice.isVisible());
+        EXPECT_EQ(advice.text(), "\"Tiles Folder...\" in the menu \"Project\" sets that folder.");
+        dialog.close();
+    });
+    Press<QPushButton>(window(), QStringLiteral("cmd_tar_precise"));
+    EXPECT_EQ(shown, 1);
+}
+
 }  // namespace
 }  // namespace vtr

@@ -104,12 +104,22 @@ class PreciseDialog : public ::testing::Test {
                 checked += name;
         return checked;
     }
+    QString LabelText(const char *name) { return Find<QLabel>(*dialog, name).text(); }
     QString Reason() { return Find<QLabel>(*dialog, "lbl_reason").text(); }
     void ExpectMetres(double x, double y) {
         EXPECT_EQ(dialog->MetresX(), x);
         EXPECT_EQ(dialog->MetresY(), y);
     }
     void ExpectCross(int x, int y) { ExpectCrossIn(Tile().Shown(), x, y); }
+
+    /// Opens it with the focus where it goes by itself.
+    void ShowActive() {
+        dialog->show();
+        QApplication::setActiveWindow(dialog.get());
+        QCoreApplication::processEvents();
+        ASSERT_NE(dialog->focusWidget(), nullptr);
+        ASSERT_TRUE(dialog->focusWidget()->hasFocus());
+    }
 
     /// Showing tile 1 brings that message and leaves an empty tile.
     void ExpectRefused(const QString &message, QMessageBox::Icon icon) {

@@ -1,3 +1,4 @@
+#include <QDir>
 #include <QGroupBox>
 #include <QScrollBar>
 #include <vector>
@@ -230,6 +231,7 @@ TEST_F(PreciseDialog, AnUnreadableKindIsRefusedWithTheReadersMessageWheneverItIs
     for (int again = 0; again < 2; ++again)
         EXPECT_EQ(BoxShownBy([this] { Press<QRadioButton>(*dialog, "Opt_S"); }).text, message);
     EXPECT_EQ(Reason(), message);
+    EXPECT_TRUE(LabelText("lbl_advice").contains(folder.filePath("BNGrass.pcx")));
     ClickOk();
     ExpectMetres(2050, 1025);
 }
@@ -282,6 +284,60 @@ TEST_F(PreciseDialog, ATileTypeThatTheGameDoesNotKnowShowsWhy) {
     dialog->show();
     Click(10, 10);
     ExpectCross(10, 10);
+}
+
+TEST_F(PreciseDialog, WithATileTypeThatTheGameDoesNotKnowNothingIsChosenWhereverTheFocusGoes) {
+    WriteTile("BNField8.pcx");
+    for (const std::uint8_t type : std::initializer_list<std::uint8_t>{59, 63}) {
+        Open();
+        dialog->ShowTile(type, 0.5F);
+        ShowActive();
+        auto &tiles = Find<QListWidget>(*dialog, "lst_tiles");
+        Find<QRadioButton>(*dialog, "Opt_W").setFocus();
+        tiles.setFocus();
+        ASSERT_TRUE(tiles.hasFocus());
+        EXPECT_EQ(tiles.currentRow(), -1);
+        EXPECT_TRUE(tiles.selectedItems().isEmpty());
+        EXPECT_EQ(Reason(),
+                  QStringLiteral("The game has no tile of type %1, so there is no picture of it: its "
+                                 "types are 0 to 58.")
+                      .arg(type));
+        EXPECT_EQ(Pixel(200, 200), Pixel(201, 200)) << "the picture of another tile";
+        ExpectCross(0, 0);
+        Click(64, 192);
+        ExpectCross(64, 192);
+        EXPECT_EQ(tiles.currentRow(), -1);
+        ClickOk();
+        ExpectMetres(1025, 3075);
+    }
+}
+
+TEST_F(PreciseDialog, WhyATileIsEmptyIsToldWithTheFileAndWithWhatToDo) {
+    const auto expect = [this](const QString &reason, const QString &advice) {
+        dialog->ShowTile(1, 0);
+        EXPECT_EQ(Reason(), reason);
+        EXPECT_EQ(LabelText("lbl_advice"), advice);
+        EXPECT_EQ(Tile().size(), QSize(256, 256));
+    };
+    const QString replaceIt = "Copy the game's own file over it: " + folder.filePath("BNGrass.pcx");
+    dialog->show();
+    expect("BNGrass.pcx is not in the folder of the tiles, " + folder.path(),
+           "\"Tiles Folder...\" in the menu \"Project\" sets that folder.");
+    EXPECT_TRUE(Find<QLabel>(*dialog, "lbl_advice").isVisible());
+    ASSERT_TRUE(QDir(folder.path()).mkdir("BNGrass.pcx"));
+    expect("BNGrass.pcx cannot be read: it may be a folder, or a file that you may not open.", replaceIt);
+    ASSERT_TRUE(QDir(folder.path()).rmdir("BNGrass.pcx"));
+    Write("BNGrass.pcx", PcxFile(4, 4, Pattern).left(60));
+    expect("BNGrass.pcx is damaged: it does not hold a whole picture.", replaceIt);
+    Write("BNGrass.pcx", PcxFile(4, 4, Pattern).left(140));
+    expect("BNGrass.pcx is damaged: it does not hold a whole picture.", replaceIt);
+    QByteArray file = PcxFile(4, 4, Pattern);
+    file[65] = 4;
+    Write("BNGrass.pcx", file);
+    expect("BNGrass.pcx is no picture of one or three colour planes.", replaceIt);
+    WriteTile("BNGrass.pcx");
+    expect("", "");
+    EXPECT_FALSE(Find<QLabel>(*dialog, "lbl_advice").isVisible());
 }
 
 TEST_F(PreciseDialog, TheTileTakesThePicturesSizeWithScrollBarsOnlyAbove512) {

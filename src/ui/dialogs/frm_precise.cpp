@@ -58,29 +58,57 @@ Picture EmptyTile() {
             std::vector<std::uint32_t>(std::size_t{emptyTileSize} * emptyTileSize, 0xFFC0C0C0)};
 }
 
-/// A tile's picture, or why there is none.
+/// A tile's picture, or why there is none and what to do about it.
 struct LoadedTile {
-    Picture picture;
-    QString reason;
-    std::optional<PcxRefusal> refusal;  ///< with a message of its own
+    Picture picture{};
+    QString reason{};
+    QString advice{};
+    std::optional<PcxRefusal> refusal{};  ///< with a message of its own
 };
 
+/// How the reason for a file that cannot be shown goes on after the file's name.
+QString DamageText(const Error &error) {
+    switch (error.Kind()) {
+        case ErrorKind::FileAccess:
+            return QStringLiteral("cannot be read: it may be a folder, or a file that you may not open.");
+        case ErrorKind::Overflow:
+            return QStringLiteral("has a size that no tile can have: %1.")
+                .arg(QString::fromStdString(error.Found()));
+        default:
+            return QStringLiteral("is damaged: it does not hold a whole picture.");
+    }
+}
+
 LoadedTile LoadTile(const std::string &folder, int type) {
+    if (type >= tileTypeCount)
+        return {.reason = QStringLiteral("The game has no tile of type %1, so there is no picture of it: its "
+                                         "types are 0 to %2.")
+                              .arg(type)
+                              .arg(tileTypeCount - 1)};
+    const std::string path = TilePicturePath(folder, type);
+    const QString file = QString::fromStdString(TilePictureFile(type)) + QLatin1Char(' ');
+    const QString replaceIt =
+        QStringLiteral("Copy the game's own file over it: %1").arg(QString::fromStdString(path));
     try {
-        PcxResult result = LoadPcx(TilePicturePath(folder, type));
+        PcxResult result = LoadPcx(path);
         if (auto *const loaded = std::get_if<PcxPicture>(&result))
-            return {std::move(loaded->picture), {}, {}};
+            return {.picture = std::move(loaded->picture)};
         const PcxRefusal refusal = std::get<PcxRefusal>(result);
         if (refusal.message.empty())
-            return {{},
-                    QStringLiteral("%1 is no picture of one or three colour planes.")
-                        .arg(QString::fromStdString(TilePictureFile(type))),
-                    {}};
-        return {{},
-                QString::fromUtf8(refusal.message.data(), static_cast<qsizetype>(refusal.message.size())),
-                refusal};
+            return {.reason = file + QStringLiteral("is no picture of one or three colour planes."),
+                    .advice = replaceIt};
+        return {.reason =
+                    QString::fromUtf8(refusal.message.data(), static_cast<qsizetype>(refusal.message.size())),
+                .advice = replaceIt,
+                .refusal = refusal};
     } catch (const Error &error) {
-        return {{}, QString::fromUtf8(error.what()), {}};
+        if (error.Kind() != ErrorKind::FileMissing)
+            return {.reason = file + DamageText(error), .advice = replaceIt};
+        return {
+            .reason =
+                file +
+                QStringLiteral("is not in the folder of the tiles, %1").arg(QString::fromStdString(folder)),
+            .advice = QStringLiteral("\"Tiles Folder...\" in the menu \"Project\" sets that folder.")};
     }
 }
 
@@ -101,8 +129,14 @@ void FillRed(Picture &picture, const QRect &rectangle) {
 
 QLabel *MakeText(const QString &text) {
     auto *const label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     return label;
+}
+
+void ShowUnlessEmpty(QLabel &label, const QString &text) {
+    label.setText(text);
+    label.setVisible(!text.isEmpty());
 }
 
 }  // namespace
@@ -115,28 +149,29 @@ frm_precise::frm_precise(std::string tilesFolder, QWidget *parent)
       picture_(new TilePicture(QStringLiteral("pic_tile"))),
       hidden_(new TilePicture(QStringLiteral("pic_hidden"), this)),
       scroll_(new QScrollArea),
-      reason_(new QLabel),
-      readOut_{new QLabel(QStringLiteral("0.00 m")), new QLabel(QStringLiteral("0.00 m"))} {
+      reason_(MakeText({})),
+      advice_(MakeText({})),
+      readOut_{new QLabel(QStringLiteral("0.00 m")), new QLabel(QStringLiteral("0.00 m"))},
+      position_(new QLabel) {
     setObjectName(QStringLiteral("frm_precise"));
     setWindowTitle(QStringLiteral("Precise Position"));
     hidden_->hide();
     reason_->setObjectName(QStringLiteral("lbl_reason"));
-    reason_->setTextFormat(Qt::PlainText);
-    reason_->setWordWrap(true);
     reason_->hide();
+    advice_->setObjectName(QStringLiteral("lbl_advice"));
+    advice_->hide();
 
     auto *const layout = new QGridLayout(this);
     layout->addLayout(BuildSide(), 0, 0);
     layout->addWidget(BuildTileArea(), 0, 1, Qt::AlignTop | Qt::AlignHCenter);
-    layout->addWidget(reason_, 1, 0, 1, 2);
-    layout->addWidget(
-        MakeText(QStringLiteral("Precise Positions are given in metres from the top left corner "
-                                "of the tile. Tiles are 4100x4100 metres.")),
-        2, 0, 1, 2);
-    layout->addWidget(
-        MakeText(QStringLiteral("The measurements are based on a tile of 4.1 km \u00D7 4.1 km.")), 3, 0, 1,
-        2);
-    layout->addLayout(OkCancelRow(*this), 4, 0, 1, 2);
+    int row = 1;
+    for (QLabel *const text :
+         {reason_, advice_,
+          MakeText(QStringLiteral("Precise Positions are given in metres from the top left corner "
+                                  "of the tile. Tiles are 4100x4100 metres.")),
+          MakeText(QStringLiteral("The measurements are based on a tile of 4.1 km \u00D7 4.1 km."))})
+        layout->addWidget(text, row++, 0, 1, 2);
+    layout->addLayout(OkCancelRow(*this), row, 0, 1, 2);
     layout->setColumnStretch(1, 1);
     layout->setRowStretch(0, 1);
     ShowPicture(EmptyTile());
@@ -179,6 +214,9 @@ QLayout *frm_precise::BuildSide() {
         readOut_[axis]->setObjectName(QStringLiteral("lbl_") + names[axis].toLower());
         metres->addRow(names[axis] + QStringLiteral(":"), readOut_[axis]);
     }
+    position_->setObjectName(QStringLiteral("lbl_position"));
+    position_->setToolTip(QStringLiteral("The position of the cross, in whole metres as it is stored"));
+    metres->addRow(QStringLiteral("Cross:"), position_);
 
     auto *const side = new QVBoxLayout;
     side->addWidget(tilesLabel);
@@ -197,7 +235,10 @@ QWidget *frm_precise::BuildTileArea() {
     margin->addWidget(picture_);
     picture_->setAccessibleName(QStringLiteral("Tile"));
     picture_->setToolTip(
-        QStringLiteral("Click the exact position, 0 to 4100 metres from the top left corner"));
+        QStringLiteral("Click the exact position, 0 to 4100 metres from the top left corner, or move the "
+                       "cross with the arrow keys"));
+    picture_->setFocusPolicy(Qt::StrongFocus);
+    connect(picture_, &TilePicture::NudgeRequested, this, &frm_precise::MoveCross);
     picture_->setCursor(Qt::CrossCursor);
     around->installEventFilter(this);
     picture_->installEventFilter(this);
@@ -226,8 +267,8 @@ void frm_precise::Draw(Tile tile) {
     rotation_ = Orientations()[OrientationOf(tile.rotation)].rotation;
     SelectControls();
     const LoadedTile loaded = LoadTile(tilesFolder_, tile.type);
-    reason_->setText(loaded.reason);
-    reason_->setVisible(!loaded.reason.isEmpty());
+    ShowUnlessEmpty(*reason_, loaded.reason);
+    ShowUnlessEmpty(*advice_, loaded.advice);
     hidden_->SetPicture(loaded.picture);
     if (loaded.picture.Empty()) {
         ShowPicture(EmptyTile());
@@ -236,7 +277,9 @@ void frm_precise::Draw(Tile tile) {
         if (tile.rotation != 0)
             Turn(tile.rotation);
     }
+    turned_ = picture_->Shown();
     DrawCross();
+    ScrollToCross();
     // A click that passed unheeded while the tile turned has moved the marks all the same.
     SelectControls();
     if (loaded.refusal)
@@ -246,7 +289,10 @@ void frm_precise::Draw(Tile tile) {
 }
 
 void frm_precise::SelectControls() {
-    tiles_->setCurrentRow(*type_ < tileTypeCount ? *type_ : -1);
+    if (*type_ < tileTypeCount)
+        tiles_->setCurrentRow(*type_);
+    else
+        tiles_->setCurrentIndex({});  // unlike setCurrentRow(-1) it lets the focus come without a choice
     orientation_->button(static_cast<int>(OrientationOf(rotation_)))->setChecked(true);
 }
 
@@ -277,23 +323,63 @@ void frm_precise::Turn(float rotation) {
 
 void frm_precise::DrawCross() {
     Picture &surface = picture_->Surface();
-    const int x = RoundToInt32(surface.width * fraction_[0]);
-    const int y = RoundToInt32(surface.height * fraction_[1]);
-    FillRed(surface, QRect(QPoint(x, y - 5), QPoint(x, y + 6)));
-    FillRed(surface, QRect(QPoint(x - 5, y), QPoint(x + 6, y)));
+    surface = turned_;
+    const QPoint at = Cross();
+    FillRed(surface, QRect(at - QPoint(0, 5), at + QPoint(0, 6)));
+    FillRed(surface, QRect(at - QPoint(5, 0), at + QPoint(6, 0)));
     picture_->update();
+    const QString position = QStringLiteral("%1 m, %2 m")
+                                 .arg(RoundToInt32(fraction_[0] * tileMetres))
+                                 .arg(RoundToInt32(fraction_[1] * tileMetres));
+    position_->setText(position);
+    picture_->setAccessibleDescription(QStringLiteral("The cross is at ") + position);
+}
+
+QPoint frm_precise::Cross() const {
+    const Picture &shown = picture_->Shown();
+    return {RoundToInt32(shown.width * fraction_[0]), RoundToInt32(shown.height * fraction_[1])};
+}
+
+/// Where in the tile a pixel of its picture lies; one outside lies at the edge.
+std::array<double, 2> frm_precise::FractionAt(QPoint pixel) const {
+    const QSize size = picture_->size();
+    return {std::clamp(pixel.x(), 0, size.width()) / double(size.width()),
+            std::clamp(pixel.y(), 0, size.height()) / double(size.height())};
+}
+
+void frm_precise::MoveCross(int dx, int dy) {
+    const std::array<double, 2> to = FractionAt(Cross() + QPoint(dx, dy));
+    fraction_[dx != 0 ? 0 : 1] = to[dx != 0 ? 0 : 1];
+    if (busy_)
+        return;  // the cross is drawn when the tile has turned
+    DrawCross();
+    ScrollToCross();
+}
+
+void frm_precise::ScrollToCross() {
+    if (!isVisible() || picture_->visibleRegion().contains(Cross()))
+        return;
+    QWidget *const around = picture_->parentWidget();
+    around->layout()->activate();  // at once: the picture may have got another size
+    const QPoint at = picture_->mapTo(around, Cross());
+    scroll_->ensureVisible(at.x(), at.y());
+}
+
+void frm_precise::showEvent(QShowEvent *event) {
+    QDialog::showEvent(event);
+    ScrollToCross();
 }
 
 bool frm_precise::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == picture_ && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut))
+        picture_->parentWidget()->setBackgroundRole(event->type() == QEvent::FocusIn ? QPalette::Highlight
+                                                                                     : QPalette::NoRole);
     const bool released = event->type() == QEvent::MouseButtonRelease;
     if (!released && event->type() != QEvent::MouseMove)
         return QDialog::eventFilter(watched, event);
-    const QSize size = picture_->size();
-    const QPoint at =
+    const std::array<double, 2> fraction = FractionAt(
         picture_->mapFrom(this, qobject_cast<QWidget *>(watched)->mapTo(
-                                    this, static_cast<const QMouseEvent *>(event)->position().toPoint()));
-    const std::array<double, 2> fraction{std::clamp(at.x(), 0, size.width()) / double(size.width()),
-                                         std::clamp(at.y(), 0, size.height()) / double(size.height())};
+                                    this, static_cast<const QMouseEvent *>(event)->position().toPoint())));
     for (std::size_t axis = 0; axis < fraction.size(); ++axis)
         readOut_[axis]->setText(MetresText(fraction[axis] * tileMetres));
     if (released) {

@@ -38,6 +38,7 @@ class frm_precise : public QDialog {
 
   protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
   private:
     struct Tile {
@@ -52,6 +53,10 @@ class frm_precise : public QDialog {
     void ShowPicture(const Picture &picture);
     void Turn(float rotation);
     void DrawCross();
+    QPoint Cross() const;
+    std::array<double, 2> FractionAt(QPoint pixel) const;
+    void MoveCross(int dx, int dy);
+    void ScrollToCross();
 
     std::string tilesFolder_;
     std::array<double, 2> metres_{};
@@ -60,6 +65,7 @@ class frm_precise : public QDialog {
     float rotation_ = 0;
     bool busy_ = false;
     std::optional<Tile> waiting_;
+    Picture turned_;  ///< what the tile shows, without the cross
 
     QListWidget *tiles_;
     QButtonGroup *orientation_;
@@ -67,7 +73,9 @@ class frm_precise : public QDialog {
     TilePicture *hidden_;
     QScrollArea *scroll_;
     QLabel *reason_;
+    QLabel *advice_;
     std::array<QLabel *, 2> readOut_;
+    QLabel *position_;
 };
 
 }  // namespace vtr

@@ -6,7 +6,7 @@
 
 namespace vtr {
 
-/// A picture on the screen, a pixel of it a pixel there.
+/// A picture on the screen, a pixel of it a pixel there. Assistive tools are told that it is one.
 class TilePicture : public QWidget {
     Q_OBJECT
 
@@ -19,7 +19,12 @@ class TilePicture : public QWidget {
     /// What it shows, to be drawn on without changing its size; call update() afterwards.
     Picture &Surface() { return picture_; }
 
+  Q_SIGNALS:
+    /// An arrow key: what is marked in the picture is to move by (dx, dy) pixels.
+    void NudgeRequested(int dx, int dy);
+
   protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
   private:
