@@ -156,6 +156,39 @@ TEST_F(AirfieldPanelTest, WithoutAnAirfieldThePanelIsDisabledAndStoresNothing) {
     EXPECT_EQ(Everything(*campaign), before);
 }
 
+TEST_F(AirfieldPanelTest, WithoutAnAirfieldThePanelShowsNothingAndSaysWhy) {
+    const auto expectNothing = [this] {
+        EXPECT_EQ(ShownIn(panel, "txt_air_code"), "");
+        EXPECT_EQ(ShownIn(panel, "txt_air_orientation"), "");
+        for (const QComboBox *list : panel.findChildren<QComboBox *>())
+            EXPECT_EQ(list->currentIndex(), -1) << list->objectName().toStdString();
+        EXPECT_EQ(panel.toolTip(), "The selected target is no airfield; its box \"Airfield\" makes it one");
+    };
+    expectNothing();
+    Record(3).airfield_extra_word = 0;
+    panel.ShowAirfield(3);
+    EXPECT_EQ(ShownIn(panel, "txt_air_orientation"), "0");
+    EXPECT_EQ(panel.toolTip(), "The airfield of the selected target");
+    const std::string before = Everything(*campaign);
+    panel.ShowAirfield(std::nullopt);
+    expectNothing();
+    panel.ShowAirfield(162);
+    panel.ShowAirfield(std::nullopt);
+    expectNothing();
+    EXPECT_EQ(Everything(*campaign), before);
+    EXPECT_EQ(changed.size(), 0);
+}
+
+TEST_F(AirfieldPanelTest, DisabledByAnotherEditModeItKeepsItsRecordAndSaysWhy) {
+    panel.ShowAirfield(3);
+    panel.setEnabled(false);
+    EXPECT_EQ(ShownIn(panel, "txt_air_code"), "3");
+    EXPECT_EQ(panel.toolTip(),
+              "Airfields are edited in the target mode (F2), once their target is selected there");
+    panel.setEnabled(true);
+    EXPECT_EQ(panel.toolTip(), "The airfield of the selected target");
+}
+
 TEST_F(AirfieldPanelTest, AnAirfieldAbove161IsShownDisabledWithItsNumberAndTheReason) {
     panel.ShowAirfield(3);
     panel.ShowAirfield(162);

@@ -126,6 +126,18 @@ TEST_F(FrontlinePanelTest, CopyingAsksAndMakesAllSlotsAlike) {
     ExpectShown(Point(7, 3));
 }
 
+TEST_F(FrontlinePanelTest, EnterCopiesNothing) {
+    const std::string before = Everything(*campaign);
+    bool asked = false;
+    WhenModalOpens<QMessageBox>([&asked](QMessageBox &box) {
+        asked = true;
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    Find<QPushButton>(panel, "cmd_frnt_copy").click();
+    EXPECT_TRUE(asked);
+    EXPECT_EQ(Everything(*campaign), before);
+}
+
 TEST_F(FrontlinePanelTest, AnsweringNoCopiesNothing) {
     const std::string before = Everything(*campaign);
     ShownBox box;

@@ -219,8 +219,8 @@ TEST_F(KeyboardTest, TabGoesThroughEveryControlOfARailwayLineInReadingOrder) {
     Entry("mnu_e_railway").trigger();
     ExpectTabWalk({"upd_viewfrontline", "upd_view_railint", "upd_view_roadint"},
                   {"upd_rail_linenum", "chk_rail_auto", "upd_rail_x1", "upd_rail_xm1", "cmd_rail_precise1",
-                   "upd_rail_y1", "upd_rail_ym1", "cmd_rail_disable", "upd_rail_x2", "upd_rail_xm2",
-                   "cmd_rail_precise2", "upd_rail_y2", "upd_rail_ym2", "cmd_Enable"});
+                   "upd_rail_y1", "upd_rail_ym1", "upd_rail_x2", "upd_rail_xm2", "cmd_rail_precise2",
+                   "upd_rail_y2", "upd_rail_ym2", "cmd_Enable", "cmd_rail_disable"});
 }
 
 TEST_F(KeyboardTest, TabGoesThroughEveryControlOfAnInterdictionPathInReadingOrder) {

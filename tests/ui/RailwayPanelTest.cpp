@@ -171,6 +171,31 @@ TEST_F(RailwayPanelTest, AnsweringYesToDisableWithLine0ClearsEveryLine) {
     EXPECT_EQ(campaign->firstDisabledRailwayLine, 0);
 }
 
+TEST_F(RailwayPanelTest, NoIsTheButtonThatEnterPressesInTheQuestion) {
+    Select(850);
+    const std::string before = Everything(*campaign);
+    bool asked = false;
+    WhenModalOpens<QMessageBox>([&asked](QMessageBox &box) {
+        asked = true;
+        EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    Click("cmd_rail_disable");
+    EXPECT_TRUE(asked);
+    EXPECT_EQ(Everything(*campaign), before);
+}
+
+TEST_F(RailwayPanelTest, TheButtonThatDisablesLinesStandsInARowOfItsOwn) {
+    panel.resize(panel.sizeHint());
+    panel.show();
+    const QRect disable = Find<QPushButton>(panel, "cmd_rail_disable").geometry();
+    for (const QWidget *other : panel.findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+        const QRect place = other->geometry();
+        EXPECT_TRUE(place == disable || place.bottom() < disable.top() || place.top() > disable.bottom())
+            << other->objectName().toStdString();
+    }
+}
+
 TEST_F(RailwayPanelTest, AnsweringNoDisablesNothing) {
     Select(850);
     const std::string before = Everything(*campaign);

@@ -289,6 +289,23 @@ TEST_F(TargetPanelTest, TheAirfieldBoxStoresTheMarkAndTellsTheAirfield) {
     EXPECT_EQ(changed.size(), 2);
 }
 
+TEST_F(TargetPanelTest, TickingTheAirfieldBoxOfATargetWhoseReferenceIs0SaysThatNoFileKeepsIt) {
+    auto &box = Find<QCheckBox>(panel, "chk_tar_airfield");
+    Record(5).airfield_ref = 0;
+    Record(7).airfield_ref = 1;
+    Select(7);
+    box.click();
+    EXPECT_EQ(messages.size(), 0);
+    Record(5).airfield_mark = 65535;
+    Select(5);
+    EXPECT_TRUE(box.isChecked());
+    box.click();
+    EXPECT_EQ(messages.size(), 0);
+    box.click();
+    ASSERT_EQ(messages.size(), 1);
+    EXPECT_EQ(messages.front().front().toString(), "No file keeps this tick: its airfield is 0.");
+}
+
 TEST_F(TargetPanelTest, AnyMarkButZeroChecksTheBoxAndStays) {
     Record(5).airfield_mark = 1;
     Select(5);

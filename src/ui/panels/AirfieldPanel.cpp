@@ -1,5 +1,6 @@
 #include "AirfieldPanel.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,8 +15,6 @@
 namespace vtr {
 
 namespace {
-
-const QString panelToolTip = QStringLiteral("The airfield of the selected target");
 
 void AddLabel(QGridLayout &grid, const QString &caption, QWidget *field, int row, int column) {
     auto *label = new QLabel(caption, field->parentWidget());
@@ -107,32 +106,53 @@ void AirfieldPanel::BindList(ChoiceField *list, std::function<void(int entry)> s
 }
 
 void AirfieldPanel::ShowAirfield(std::optional<int> airfield) {
-    constexpr int last = airfieldTotal - 1;
-    const bool exists = airfield && *airfield <= last;
-    const bool missing = airfield && !exists;
-    const QString codeToolTip =
-        missing ? QStringLiteral(
-                      "The target refers to airfield %1, but the last one is %2: there is no record "
-                      "to show or edit")
-                      .arg(*airfield)
-                      .arg(last)
-                : QStringLiteral("Index of the airfield's record, 0 to %1").arg(last);
-    setToolTip(missing ? codeToolTip : panelToolTip);
-    code_->setToolTip(codeToolTip);
-    session_.airfieldFrameEnabled = exists;
+    const bool exists = airfield && *airfield < static_cast<int>(airfieldTotal);
+    missing_ = exists ? std::nullopt : airfield;
     airfield_ = exists ? airfield : std::nullopt;
+    session_.airfieldFrameEnabled = exists;
     Refresh();
-    if (!missing)
-        return;
-    code_->setText(QString::number(*airfield));
-    orientation_->ShowRecordValue(0);
+}
+
+void AirfieldPanel::ShowToolTip() {
+    constexpr int last = airfieldTotal - 1;
+    const QString whyMissing = QStringLiteral(
+                                   "The target refers to airfield %1, but the last one is %2: there is no "
+                                   "record to show or edit")
+                                   .arg(missing_.value_or(0))
+                                   .arg(last);
+    code_->setToolTip(missing_ ? whyMissing
+                               : QStringLiteral("Index of the airfield's record, 0 to %1").arg(last));
+    if (missing_)
+        setToolTip(whyMissing);
+    else if (!airfield_)
+        setToolTip(QStringLiteral("The selected target is no airfield; its box \"Airfield\" makes it one"));
+    else if (!isEnabled())
+        setToolTip(QStringLiteral(
+            "Airfields are edited in the target mode (F2), once their target is selected there"));
+    else
+        setToolTip(QStringLiteral("The airfield of the selected target"));
+}
+
+void AirfieldPanel::changeEvent(QEvent *event) {
+    Panel::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange)
+        ShowToolTip();
+}
+
+void AirfieldPanel::ShowNoRecord() {
+    code_->setText(missing_ ? QString::number(*missing_) : QString());
+    if (missing_)
+        orientation_->ShowRecordValue(0);
+    else
+        orientation_->ShowNothing();
     for (ChoiceField *list : findChildren<ChoiceField *>())
         list->ShowEntry(-1);
 }
 
 void AirfieldPanel::Refresh() {
+    ShowToolTip();
     if (!airfield_)
-        return;
+        return ShowNoRecord();
     const AirfieldRecord &airfield = campaign_.AirfieldTable[static_cast<std::size_t>(*airfield_)];
     code_->setText(QString::number(*airfield_));
     orientation_->ShowRecordValue(airfield.airfield_extra_word);

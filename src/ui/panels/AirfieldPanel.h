@@ -19,18 +19,24 @@ class AirfieldPanel : public Panel {
   public:
     AirfieldPanel(Session &session, QWidget *parent);
 
-    /// Shows the record of that index and lets it be edited. Nothing, or an index that no record has, only
-    /// has the panel disabled, the latter with a tooltip that says why.
+    /// Shows the record of that index and lets it be edited. Nothing, or an index that no record has, empties
+    /// the panel and has it disabled. While it is disabled, its tooltip says why.
     void ShowAirfield(std::optional<int> airfield);
     void Refresh() override;
+
+  protected:
+    void changeEvent(QEvent *event) override;
 
   private:
     void Build();
     void Bind();
+    void ShowToolTip();
+    void ShowNoRecord();
     ChoiceField *MakeList(const QString &name, const QString &meaning, int letters);
     void BindList(ChoiceField *list, std::function<void(int entry)> store);
 
     std::optional<int> airfield_;  ///< the record being edited
+    std::optional<int> missing_;   ///< what the target refers to and no record has
     QLineEdit *code_ = nullptr;
     NumberField *orientation_ = nullptr;
     ChoiceField *country_ = nullptr;

@@ -60,8 +60,8 @@ QPushButton *Panel::MakeButton(const QString &name, const QString &caption, cons
 }
 
 bool AskYesNo(QWidget *parent, const QString &question) {
-    return QMessageBox::question(parent, programTitle, question, QMessageBox::Yes | QMessageBox::No) ==
-           QMessageBox::Yes;
+    return QMessageBox::question(parent, programTitle, question, QMessageBox::Yes | QMessageBox::No,
+                                 QMessageBox::No) == QMessageBox::Yes;
 }
 
 }  // namespace vtr

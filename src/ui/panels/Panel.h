@@ -51,7 +51,7 @@ class Panel : public QGroupBox {
     std::vector<std::pair<NumberField *, const int *>> selectors_;
 };
 
-/// Asks question with Yes and No; true for Yes.
+/// Asks question with Yes and No, which Enter presses; true for Yes.
 bool AskYesNo(QWidget *parent, const QString &question);
 
 }  // namespace vtr

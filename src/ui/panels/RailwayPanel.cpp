@@ -38,8 +38,6 @@ void RailwayPanel::Build() {
     pixels_[Y1] = AddField({"rail_y1", "Y1:", "Row of the line's start", "map pixels", mapHeight - 1}, 2, 0);
     metres_[Y1] =
         AddField({"rail_ym1", "+ m:", "Start: metres from the tile's top edge", "m", tileMetres}, 2, 2);
-    disable_ = AddButton(QStringLiteral("cmd_rail_disable"), QStringLiteral("Disable Lines"),
-                         QStringLiteral("Clear this line and all lines after it"), 2);
     pixels_[X2] = AddField({"rail_x2", "X&2:", "Column of the line's end", "map pixels", mapWidth - 1}, 3, 0);
     metres_[X2] =
         AddField({"rail_xm2", "+ m:", "End: metres from the tile's left edge", "m", tileMetres}, 3, 2);
@@ -50,7 +48,10 @@ void RailwayPanel::Build() {
         AddField({"rail_ym2", "+ m:", "End: metres from the tile's top edge", "m", tileMetres}, 4, 2);
     enable_ = AddButton(QStringLiteral("cmd_Enable"), QStringLiteral("Enable All"),
                         QStringLiteral("Count no line as disabled; cleared lines are not restored"), 4);
-    Grid().setRowStretch(5, 1);
+    // In a row of its own, where nobody presses it who meant another button.
+    disable_ = AddButton(QStringLiteral("cmd_rail_disable"), QStringLiteral("Disable Lines"),
+                         QStringLiteral("Clear this line and all lines after it"), 5);
+    Grid().setRowStretch(6, 1);
 }
 
 QPushButton *RailwayPanel::AddButton(const QString &name, const QString &caption, const QString &toolTip,

@@ -154,6 +154,10 @@ void TargetPanel::StoreName() {
 
 void TargetPanel::StoreIsAirfield() {
     SetTargetIsAirfield(campaign_, Target(), isAirfield_->isChecked());
+    // The file holds the reference alone: one of 0 is read as no airfield.
+    if (isAirfield_->isChecked() &&
+        campaign_.TargetTable[static_cast<std::size_t>(Target())].airfield_ref == 0)
+        Q_EMIT StatusMessage(QStringLiteral("No file keeps this tick: its airfield is 0."));
     TellAirfield();
     Q_EMIT Changed();
 }

@@ -110,6 +110,11 @@ void NumberField::ShowRecordValue(int number) {
     told_ = number;
 }
 
+void NumberField::ShowNothing() {
+    ShowRecordValue(0);
+    clear();
+}
+
 void NumberField::SetZeroText(const QString &text) {
     zeroText_ = text;
     lineEdit()->setText(textFromValue(value()));

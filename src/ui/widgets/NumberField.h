@@ -19,6 +19,8 @@ class NumberField : public QSpinBox {
     /// Shows the number that a record holds and tells nobody. One outside the range, which a file may hold,
     /// is shown as it is until the user edits it.
     void ShowRecordValue(int number);
+    /// Shows an empty text, and tells nobody, until a number is shown or set.
+    void ShowNothing();
     /// Shows text instead of "0". A digit typed into it replaces it.
     void SetZeroText(const QString &text);
     /// From now on a fraction is cut off instead of rounded.
