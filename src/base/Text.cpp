@@ -39,27 +39,6 @@ std::string Utf8OfWindows1252(std::string_view bytes) {
     return text;
 }
 
-std::optional<std::string> Windows1252OfUtf8(std::string_view text) {
-    std::string bytes;
-    while (!text.empty()) {
-        const auto startsWith = [text](int byte) {
-            const char character = static_cast<char>(byte);
-            return text.starts_with(Utf8OfWindows1252({&character, 1}));
-        };
-        int byte = static_cast<std::uint8_t>(text.front());
-        if (byte >= 128) {
-            byte = 128;
-            while (byte < 256 && !startsWith(byte))
-                ++byte;
-        }
-        if (byte == 256)
-            return std::nullopt;
-        bytes.push_back(static_cast<char>(byte));
-        text.remove_prefix(Utf8OfWindows1252({&bytes.back(), 1}).size());
-    }
-    return bytes;
-}
-
 bool IsUtf8(std::string_view bytes) {
     std::size_t at = 0;
     while (at < bytes.size()) {
@@ -100,6 +79,32 @@ std::string Shortened(std::string_view text, std::size_t longest) {
     while (end + 3 > longest && (static_cast<std::uint8_t>(text[end]) & 0xC0) == 0x80)
         --end;
     return std::string(text.substr(0, end)) + "...";
+}
+
+std::optional<std::string> SingleByteProjectText(std::string_view text) {
+    std::string bytes;
+    std::string_view rest = text;
+    while (!rest.empty()) {
+        const auto startsWith = [rest](int byte) {
+            const char character = static_cast<char>(byte);
+            return rest.starts_with(Utf8OfWindows1252({&character, 1}));
+        };
+        int byte = static_cast<std::uint8_t>(rest.front());
+        if (byte >= 128) {
+            byte = 128;
+            while (byte < 256 && !startsWith(byte))
+                ++byte;
+        }
+        if (byte == 256)
+            return std::nullopt;
+        bytes.push_back(static_cast<char>(byte));
+        rest.remove_prefix(Utf8OfWindows1252({&bytes.back(), 1}).size());
+    }
+    return Utf8OfProjectText(bytes) == text ? std::optional(bytes) : std::nullopt;
+}
+
+std::string ProjectTextOfUtf8(std::string_view text) {
+    return SingleByteProjectText(text).value_or(std::string(text));
 }
 
 std::string UpperAscii(std::string_view text) {

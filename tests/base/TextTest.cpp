@@ -83,6 +83,18 @@ TEST(Text, TakesAFileNameAsUtf8WhenItIsAndAsWindows1252WhenItIsNot) {
     EXPECT_EQ(Utf8OfProjectText("VTR.TM"), "VTR.TM");
 }
 
+TEST(Text, IsWrittenInSingleBytesWhereTheyAreReadBackAsItAndInUtf8Elsewhere) {
+    EXPECT_EQ(ProjectTextOfUtf8("VTR.TM"), "VTR.TM");
+    EXPECT_EQ(ProjectTextOfUtf8("München \xE2\x82\xAC"), "M\xFCnchen \x80");
+    EXPECT_EQ(ProjectTextOfUtf8("\xD0\xA4 ü"), "\xD0\xA4 ü");
+    EXPECT_EQ(ProjectTextOfUtf8("Ã©"), "Ã©") << "its single bytes are another letter's UTF-8";
+    EXPECT_EQ(ProjectTextOfUtf8(""), "");
+    for (int value = 0; value < 256; ++value) {
+        const std::string byte(1, static_cast<char>(value));
+        EXPECT_EQ(ProjectTextOfUtf8(Utf8OfWindows1252(byte)), byte);
+    }
+}
+
 TEST(Text, RaisesOnlyAsciiLetters) {
     EXPECT_EQ(UpperAscii("az AZ09@[`{ \xE4\xFF"), "AZ AZ09@[`{ \xE4\xFF");
 }
@@ -90,10 +102,10 @@ TEST(Text, RaisesOnlyAsciiLetters) {
 TEST(Text, EverySingleByteCharacterComesBackFromUtf8AndOthersHaveNone) {
     for (int value = 0; value < 256; ++value) {
         const std::string byte(1, static_cast<char>(value));
-        EXPECT_EQ(Windows1252OfUtf8("a" + Utf8OfWindows1252(byte) + "b"), "a" + byte + "b") << value;
+        EXPECT_EQ(SingleByteProjectText("a" + Utf8OfWindows1252(byte) + "b"), "a" + byte + "b") << value;
     }
     for (const char *text : {"\u041C", "a\u0100", "\U0001F600"})
-        EXPECT_EQ(Windows1252OfUtf8(text), std::nullopt) << text;
+        EXPECT_EQ(SingleByteProjectText(text), std::nullopt) << text;
 }
 
 TEST(Text, ALongTextIsCutBetweenItsCharacters) {

@@ -82,11 +82,15 @@ ProjectFileFacts DecodeProjectFile(ConstByteSpan bytes, const std::string &path,
 }
 
 Bytes EncodeProjectFile(const ProjectPaths &paths) {
-    std::string text = "Name=" + paths.Name + "\r\n";
+    std::vector<std::pair<std::string_view, std::string>> lines{{"Name", paths.Name}};
     for (const CampaignFile &file : campaignFiles)
-        text.append(file.key).append("=").append(paths.*file.name).append("\r\n");
-    const std::string bytes = Windows1252OfUtf8(text).value_or(text);
-    return {bytes.begin(), bytes.end()};
+        lines.emplace_back(file.key, paths.*file.name);
+    const bool hasSingleBytes = std::ranges::all_of(
+        lines, [](const auto &line) { return SingleByteProjectText(line.second).has_value(); });
+    std::string text;
+    for (const auto &[key, value] : lines)
+        text.append(key).append("=").append(hasSingleBytes ? ProjectTextOfUtf8(value) : value).append("\r\n");
+    return {text.begin(), text.end()};
 }
 
 void DeriveFolders(const std::string &path, ProjectPaths &paths) {
