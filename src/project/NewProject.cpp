@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <set>
 #include <system_error>
 #include <utility>
 
@@ -9,6 +10,7 @@
 #include "Errors.h"
 #include "MapGeneration.h"
 #include "Paths.h"
+#include "Text.h"
 #include "WholeFile.h"
 
 namespace vtr {
@@ -59,6 +61,56 @@ bool AreTheSameFile(const std::string &one, const std::string &other) {
     std::error_code error;
     return std::filesystem::is_regular_file(file, error) &&
            std::filesystem::equivalent(file, FilesystemPath(PathOnDisk(other)), error);
+}
+
+/// The path of a row's usual file in folder, which ends in a separator; empty when it is not there.
+std::string UsualFileIn(const std::string &folder, const NewProjectRow &row) {
+    std::string path = PathOnDisk(folder + std::string(row.usualName));
+    std::error_code error;
+    return std::filesystem::is_regular_file(FilesystemPath(path), error) ? path : std::string();
+}
+
+/// The same for the tiles, which may also lie in a folder directly below.
+std::string TilePictureIn(const std::string &folder) {
+    const NewProjectRow &row = NewProjectRowOf(tilesRow);
+    std::string path = UsualFileIn(folder, row);
+    std::set<std::string> below;  // in one order, whatever the disk's
+    std::error_code error;
+    using Entries = std::filesystem::directory_iterator;
+    for (Entries entry(FilesystemPath(PathOnDisk(folder)), error), end; !error && entry != end;
+         entry.increment(error))
+        below.insert(folder + PathText(entry->path().filename()) + SeparatorOf(folder));
+    for (auto name = below.begin(); path.empty() && name != below.end(); ++name)
+        path = UsualFileIn(*name, row);
+    return path;
+}
+
+std::string WithSeparator(const std::string &folder) {
+    return FileNameOf(folder).empty() ? folder : folder + SeparatorOf(folder);
+}
+
+std::string RowName(std::size_t index) {
+    const std::string_view caption = NewProjectRowOf(index).caption;
+    return std::string(caption.substr(0, caption.find_last_not_of(".:") + 1));
+}
+
+bool Exists(const NewProject &project, std::size_t index) {
+    const std::filesystem::path path = FilesystemPath(PathOnDisk(project.filenames[index]));
+    std::error_code error;
+    return index == tilesRow ? std::filesystem::is_directory(path, error)
+                             : std::filesystem::is_regular_file(path, error);
+}
+
+void AddHint(std::string &text, const char *sentence, const std::vector<std::size_t> &rows) {
+    constexpr std::size_t mostNamed = 3;
+    if (rows.empty())
+        return;
+    if (!text.empty())
+        text += "\n";
+    text += sentence;
+    for (std::size_t i = 0; i < std::min(rows.size(), mostNamed); ++i)
+        text += (i == 0 ? ": " : ", ") + RowName(rows[i]);
+    text += rows.size() > mostNamed ? " and " + std::to_string(rows.size() - mostNamed) + " more." : ".";
 }
 
 void CopyRow(const NewProject &project, std::size_t index, const std::string &folder) {
@@ -134,15 +186,15 @@ void NewProject::Pick(std::size_t index, std::string_view path) {
 }
 
 void NewProject::PickFromFolder(const std::string &folder) {
-    std::string start = folder;
-    if (!FileNameOf(start).empty())
-        start += SeparatorOf(start);
-    for (const NewProjectRow &row : newProjectRows) {
-        const std::string path = PathOnDisk(start + std::string(row.usualName));
-        std::error_code error;
-        if (std::filesystem::is_regular_file(FilesystemPath(path), error))
-            Pick(row.index, path);
-    }
+    const std::string start = WithSeparator(folder);
+    for (const NewProjectRow &row : newProjectRows)
+        Pick(row.index, row.index == tilesRow ? TilePictureIn(start) : UsualFileIn(start, row));
+}
+
+void NewProject::PickTilesFolder(const std::string &folder) {
+    const std::string start = WithSeparator(folder);
+    const std::string picture = TilePictureIn(start);
+    Pick(tilesRow, picture.empty() ? start : picture);
 }
 
 std::optional<std::size_t> NewProject::FirstEmptyRow() const {
@@ -150,6 +202,63 @@ std::optional<std::size_t> NewProject::FirstEmptyRow() const {
         if (filenames[index].empty())
             return index;
     return std::nullopt;
+}
+
+std::optional<RowRefusal> NewProject::FirstRefusal() const {
+    for (std::size_t index = 0; index < filenames.size(); ++index) {
+        const std::string &text = filenames[index];
+        if (text.empty())
+            continue;
+        if (text.find_first_not_of(" \t") == std::string::npos)
+            return RowRefusal{index, "The field " + RowName(index) + " holds nothing but blanks. " +
+                                         (index == mapRow ? "Clear it, or choose a file for it."
+                                                          : "Choose a file for it.")};
+        if (text.size() > 1 && text.front() == text.back() && (text.front() == '"' || text.front() == '\''))
+            return RowRefusal{index, "The path in the field " + RowName(index) +
+                                         " stands in quotation marks. Take them away."};
+    }
+    return std::nullopt;
+}
+
+bool RowTakes(std::size_t index, std::string_view path) {
+    const std::string name = UpperAscii(FileNameOf(path));
+    if (!name.ends_with(UpperAscii(NewProjectRowOf(index).pattern.substr(1))))
+        return false;
+    return std::none_of(newProjectRows.begin(), newProjectRows.end(), [&](const NewProjectRow &row) {
+        return row.index != index && name == UpperAscii(row.usualName);
+    });
+}
+
+RowHints HintsOf(const NewProject &project) {
+    RowHints hints;
+    const auto copyName = [&project](std::size_t index) {
+        return project.filenames[index].empty() || index == tilesRow ? std::string()
+                                                                     : UpperAscii(CopiedName(project, index));
+    };
+    for (const NewProjectRow &row : newProjectRows) {
+        const std::size_t index = row.index;
+        if (project.filenames[index].empty())
+            continue;
+        if (!Exists(project, index))
+            hints.missing.push_back(index);
+        const std::string name = copyName(index);
+        if (!name.empty() &&
+            std::any_of(newProjectRows.begin(), newProjectRows.end(), [&](const auto &other) {
+                return other.index != index && copyName(other.index) == name;
+            }))
+            hints.sameName.push_back(index);
+        if (index != tilesRow && project.ChosenFileNames[index].empty())
+            hints.typed.push_back(index);
+    }
+    return hints;
+}
+
+std::string TextOf(const RowHints &hints) {
+    std::string text;
+    AddHint(text, "Not found", hints.missing);
+    AddHint(text, "Of one file name, so that one overwrites the other", hints.sameName);
+    AddHint(text, "Typed by hand, so copied but not entered in the project file", hints.typed);
+    return text;
 }
 
 void CreateProject(NewProject &project, const std::string &projectPath, const std::string &programFolder) {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vtr {
 
@@ -32,6 +33,12 @@ std::string FieldCaption(std::size_t index);
 std::string BrowseTitle(std::size_t index);
 std::string BrowseFilter(std::size_t index);
 
+/// Why the text of a row can be no path.
+struct RowRefusal {
+    std::size_t index;
+    std::string message;
+};
+
 /// What the user has entered for a new project. Paths are UTF-8.
 struct NewProject {
     std::string name;                                       ///< as the project file is to hold it
@@ -41,11 +48,30 @@ struct NewProject {
 
     /// Takes the file at path for a row; for the tiles its folder. An empty path changes nothing.
     void Pick(std::size_t index, std::string_view path);
-    /// Takes for every row the file of its usual name in folder, in any letter case, where there is one.
+    /// Takes for every row the file of its usual name in folder, in any letter case, where there is one. The
+    /// tiles may also lie in a folder directly below it.
     void PickFromFolder(const std::string &folder);
+    /// Takes for the tiles folder, or the one directly below it that holds them when folder does not.
+    void PickTilesFolder(const std::string &folder);
     /// The first row by index, the map's aside, that has no text.
     std::optional<std::size_t> FirstEmptyRow() const;
+    /// Of the first row by index that holds nothing but blanks or a path in quotation marks.
+    std::optional<RowRefusal> FirstRefusal() const;
 };
+
+/// True when the file at path is of the kind that belongs into a row: of its suffix, and not of the name that
+/// another row's file has.
+bool RowTakes(std::size_t index, std::string_view path);
+
+/// What there is to know of the rows before the project is made; indexes of rows from top to bottom.
+struct RowHints {
+    std::vector<std::size_t> missing;   ///< what they name does not exist
+    std::vector<std::size_t> sameName;  ///< their copies would overwrite each other
+    std::vector<std::size_t> typed;     ///< never picked: copied, but not entered in the project file
+};
+RowHints HintsOf(const NewProject &project);
+/// The same in sentences, one a line; a line names at most three rows and counts the rest.
+std::string TextOf(const RowHints &hints);
 
 /// Makes the project at projectPath: copies the files beside it, generates the map picture from the map.dat
 /// in programFolder when none is named, and writes the project file of thirteen lines. Throws the Error of a

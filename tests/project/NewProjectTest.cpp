@@ -109,6 +109,78 @@ TEST(NewProjectFields, AreLookedAtInIndexOrderAndTheMapMayBeEmpty) {
     EXPECT_EQ(project.FirstEmptyRow(), 2U);
 }
 
+TEST(NewProjectFields, OfBlanksOrInQuotationMarksAreRefused) {
+    NewProject project;
+    project.filenames.fill("/game/file of \"mine\"");
+    project.filenames[12] = "";
+    EXPECT_FALSE(project.FirstRefusal());
+    for (const char *text : {" ", " \t ", "\"/game/x.dat\"", "'/game/x.dat'", "\"\""}) {
+        for (const std::size_t index : {12U, 4U}) {
+            project.filenames[index] = text;
+            ASSERT_TRUE(project.FirstRefusal()) << text;
+            EXPECT_EQ(project.FirstRefusal()->index, index);
+        }
+        project.filenames[4] = "x";
+        project.filenames[12] = "";
+    }
+    project.filenames[4] = "\"";
+    EXPECT_FALSE(project.FirstRefusal()) << "a name like any other";
+    project.filenames[6] = "  ";
+    EXPECT_EQ(project.FirstRefusal()->message,
+              "The field ROADLIST.DAT holds nothing but blanks. Choose a file for it.");
+    project.filenames[6] = "\"x\"";
+    EXPECT_EQ(project.FirstRefusal()->message,
+              "The path in the field ROADLIST.DAT stands in quotation marks. Take them away.");
+}
+
+TEST(NewProjectHints, NameWhatIsMissingOfOneNameOrTypedFromTopToBottom) {
+    const TemporaryFolder folder;
+    const std::string there = folder.Make("there.dat", "");
+    NewProject project;
+    EXPECT_EQ(TextOf(HintsOf(project)), "");
+    project.Pick(0, there);
+    project.filenames[2] = folder.Path();
+    EXPECT_EQ(TextOf(HintsOf(project)), "");
+    project.Pick(2, there);
+    project.Pick(11, folder.Path() + "gone.tm");
+    project.filenames[4] = folder.Path();
+    project.Pick(9, folder.Path() + "THERE.DAT");
+    const RowHints hints = HintsOf(project);
+    EXPECT_THAT(hints.missing, ElementsAre(11, 4)) << "a folder is no file; the letters' case is nothing";
+    EXPECT_THAT(hints.sameName, ElementsAre(0, 9));
+    EXPECT_THAT(hints.typed, ElementsAre(4));
+    project.filenames[2] = there;
+    EXPECT_THAT(HintsOf(project).missing, ElementsAre(11, 2, 4)) << "a file is no folder";
+}
+
+TEST(NewProjectHints, NameThreeRowsALineAndCountTheRest) {
+    RowHints hints;
+    hints.missing = {11, 2, 0};
+    hints.typed = {11, 0, 10, 6, 9};
+    EXPECT_EQ(TextOf(hints),
+              "Not found: VTR.TM, TILES DIR, TARGET.DAT.\n"
+              "Typed by hand, so copied but not entered in the project file: VTR.TM, TARGET.DAT, "
+              "TARNAMES.STR and 2 more.");
+}
+
+TEST(NewProjectPick, OfTheTilesTakesTheFolderBelowThatHoldsThem) {
+    const TemporaryFolder folder;
+    for (const char *below : {"b", "a", "c"})
+        std::filesystem::create_directory(folder.Path() + below);
+    folder.Make("b/bngrass.PCX", "");
+    folder.Make("c/BNGrass.pcx", "");
+    NewProject project;
+    project.PickFromFolder(folder.Path());
+    EXPECT_EQ(project.filenames[2], folder.Path() + "b");
+    project.PickTilesFolder(folder.Path() + "c");
+    EXPECT_EQ(project.filenames[2], folder.Path() + "c");
+    project.PickTilesFolder(folder.Path() + "a");
+    EXPECT_EQ(project.filenames[2], folder.Path() + "a");
+    folder.Make("BNGrass.pcx", "");
+    project.PickTilesFolder(folder.Path());
+    EXPECT_EQ(project.filenames[2] + "/", folder.Path());
+}
+
 /// Game files, all picked by browsing; where they go; and the program's folder with its map.dat.
 class CreatingAProject : public testing::Test {
   protected:

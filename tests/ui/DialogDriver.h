@@ -97,6 +97,7 @@ struct ShownChooser {
     QString title;
     QStringList filters;
     QString file;
+    QString folder;
     QFileDialog::AcceptMode mode = QFileDialog::AcceptOpen;
     QFileDialog::FileMode files = QFileDialog::Directory;
 };
@@ -110,6 +111,7 @@ inline void ChooseNextFile(ShownChooser &shown, const std::string &path) {
         shown.title = chooser.windowTitle();
         shown.filters = chooser.nameFilters();
         shown.file = file.text();
+        shown.folder = chooser.directory().absolutePath();
         shown.mode = chooser.acceptMode();
         shown.files = chooser.fileMode();
         if (path.empty())

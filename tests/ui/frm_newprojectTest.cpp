@@ -129,6 +129,71 @@ TEST_F(NewProjectDialog, BrowsingThatIsCancelledLeavesTheRow) {
     EXPECT_EQ(Field(4).text(), "typed");
 }
 
+TEST_F(NewProjectDialog, EveryChooserStartsInTheFolderOfTheLastOne) {
+    const TemporaryFolder other;
+    other.Make("AIRFIELD.DAT", "");
+    const auto folderOf = [](const TemporaryFolder &folder) {
+        return QString::fromStdString(folder.Path()).chopped(1);
+    };
+    Browse(0, game.Path() + "TARGET.DAT");
+    for (const ExpectedRow &row : rows)
+        EXPECT_EQ(Browse(row.index, game.Path() + row.file).folder, folderOf(game)) << row.index;
+    EXPECT_EQ(Browse(4, other.Path() + "AIRFIELD.DAT").folder, folderOf(game));
+    EXPECT_EQ(Browse(5, "").folder, folderOf(other));
+    EXPECT_EQ(Browse(3, "").folder, folderOf(other)) << "a chooser that was cancelled changes nothing";
+    EXPECT_TRUE(Drop(dialog, game.Path()));
+    EXPECT_EQ(Browse(5, "").folder, folderOf(game));
+}
+
+TEST_F(NewProjectDialog, TheHintTellsOfDroppingAndWhatThereIsToKnowOfTheRowsAsTheyAreFilled) {
+    const auto &hint = Find<QLabel>(dialog, "lbl_hint");
+    const auto lines = [&hint] { return hint.text().split('\n', Qt::SkipEmptyParts); };
+    EXPECT_TRUE(hint.isVisible());
+    ASSERT_EQ(lines().size(), 1);
+    EXPECT_TRUE(lines()[0].contains("Drop a folder of game files here"));
+    QTest::keyClicks(&Field(4), "x");
+    ASSERT_EQ(lines().size(), 3);
+    EXPECT_EQ(lines()[1], "Not found: AIRFIELD.DAT.");
+    EXPECT_EQ(lines()[2], "Typed by hand, so copied but not entered in the project file: AIRFIELD.DAT.");
+    Field(4).setText(QString::fromStdString(game.Path() + "AIRFIELD.DAT"));
+    EXPECT_EQ(lines().size(), 2);
+    Browse(4, game.Path() + "AIRFIELD.DAT");
+    EXPECT_EQ(lines().size(), 1);
+    Browse(6, game.Path() + "AIRFIELD.DAT");
+    EXPECT_EQ(lines().mid(1), QStringList("Of one file name, so that one overwrites the other: AIRFIELD.DAT, "
+                                          "ROADLIST.DAT."));
+    Field(6).clear();
+    EXPECT_EQ(lines().size(), 1);
+}
+
+TEST_F(NewProjectDialog, TheLongestHintIsShownWholeAndMovesNothing) {
+    const auto &hint = Find<QLabel>(dialog, "lbl_hint");
+    const QRect before = hint.geometry();
+    const QSize size = dialog.size();
+    // Those of the longest captions and more: nothing there, one name, typed by hand.
+    for (const int index : {10, 1, 3, 4, 5, 6, 7, 8, 9})
+        Field(index).setText("no/such file");
+    QTest::qWait(20);
+    EXPECT_EQ(hint.text().count('\n'), 3);
+    EXPECT_EQ(hint.geometry(), before);
+    EXPECT_EQ(dialog.size(), size);
+    EXPECT_LE(hint.heightForWidth(hint.width()), hint.height());
+}
+
+TEST_F(NewProjectDialog, BlanksAndQuotationMarksAreRefusedBeforeAnythingIsCopied) {
+    for (const QString &text : {QStringLiteral("  "), QStringLiteral("\"/game/AIRFIELD.DAT\"")}) {
+        BrowseAllBut(-1);
+        Field(4).setText(text);
+        const ShownBox box = BoxShownBy([this] { Press<QPushButton>(dialog, "cmd_ok"); });
+        EXPECT_TRUE(box.text.contains("AIRFIELD.DAT")) << box.text.toStdString();
+        EXPECT_EQ(box.title, "New Project");
+        EXPECT_EQ(box.icon, QMessageBox::Critical);
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(dialog.focusWidget(), &Field(4));
+    }
+    EXPECT_TRUE(target.Names().empty());
+}
+
 TEST_F(NewProjectDialog, EveryRowButTheMapHasToBeFilled) {
     for (int missing = 0; missing < 12; ++missing) {
         for (int index = 0; index < 12; ++index)
@@ -185,6 +250,42 @@ TEST_F(NewProjectDialog, AProjectIsNamedWithItsSuffixWhenTheUserLeavesItOut) {
     BrowseAllBut(-1);
     Create(target.Path() + "bare");
     EXPECT_EQ(dialog.ProjectPath(), target.Path() + "bare.prj");
+}
+
+TEST_F(NewProjectDialog, ANameWithADotGetsTheSuffixTooAndIsAskedAboutAsTheFileThatWouldBeReplaced) {
+    BrowseAllBut(-1);
+    target.Make("Front.1943.prj", "the one before");
+    target.Make("front.1943", "another file");
+    QString question;
+    QString title;
+    ShownChooser again;
+    WhenModalOpens<QMessageBox>([&](QMessageBox &box) {
+        question = box.text();
+        title = box.windowTitle();
+        EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
+        // Declined, the chooser comes again.
+        ChooseNextFile(again, target.Path() + "front.1944");
+        box.button(QMessageBox::No)->click();
+    });
+    Create(target.Path() + "front.1943");
+    EXPECT_EQ(question.toStdString(),
+              target.Path() + "Front.1943.prj already exists.\nDo you want to replace it?");
+    EXPECT_EQ(title, "VTR Target Editor");
+    EXPECT_EQ(again.count, 1);
+    EXPECT_EQ(dialog.ProjectPath(), target.Path() + "front.1944.prj");
+    EXPECT_EQ(target.Content("Front.1943.prj"), "the one before");
+    EXPECT_EQ(target.Content("front.1943"), "another file");
+}
+
+TEST_F(NewProjectDialog, AProjectThatIsReplacedIsAskedAboutOnce) {
+    BrowseAllBut(-1);
+    target.Make("a.prj", "the one before");
+    ShownBox question;
+    AnswerNextBox(question, QMessageBox::Yes);
+    Create(target.Path() + "a.PRJ");
+    EXPECT_EQ(question.count, 1);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(target.Content("a.prj").substr(0, 5), "Name=");
 }
 
 TEST_F(NewProjectDialog, WithoutAPlaceToSaveItTheDialogClosesWithAnEmptyPath) {
@@ -248,6 +349,36 @@ TEST_F(NewProjectDialog, AFolderDroppedOntoARowFillsAllRowsAndOntoTheTilesRowTha
     EXPECT_EQ(Field(0).text(), "");
     EXPECT_TRUE(Drop(Field(7), game.Path()));
     EXPECT_EQ(Field(0).text().toStdString(), game.Path() + "TARGET.DAT");
+}
+
+TEST_F(NewProjectDialog, AFileOfAnotherKindIsNotTakenByARow) {
+    game.Make("renamed.dat", "");
+    game.Make("map.png", "");
+    for (const auto &[row, file] : {std::pair(0, "campaign.bmp"),
+                                    {0, "AIRFIELD.DAT"},
+                                    {2, "TARGET.DAT"},
+                                    {10, "TARGET.DAT"},
+                                    {11, "campaign.bmp"},
+                                    {12, "map.png"}}) {
+        EXPECT_FALSE(Drop(Field(row), game.Path() + file)) << row;
+        EXPECT_EQ(Field(row).text(), "");
+    }
+    EXPECT_TRUE(Drop(Field(0), game.Path() + "renamed.dat"));
+    EXPECT_EQ(Field(0).text().toStdString(), game.Path() + "renamed.dat");
+}
+
+TEST_F(NewProjectDialog, TheTilesAreFoundInAFolderDirectlyBelowTheOneThatIsDropped) {
+    std::filesystem::remove(game.Path() + "BNGrass.pcx");
+    std::filesystem::create_directories(game.Path() + "art/tiles");
+    game.Make("art/tiles/BNGrass.pcx", "");
+    EXPECT_TRUE(Drop(dialog, game.Path()));
+    EXPECT_EQ(Field(2).text(), "") << "two folders below";
+    EXPECT_TRUE(Drop(Field(2), game.Path() + "art"));
+    EXPECT_EQ(Field(2).text().toStdString(), game.Path() + "art/tiles");
+    EXPECT_TRUE(Drop(Field(2), game.Path()));
+    EXPECT_EQ(Field(2).text().toStdString() + "/", game.Path()) << "no tiles: what was dropped";
+    EXPECT_TRUE(Drop(dialog, game.Path() + "art"));
+    EXPECT_EQ(Field(2).text().toStdString(), game.Path() + "art/tiles");
 }
 
 TEST_F(NewProjectDialog, SeveralFilesAtOnceAreNotTakenByARow) {

@@ -13,12 +13,16 @@
 #include "DroppedPath.h"
 #include "FileChooser.h"
 #include "GameText.h"
+#include "Paths.h"
 #include "ShowMessage.h"
 #include "Text.h"
 
 namespace vtr {
 
 namespace {
+
+/// The hint never needs more: one on dropping and one on files that are missing, two for each of the others.
+constexpr int hintLines = 6;
 
 bool IsFolder(const QString &path) {
     return !path.isEmpty() && QFileInfo(path).isDir();
@@ -31,7 +35,7 @@ std::string NativePath(const QString &path) {
 }  // namespace
 
 frm_newproject::frm_newproject(std::string programFolder, QWidget *parent)
-    : QDialog(parent), programFolder_(std::move(programFolder)), name_(new QLineEdit) {
+    : QDialog(parent), programFolder_(std::move(programFolder)), name_(new QLineEdit), lbl_hint_(new QLabel) {
     setObjectName(QStringLiteral("frm_newproject"));
     setWindowTitle(QStringLiteral("New Project"));
     setAcceptDrops(true);
@@ -48,12 +52,20 @@ frm_newproject::frm_newproject(std::string programFolder, QWidget *parent)
         AddRow(*grid, ++line, row);
     grid->setColumnStretch(2, 1);
 
+    lbl_hint_->setObjectName(QStringLiteral("lbl_hint"));
+    lbl_hint_->setWordWrap(true);
+    lbl_hint_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    lbl_hint_->setMinimumHeight(hintLines * fontMetrics().lineSpacing());
+    ShowHint();
+
     QPushButton *const create = MakeButton(QStringLiteral("cmd_ok"), QStringLiteral("&Create"));
     create->setDefault(true);
     connect(create, &QPushButton::clicked, this, &frm_newproject::CreateFromFields);
 
     auto *const layout = new QVBoxLayout(this);
     layout->addLayout(grid);
+    layout->addSpacing(8);
+    layout->addWidget(lbl_hint_);
     layout->addStretch();
     layout->addLayout(ButtonRow({create, MakeCancelButton(*this, QStringLiteral("Cancel"))}));
 }
@@ -67,6 +79,10 @@ void frm_newproject::AddRow(QGridLayout &grid, int line, const NewProjectRow &ro
     field->setToolTip(QStringLiteral("Airfield Code"));
     field->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
     field->installEventFilter(this);
+    connect(field, &QLineEdit::textChanged, this, [this, index](const QString &text) {
+        project_.filenames[index] = text.toStdString();
+        ShowHint();
+    });
     label->setBuddy(field);
     fields_.at(index) = field;
     QPushButton *const browse =
@@ -85,18 +101,24 @@ void frm_newproject::AddRow(QGridLayout &grid, int line, const NewProjectRow &ro
 
 void frm_newproject::Browse(std::size_t index) {
     Pick(index, ChooseFile(this, QFileDialog::AcceptOpen, QString::fromUtf8(BrowseTitle(index)),
-                           BrowseFilter(index)));
+                           BrowseFilter(index), lastFolder_));
 }
 
 void frm_newproject::Pick(std::size_t index, const std::string &path) {
-    ReadFields();
+    if (path.empty())
+        return;
+    lastFolder_ = FolderOf(path);
     project_.Pick(index, path);
     ShowFields();
 }
 
-void frm_newproject::ReadFields() {
-    for (std::size_t index = 0; index < fields_.size(); ++index)
-        project_.filenames[index] = fields_[index]->text().toStdString();
+void frm_newproject::PickFromFolder(const QString &path) {
+    lastFolder_ = NativePath(QDir::cleanPath(path) + QLatin1Char('/'));
+    project_.PickFromFolder(lastFolder_);
+    ShowFields();
+}
+
+void frm_newproject::ReadName() {
     // A project file is single-byte text; only a name that would not be read back from that is UTF-8.
     const std::string name = name_->text().toStdString();
     const auto gameText = GameTextOf(name_->text());
@@ -106,16 +128,25 @@ void frm_newproject::ReadFields() {
 void frm_newproject::ShowFields() {
     for (std::size_t index = 0; index < fields_.size(); ++index)
         fields_[index]->setText(QString::fromUtf8(project_.filenames[index]));
+    ShowHint();
+}
+
+void frm_newproject::ShowHint() {
+    lbl_hint_->setText(tr("Drop a folder of game files here, or a file on its row.") + QLatin1Char('\n') +
+                       QString::fromUtf8(TextOf(HintsOf(project_))));
+}
+
+void frm_newproject::Refuse(std::size_t index, const QString &message) {
+    ShowMessage(this, QMessageBox::Critical, message, QStringLiteral("New Project"));
+    fields_.at(index)->setFocus();
 }
 
 void frm_newproject::CreateFromFields() {
-    ReadFields();
-    if (const auto empty = project_.FirstEmptyRow()) {
-        ShowMessage(this, QMessageBox::Critical, QStringLiteral("Please Fill in ALL Fields"),
-                    QStringLiteral("New Project"));
-        fields_.at(*empty)->setFocus();
-        return;
-    }
+    ReadName();
+    if (const auto empty = project_.FirstEmptyRow())
+        return Refuse(*empty, QStringLiteral("Please Fill in ALL Fields"));
+    if (const auto refusal = project_.FirstRefusal())
+        return Refuse(refusal->index, QString::fromUtf8(refusal->message));
     projectPath_ =
         ChooseFile(this, QFileDialog::AcceptSave, QStringLiteral("Save Project As..."), projectFilter);
     if (!projectPath_.empty())
@@ -131,18 +162,21 @@ bool frm_newproject::eventFilter(QObject *watched, QEvent *event) {
     const QString path = DroppedPath(*drag);
     const auto index =
         static_cast<std::size_t>(std::find(fields_.begin(), fields_.end(), watched) - fields_.begin());
-    if (path.isEmpty()) {
-        drag->ignore();  // text, say, or a page of the web: no file to browse for
+    if (!IsFolder(path) && !RowTakes(index, NativePath(path))) {
+        drag->ignore();  // a file of another row, text, a page of the web
         return true;
     }
     AcceptAsCopy(*drag);
-    if (dropped && IsFolder(path)) {
-        if (index == tilesRow)
-            Pick(index, NativePath(QDir::cleanPath(path) + QStringLiteral("/")));
-        else
-            dropEvent(drag);
-    } else if (dropped) {
+    if (!dropped)
+        return true;
+    if (!IsFolder(path)) {
         Pick(index, NativePath(path));
+    } else if (index != tilesRow) {
+        PickFromFolder(path);
+    } else {
+        lastFolder_ = NativePath(QDir::cleanPath(path) + QLatin1Char('/'));
+        project_.PickTilesFolder(lastFolder_);
+        ShowFields();
     }
     return true;
 }
@@ -156,9 +190,7 @@ void frm_newproject::dropEvent(QDropEvent *event) {
     const QString path = DroppedPath(*event);
     if (!IsFolder(path))
         return;
-    ReadFields();
-    project_.PickFromFolder(NativePath(path));
-    ShowFields();
+    PickFromFolder(path);
     AcceptAsCopy(*event);
 }
 

@@ -9,6 +9,7 @@
 
 class QDropEvent;
 class QGridLayout;
+class QLabel;
 
 namespace vtr {
 
@@ -34,14 +35,20 @@ class frm_newproject : public QDialog {
     void AddRow(QGridLayout &grid, int line, const NewProjectRow &row);
     void Browse(std::size_t index);
     void Pick(std::size_t index, const std::string &path);
-    void ReadFields();
+    void PickFromFolder(const QString &path);
+    void ReadName();
     void ShowFields();
+    void ShowHint();
+    /// Says why nothing is made yet and puts the cursor where that can be mended.
+    void Refuse(std::size_t index, const QString &message);
     void CreateFromFields();
 
     std::string programFolder_;
     std::string projectPath_;
+    std::string lastFolder_;  ///< of the file picked last, with its separator
     NewProject project_;
     QLineEdit *name_;
+    QLabel *lbl_hint_;
     std::array<QLineEdit *, newProjectRowTotal> fields_{};
 };
 

@@ -2,6 +2,9 @@
 
 #include <QDir>
 
+#include "Paths.h"
+#include "ShowMessage.h"
+
 namespace vtr {
 
 namespace {
@@ -13,6 +16,39 @@ QString QtFilter(std::string_view filter) {
                                          QString::fromUtf8(filter.substr(bar + 1)));
 }
 
+QString Chosen(QFileDialog &chooser) {
+    return chooser.exec() == QDialog::Accepted ? chooser.selectedFiles().value(0) : QString();
+}
+
+std::string NativePath(const QString &path) {
+    return QDir::toNativeSeparators(path).toStdString();
+}
+
+/// True when there is no file at path or the user wants to replace it.
+bool MayReplace(QWidget *parent, const std::string &path) {
+    if (!FileExists(path))
+        return true;
+    QMessageBox box(QMessageBox::Question, programTitle,
+                    QFileDialog::tr("%1 already exists.\nDo you want to replace it?")
+                        .arg(QString::fromStdString(PathOnDisk(path))),
+                    QMessageBox::Yes | QMessageBox::No, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
+/// Qt itself would leave a name with a dot without the suffix and ask about another file than is written.
+QString ChosenToSave(QFileDialog &chooser, const QString &suffix) {
+    chooser.setOption(QFileDialog::DontConfirmOverwrite);
+    while (true) {
+        QString path = Chosen(chooser);
+        if (!path.isEmpty() && !path.endsWith(suffix, Qt::CaseInsensitive))
+            path += suffix;
+        if (path.isEmpty() || MayReplace(chooser.parentWidget(), NativePath(path)))
+            return path;
+    }
+}
+
 }  // namespace
 
 std::string ChooseFile(QWidget *parent, QFileDialog::AcceptMode mode, const QString &title,
@@ -22,13 +58,21 @@ std::string ChooseFile(QWidget *parent, QFileDialog::AcceptMode mode, const QStr
     chooser.setWindowModality(Qt::WindowModal);
     chooser.setAcceptMode(mode);
     chooser.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-    if (mode == QFileDialog::AcceptSave)
-        chooser.setDefaultSuffix(QString::fromUtf8(filter.substr(filter.rfind('.') + 1)));
-    if (!preset.empty())
+    if (FileNameOf(preset).empty() && !preset.empty())
+        chooser.setDirectory(QString::fromStdString(preset));
+    else if (!preset.empty())
         chooser.selectFile(QString::fromStdString(preset));
-    if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty())
-        return {};
-    return QDir::toNativeSeparators(chooser.selectedFiles().constFirst()).toStdString();
+    return NativePath(mode == QFileDialog::AcceptSave
+                          ? ChosenToSave(chooser, QString::fromUtf8(filter.substr(filter.rfind('.'))))
+                          : Chosen(chooser));
+}
+
+std::string ChooseFolder(QWidget *parent, const QString &title, const std::string &start) {
+    QFileDialog chooser(parent, title, QString::fromStdString(start));
+    chooser.setObjectName(QStringLiteral("cmdiag"));
+    chooser.setFileMode(QFileDialog::Directory);
+    chooser.setOption(QFileDialog::ShowDirsOnly);
+    return NativePath(Chosen(chooser));
 }
 
 }  // namespace vtr
