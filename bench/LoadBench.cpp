@@ -23,7 +23,7 @@ using namespace vtr;
 class NoWindow : public SilentWindow {
   public:
     void TellNoMap() override { std::abort(); }
-    void LoadMapPicture(const std::string &path) override { picture_ = ReadWholeFile(path); }
+    void LoadMapPicture(const std::string &path, LoadListener &) override { picture_ = ReadWholeFile(path); }
     void TellShortFiles(const std::vector<ShortFile> &) override { std::abort(); }
 
   private:

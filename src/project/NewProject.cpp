@@ -10,6 +10,7 @@
 #include "Errors.h"
 #include "MapGeneration.h"
 #include "Paths.h"
+#include "ProjectFile.h"
 #include "Text.h"
 #include "WholeFile.h"
 
@@ -17,38 +18,22 @@ namespace vtr {
 
 // ROADLIST.DAT has no colon, and so loses its T where captions lose their last character.
 const std::array<NewProjectRow, newProjectRowTotal> newProjectRows = {{
-    {12, "BMP MAP:", "*.bmp", generatedMapName},
-    {11, "VTR.TM:", "*.tm", "VTR.TM"},
-    {2, "TILES DIR.:", "*.pcx", "BNGrass.pcx"},
-    {0, "TARGET.DAT:", "*.dat", "TARGET.DAT"},
-    {10, "TARNAMES.STR:", "*.str", "TARNAMES.STR"},
-    {1, "GRIDDATA.DAT:", "*.dat", "GRIDDATA.DAT"},
-    {3, "FRNTLINE.DAT:", "*.dat", "FRNTLINE.DAT"},
-    {4, "AIRFIELD.DAT:", "*.dat", "AIRFIELD.DAT"},
-    {5, "VTR_RRD.DAT:", "*.dat", "VTR_RRD.DAT"},
-    {6, "ROADLIST.DAT", "*.dat", "ROADLIST.DAT"},
-    {7, "ROADWPT.DAT:", "*.dat", "ROADWPT.DAT"},
-    {8, "RAILLIST.DAT:", "*.dat", "RAILLIST.DAT"},
-    {9, "RAILWPT.DAT:", "*.dat", "RAILWPT.DAT"},
+    {12, "BMP MAP:", "*.bmp", generatedMapName, &ProjectPaths::Map},
+    {11, "VTR.TM:", "*.tm", "VTR.TM", &ProjectPaths::MapTM},
+    {2, "TILES DIR.:", "*.pcx", "BNGrass.pcx", nullptr},
+    {0, "TARGET.DAT:", "*.dat", "TARGET.DAT", &ProjectPaths::Targets},
+    {10, "TARNAMES.STR:", "*.str", "TARNAMES.STR", &ProjectPaths::TarNames},
+    {1, "GRIDDATA.DAT:", "*.dat", "GRIDDATA.DAT", &ProjectPaths::GridData},
+    {3, "FRNTLINE.DAT:", "*.dat", "FRNTLINE.DAT", &ProjectPaths::Frontline},
+    {4, "AIRFIELD.DAT:", "*.dat", "AIRFIELD.DAT", &ProjectPaths::Airfield},
+    {5, "VTR_RRD.DAT:", "*.dat", "VTR_RRD.DAT", &ProjectPaths::Railway},
+    {6, "ROADLIST.DAT", "*.dat", "ROADLIST.DAT", &ProjectPaths::RoadList},
+    {7, "ROADWPT.DAT:", "*.dat", "ROADWPT.DAT", &ProjectPaths::RoadWpt},
+    {8, "RAILLIST.DAT:", "*.dat", "RAILLIST.DAT", &ProjectPaths::RailList},
+    {9, "RAILWPT.DAT:", "*.dat", "RAILWPT.DAT", &ProjectPaths::RailWpt},
 }};
 
 namespace {
-
-/// The keys as the project file spells them, in its order, and the rows whose file they name.
-constexpr std::array<std::pair<std::string_view, std::size_t>, 12> projectKeys = {{
-    {"Map", 12},
-    {"MapTM", 11},
-    {"TARGETS", 0},
-    {"TARNAMES", 10},
-    {"GridData", 1},
-    {"Frontline", 3},
-    {"Airfield", 4},
-    {"Railway", 5},
-    {"ROADWPT", 7},
-    {"RoadList", 6},
-    {"RAILWPT", 9},
-    {"RailList", 8},
-}};
 
 /// The name that a row's file gets in the project's folder: that of the file picked last, else its own.
 std::string_view CopiedName(const NewProject &project, std::size_t index) {
@@ -132,10 +117,12 @@ void CheckProjectFile(const std::string &path) {
 }
 
 Bytes ProjectFileOf(const NewProject &project) {
-    std::string text = "Name=" + project.name + "\r\n";
-    for (const auto &[key, index] : projectKeys)
-        text += std::string(key) + "=" + project.ChosenFileNames[index] + "\r\n";
-    return {text.begin(), text.end()};
+    ProjectPaths paths;
+    paths.Name = project.name;
+    for (const NewProjectRow &row : newProjectRows)
+        if (row.name != nullptr)
+            paths.*row.name = project.ChosenFileNames[row.index];
+    return EncodeProjectFile(paths);
 }
 
 /// Does one of the steps that a new project does not depend on: when it fails, the next one is taken.

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "ProjectPaths.h"
+
 namespace vtr {
 
 constexpr std::size_t newProjectRowTotal = 13;
@@ -15,10 +17,11 @@ constexpr std::size_t mapRow = 12;
 
 /// A file row of the new-project dialog.
 struct NewProjectRow {
-    std::size_t index;           ///< of its controls, its text and its chosen file name
-    std::string_view caption;    ///< of its label
-    std::string_view pattern;    ///< of the files to choose from
-    std::string_view usualName;  ///< of its file in a folder of game files
+    std::size_t index;                ///< of its controls, its text and its chosen file name
+    std::string_view caption;         ///< of its label
+    std::string_view pattern;         ///< of the files to choose from
+    std::string_view usualName;       ///< of its file in a folder of game files
+    std::string ProjectPaths::*name;  ///< what the project file calls it; nullptr: it does not
 };
 
 /// The rows from top to bottom.
@@ -41,7 +44,7 @@ struct RowRefusal {
 
 /// What the user has entered for a new project. Paths are UTF-8.
 struct NewProject {
-    std::string name;                                       ///< as the project file is to hold it
+    std::string name;
     std::array<std::string, newProjectRowTotal> filenames;  ///< the texts of the rows' fields
     std::array<std::string, newProjectRowTotal>
         ChosenFileNames;  ///< of the files picked last, without folder

@@ -28,6 +28,7 @@ struct Session {
     Picture map;                                 ///< the project's map picture
     std::string tablesFolder;                    ///< the project folder that the tables were loaded from
     bool loadFailed = false;                     ///< the last load; what was open before is whole
+    bool mapIsUpsideDown = false;                ///< it was generated here and not mirrored since
     std::string programFolder;                   ///< ends in a separator
     std::string operation = "Your last action";  ///< what the program is at (UTF-8), see Operation
 };

@@ -39,6 +39,10 @@ MainMenu::MainMenu(QMenuBar *bar) {
     mnu_p_load = AddEntry(mnu_project, "mnu_p_load", "&Load Project...", QKeySequence::Open);
     AddSeparator(mnu_project, "mnu_p_div1");
     mnu_p_export = AddEntry(mnu_project, "mnu_p_export", "&Save Files...", QKeySequence::Save);
+    mnu_p_copy = AddEntry(mnu_project, "mnu_p_copy", "Save &Copy of Project...");
+    AddSeparator(mnu_project, "mnu_p_div5");
+    mnu_p_mirror = AddEntry(mnu_project, "mnu_p_mirror", "&Mirror Map Picture");
+    mnu_p_tiles = AddEntry(mnu_project, "mnu_p_tiles", "&Tiles Folder...");
     AddSeparator(mnu_project, "mnu_p_div2");
     mnu_p_prefs = AddEntry(mnu_project, "mnu_p_prefs", "&Preferences...");
     AddSeparator(mnu_project, "mnu_p_div4");

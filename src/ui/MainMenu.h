@@ -15,6 +15,9 @@ struct MainMenu {
     QAction *mnu_p_new;
     QAction *mnu_p_load;
     QAction *mnu_p_export;
+    QAction *mnu_p_copy;
+    QAction *mnu_p_mirror;
+    QAction *mnu_p_tiles;
     QAction *mnu_p_prefs;
     std::array<QAction *, 4> mnu_p_last;
     QAction *mnu_p_div3;

@@ -1,6 +1,7 @@
 #include "MainWidgets.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QVBoxLayout>
 
 #include "AirfieldPanel.h"
@@ -22,6 +23,7 @@ MainWidgets::MainWidgets(QMainWindow *window, Session &session)
       mapFrame(new MapFrame(session.view, window)),
       Img_SmallMap(new Overview(window)),
       fra_control(new ControlBox(session, window)),
+      lbl_upside_down(new QLabel(window)),
       fra_target(new TargetPanel(session, window)),
       fra_airfield(new AirfieldPanel(session, window)),
       fra_frontline(new FrontlinePanel(session, window)),
@@ -39,6 +41,11 @@ MainWidgets::MainWidgets(QMainWindow *window, Session &session)
              {menu.mnu_e_railint, menu.mnu_v_railint, fra_railint, fra_control->upd_view_railint,
               QStringLiteral("  RAIL INTERDICTION WAYPOINTS  ")}}},
       session_(session) {
+    lbl_upside_down->setObjectName(QStringLiteral("lbl_upside_down"));
+    lbl_upside_down->setText(QStringLiteral(
+        "The generated map is upside down. <a href=\"#\">Mirror&nbsp;the&nbsp;map&nbsp;picture</a>"));
+    lbl_upside_down->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    lbl_upside_down->setWordWrap(true);
     auto *centre = new QWidget(window);
     LayOut(centre);
     window->setCentralWidget(centre);
@@ -50,6 +57,7 @@ void MainWidgets::LayOut(QWidget *centre) const {
     auto *side = new QVBoxLayout;
     side->addWidget(Img_SmallMap, 0, Qt::AlignHCenter);
     side->addWidget(fra_control);
+    side->addWidget(lbl_upside_down);
     side->addStretch();
     auto *top = new QHBoxLayout;
     top->addWidget(mapFrame, 0, Qt::AlignTop);
@@ -75,7 +83,9 @@ void MainWidgets::ShowState() const {
     const WindowState state = WindowStateOf(session_);
     menu.mnu_m_zoom->setEnabled(state.projectEnabled);
     menu.mnu_view->setEnabled(state.projectEnabled);
-    menu.mnu_p_export->setEnabled(state.projectEnabled);
+    for (QAction *entry : {menu.mnu_p_export, menu.mnu_p_copy, menu.mnu_p_mirror, menu.mnu_p_tiles})
+        entry->setEnabled(state.projectEnabled);
+    lbl_upside_down->setVisible(session_.mapIsUpsideDown);
     fra_control->setEnabled(state.projectEnabled);
     fra_airfield->setEnabled(state.airfieldFrameEnabled);
     for (std::size_t i = 0; i < modes.size(); ++i) {

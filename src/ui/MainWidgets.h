@@ -5,6 +5,8 @@
 #include "MainMenu.h"
 #include "Session.h"
 
+class QLabel;
+
 namespace vtr {
 
 class AirfieldPanel;
@@ -27,6 +29,7 @@ struct MainWidgets {
     MapFrame *mapFrame;
     Overview *Img_SmallMap;
     ControlBox *fra_control;
+    QLabel *lbl_upside_down;  ///< shown while the map is one that was generated, with a link to mirror it
     TargetPanel *fra_target;
     AirfieldPanel *fra_airfield;
     FrontlinePanel *fra_frontline;

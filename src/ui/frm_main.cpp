@@ -48,6 +48,7 @@ frm_main::frm_main(Session &session)
       preferencesCommands_(session, widgets_, this),
       saveCommands_(session, widgets_, this),
       projectCommands_(session, widgets_, saveCommands_, this, [this] { Redraw(); }),
+      projectFileCommands_(session, widgets_, this, [this] { Redraw(); }),
       tmr_TargetFlash_(this) {
     setObjectName(QStringLiteral("frm_main"));
     setWindowTitle(programTitle);

@@ -9,6 +9,7 @@
 #include "MapEditing.h"
 #include "PreferencesCommands.h"
 #include "ProjectCommands.h"
+#include "ProjectFileCommands.h"
 #include "SaveCommands.h"
 #include "ZoomCommands.h"
 
@@ -52,6 +53,7 @@ class frm_main : public QMainWindow {
     PreferencesCommands preferencesCommands_;
     SaveCommands saveCommands_;
     ProjectCommands projectCommands_;
+    ProjectFileCommands projectFileCommands_;
     QTimer tmr_TargetFlash_;
     bool framed_ = false;
 };

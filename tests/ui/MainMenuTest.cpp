@@ -79,6 +79,10 @@ const std::vector<ExpectedMenu> expectedMenus{
       {"mnu_p_load", "&Load Project...", "Ctrl+O"},
       {"mnu_p_div1"},
       {"mnu_p_export", "&Save Files...", "Ctrl+S"},
+      {"mnu_p_copy", "Save &Copy of Project..."},
+      {"mnu_p_div5"},
+      {"mnu_p_mirror", "&Mirror Map Picture"},
+      {"mnu_p_tiles", "&Tiles Folder..."},
       {"mnu_p_div2"},
       {"mnu_p_prefs", "&Preferences..."},
       {"mnu_p_div4"},
@@ -136,6 +140,36 @@ TEST_F(MainMenuTest, EveryMenuAndEntryHasItsNameCaptionKeyAndFirstMark) {
         for (std::size_t k = 0; k < expectedMenus[i].entries.size(); ++k)
             ExpectEntry(*entries[static_cast<int>(k)], expectedMenus[i].entries[k]);
     }
+}
+
+TEST_F(MainMenuTest, NoKeyStandsForTwoEntriesOfAMenuAlsoWhenTheRecentProjectsAreShown) {
+    StartWithRecent({"North", "South", "East", "West"}, {});
+    for (const QAction *bar : window().menuBar()->actions()) {
+        QSet<QKeySequence> keys;
+        for (const QAction *entry : bar->menu()->actions()) {
+            if (entry->isSeparator())
+                continue;
+            const QKeySequence key = QKeySequence::mnemonic(entry->text());
+            EXPECT_FALSE(key.isEmpty()) << entry->text().toStdString();
+            EXPECT_FALSE(keys.contains(key)) << entry->text().toStdString();
+            keys.insert(key);
+        }
+    }
+}
+
+TEST_F(MainMenuTest, WhatWorksOnTheFilesOfAProjectNeedsOne) {
+    window().Start(QString());
+    for (const char *name : {"mnu_p_export", "mnu_p_copy", "mnu_p_mirror", "mnu_p_tiles"})
+        EXPECT_FALSE(Entry(name).isEnabled()) << name;
+    ASSERT_FALSE(session->campaign.ProjectLoaded);
+    WriteSample();
+    QMimeData file;
+    file.setUrls({QUrl::fromLocalFile(QString::fromStdString(SamplePath()))});
+    ASSERT_TRUE(DropOn(window(), file));
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(session->campaign.ProjectLoaded);
+    for (const char *name : {"mnu_p_export", "mnu_p_copy", "mnu_p_mirror", "mnu_p_tiles"})
+        EXPECT_TRUE(Entry(name).isEnabled()) << name;
 }
 
 TEST_F(MainMenuTest, NoRecentProjectIsShownWhileNoneIsKnown) {

@@ -107,13 +107,15 @@ void ProjectCommands::LoadRecent(std::size_t index) {
 void ProjectCommands::MakeNewProject() {
     const Operation making(session_.operation, tr("Making the new project"));
     frm_newproject dialog(session_.programFolder, window_);
-    if (dialog.exec() != QDialog::Accepted)
+    if (dialog.exec() != QDialog::Accepted || dialog.ProjectPath().empty())
         return;
     if (!dialog.MapWasGenerated())
         return Load(dialog.ProjectPath());
     // From the generation of the map on, no failure ends the program.
     try {
         Load(dialog.ProjectPath());
+        session_.mapIsUpsideDown = true;
+        widgets_.ShowState();
     } catch (const Error &error) {
         CloseProgress();
         session_.loadFailed = false;
@@ -125,6 +127,9 @@ void ProjectCommands::MakeNewProject() {
                    "missing. Nothing else was changed. Put right what is said above, then load the new "
                    "project.")));
     }
+    if (!FileExists(session_.programFolder + "map.dat"))
+        widgets_.sb_status->showMessage(tr("No map could be generated: map.dat is missing in %1")
+                                            .arg(QString::fromStdString(session_.programFolder)));
 }
 
 void ProjectCommands::ShowProgress() {
@@ -159,6 +164,7 @@ void ProjectCommands::ShowCampaign() {
     const ProjectPaths &paths = session_.campaign.paths;
     session_.tablesFolder = paths.ProjectDir;
     session_.map = std::move(readMap_);
+    session_.mapIsUpsideDown = false;
     session_.view.MapZoom = 1;
     session_.view.ViewFrontline = 0;
     session_.layers.upd_view_railway = 0;

@@ -118,13 +118,6 @@ void frm_newproject::PickFromFolder(const QString &path) {
     ShowFields();
 }
 
-void frm_newproject::ReadName() {
-    // A project file is single-byte text; only a name that would not be read back from that is UTF-8.
-    const std::string name = name_->text().toStdString();
-    const auto gameText = GameTextOf(name_->text());
-    project_.name = gameText && Utf8OfProjectText(*gameText) == name ? *gameText : name;
-}
-
 void frm_newproject::ShowFields() {
     for (std::size_t index = 0; index < fields_.size(); ++index)
         fields_[index]->setText(QString::fromUtf8(project_.filenames[index]));
@@ -142,7 +135,7 @@ void frm_newproject::Refuse(std::size_t index, const QString &message) {
 }
 
 void frm_newproject::CreateFromFields() {
-    ReadName();
+    project_.name = name_->text().toStdString();
     if (const auto empty = project_.FirstEmptyRow())
         return Refuse(*empty, QStringLiteral("Please Fill in ALL Fields"));
     if (const auto refusal = project_.FirstRefusal())

@@ -36,7 +36,6 @@ class frm_newproject : public QDialog {
     void Browse(std::size_t index);
     void Pick(std::size_t index, const std::string &path);
     void PickFromFolder(const QString &path);
-    void ReadName();
     void ShowFields();
     void ShowHint();
     /// Says why nothing is made yet and puts the cursor where that can be mended.

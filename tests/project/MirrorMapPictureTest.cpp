@@ -2,7 +2,7 @@
 
 #include "ErrorThrownBy.h"
 #include "MapGeneration.h"
-#include "MapPicture.h"
+#include "MirrorMapPicture.h"
 #include "TemporaryFolder.h"
 
 namespace vtr {

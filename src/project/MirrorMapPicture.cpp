@@ -1,4 +1,4 @@
-#include "MapPicture.h"
+#include "MirrorMapPicture.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,0 +1,109 @@
+#include "CopyProject.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+#include "AtomicWrite.h"
+#include "CampaignFiles.h"
+#include "Errors.h"
+#include "Paths.h"
+#include "ProjectFile.h"
+#include "SaveFiles.h"
+#include "SetProjectKey.h"
+#include "Text.h"
+#include "WholeFile.h"
+
+namespace vtr {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+void CheckThatItIsEmpty(const std::string &folder) {
+    std::error_code error;
+    const bool empty = fs::is_empty(FilesystemPath(folder), error);
+    if (error)
+        throw Error(ErrorKind::FileAccess, {.file = folder},
+                    FailedStep{"looking into the folder", error.message()});
+    if (!empty)
+        throw Error(ErrorKind::FileAccess, {.file = folder}, "an empty folder", "one that holds something");
+}
+
+/// The names of the project's files in the copy, the project file's last.
+std::vector<std::string> NamesOf(const ProjectPaths &paths) {
+    const std::string projectFile = paths.ProjectDir + paths.ProjectFile;
+    const auto refuse = [&projectFile](const char *expected, const std::string &found) {
+        throw Error(ErrorKind::TypeMismatch, {.file = projectFile}, expected, "\"" + found + "\"");
+    };
+    if (paths.Map == "NONE")
+        refuse("a project that is loaded", "Map=NONE");
+    std::vector<std::string> names;
+    const auto add = [&](const std::string &name) {
+        const auto isSame = [&](const std::string &other) { return UpperAscii(other) == UpperAscii(name); };
+        if (std::any_of(names.begin(), names.end(), isSame))
+            refuse("another file name for each key", name);
+        names.push_back(name);
+    };
+    for (const CampaignFile &file : campaignFiles) {
+        const std::string name = Utf8OfProjectText(paths.*file.name);
+        if (FileNameOf(name) != name || name == "." || name == "..")
+            refuse("names of files in the project's folder", name);
+        if (!name.empty())
+            add(name);
+    }
+    add(paths.ProjectFile);
+    return names;
+}
+
+/// The project file's bytes, with the tiles folder of the open project.
+Bytes ProjectFileFor(const std::string &folder, const ProjectPaths &paths) {
+    const std::string file = paths.ProjectDir + paths.ProjectFile;
+    const Bytes bytes = ReadWholeFile(file);
+    ProjectPaths copied;
+    DecodeProjectFile(bytes, file, copied, [] {});
+    DeriveFolders(folder + paths.ProjectFile, copied);
+    return copied.TilesDir == paths.TilesDir ? bytes : WithProjectKey(bytes, "TILESDIR", paths.TilesDir);
+}
+
+ProjectCopy FillFolder(const Campaign &campaign, const std::vector<std::string> &names,
+                       const std::string &folder, const std::string &programFolder) {
+    ProjectCopy copy;
+    const ProjectPaths &paths = campaign.paths;
+    const Bytes projectFile = ProjectFileFor(folder, paths);
+    for (const std::string &name : names)
+        if (name != paths.ProjectFile && FileExists(paths.ProjectDir + name))
+            AtomicWrite(folder + name, ReadWholeFile(paths.ProjectDir + name));
+    const auto moved = std::make_unique<Campaign>(campaign);
+    moved->paths.ProjectDir = folder;
+    SaveBoxes every{};
+    every.fill(true);
+    const SaveOutcome outcome = SaveFiles(*moved, every, programFolder);
+    if (outcome.failure)
+        throw *outcome.failure;
+    copy.misfit = outcome.misfit;
+    AtomicWrite(folder + paths.ProjectFile, projectFile);
+    for (const std::string &name : names)
+        if (!FileExists(folder + name))
+            copy.missing.push_back(name);
+    return copy;
+}
+
+}  // namespace
+
+ProjectCopy CopyProject(const Campaign &campaign, const std::string &folder,
+                        const std::string &programFolder) {
+    CheckThatItIsEmpty(folder);
+    const std::vector<std::string> names = NamesOf(campaign.paths);
+    try {
+        return FillFolder(campaign, names, folder, programFolder);
+    } catch (...) {
+        std::error_code ignored;
+        for (const std::string &name : names)
+            fs::remove(FilesystemPath(folder + name), ignored);
+        throw;
+    }
+}
+
+}  // namespace vtr
