@@ -24,7 +24,10 @@ class NoWindow : public SilentWindow {
   public:
     void TellNoMap() override { std::abort(); }
     void LoadMapPicture(const std::string &path, LoadListener &) override { picture_ = ReadWholeFile(path); }
-    void TellShortFiles(const std::vector<ShortFile> &) override { std::abort(); }
+    void Tell(const LoadReport &report) override {
+        if (!report.shortFiles.empty())
+            std::abort();
+    }
 
   private:
     Bytes picture_;

@@ -46,9 +46,8 @@ int main() {
         files.emplace_back(name, ReadWholeFile(folder + name));
 
     const auto save = [&] {
-        if (!SaveFiles(*campaign, all, folder).Succeeded())
-            std::abort();
-        if (progress.written.size() != files.size())
+        const SaveOutcome outcome = SaveFiles(*campaign, all, folder);
+        if (!outcome.Succeeded() || outcome.written.size() != files.size())
             std::abort();
     };
     const auto writePlainly = [&] {

@@ -286,7 +286,7 @@ TEST_F(LoadProjectTest, FilesOfTheGameAreReadOnlyAsFarAsTheirFormatGoes) {
     EXPECT_EQ(EncodeAirfields(*campaign), EncodeAirfields(*before));
     EXPECT_EQ(campaign->RoadWaypointTable, before->RoadWaypointTable);
     EXPECT_EQ(campaign->RailWaypointTable, before->RailWaypointTable);
-    EXPECT_TRUE(window.shortFiles.empty());
+    EXPECT_TRUE(window.report.shortFiles.empty());
 }
 
 TEST_F(LoadProjectTest, AProjectFileAndATargetNamesFileAboveOneMiBAreErrorsOfThatFile) {
