@@ -42,6 +42,8 @@ struct TargetRecord {
     std::uint16_t airfield_mark = 0;  ///< flagSet or 0
     std::uint16_t airfield_ref = 0;   ///< index into AirfieldTable
     FineOffsets<2> fineOffsets{};     ///< of x, y
+    /// What else the target's record in the file holds, in its order; nobody knows what it means.
+    std::array<std::uint8_t, 17> unknown{};
 
     bool operator==(const TargetRecord &) const = default;
 };

@@ -28,6 +28,8 @@ std::string RandomName(std::size_t longest, std::mt19937 &random) {
 void FillTarget(TargetRecord &target, std::mt19937 &random) {
     target.x = UpTo(std::int16_t{639}, random);
     target.y = UpTo(std::int16_t{319}, random);
+    for (std::uint8_t &byte : target.unknown)
+        byte = UpTo(std::uint8_t{255}, random);
     target.fineOffsets = {RandomFineOffset(random), RandomFineOffset(random)};
     target.code = UpTo(std::uint16_t{targetNameTotal - 1}, random);
     target.count = UpTo(std::uint16_t{255}, random);

@@ -24,6 +24,7 @@ std::unique_ptr<Campaign> MarkedCampaign() {
             0,          0,          next(1000), next(2000), "name " + std::to_string(t),
             next(3000), next(4000), next(5000), next(6000)};
         campaign->TargetTable[t].fineOffsets = {static_cast<double>(t) + .25, static_cast<double>(t) + .75};
+        campaign->TargetTable[t].unknown.fill(static_cast<std::uint8_t>(t));
     }
     return campaign;
 }

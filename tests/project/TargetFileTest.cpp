@@ -71,22 +71,17 @@ TEST_F(TargetFile, ReadsARecordByteByByte) {
                                 .airfield_mark = 65535,
                                 .airfield_ref = 161,
                                 // 1025 + 1025 / 2 and 320 / 262144 * 4100
-                                .fineOffsets = {1537.5, 5.0048828125}};
+                                .fineOffsets = {1537.5, 5.0048828125},
+                                .unknown = {0x11, 0x12, 0x13, 0x14, 0x15, 0x16, 0x17, 0x18, 0x21, 0x31, 0x32,
+                                            0x41, 0x42, 0x43, 0x44, 0x45, 0x46}};
     EXPECT_EQ(Target(5), expected);
 }
 
-TEST_F(TargetFile, WritesARecordByteByByteAndLeavesTheOtherBytesOfTheSpan) {
+TEST_F(TargetFile, WritesARecordByteByByte) {
     DecodeTarget(recordByHand, 5, *campaign);
-    Record same = recordByHand;
-    EncodeTarget(*campaign, 5, same);
-    EXPECT_EQ(same, recordByHand);
-
-    Record expected = recordByHand;
-    for (const std::size_t kept : keptOffsets)
-        expected[kept] = 0;
-    Record fresh{};
-    EncodeTarget(*campaign, 5, fresh);
-    EXPECT_EQ(fresh, expected);
+    Record record{};
+    EncodeTarget(*campaign, 5, record);
+    EXPECT_EQ(record, recordByHand);
 }
 
 TEST_F(TargetFile, StandsInTheFileWithAHeaderOf302) {
@@ -309,7 +304,7 @@ TEST_F(TargetFile, TheReplacedFilesRecordsStartBehindItsHeader) {
     Bytes replaced(fileSize);
     for (std::size_t i = 0; i < fileSize; ++i)
         replaced[i] = static_cast<std::uint8_t>(i * 5 + i / 256);
-    const Bytes file = EncodeTargets(*campaign, {}, replaced);
+    const Bytes file = EncodeTargets(*campaign, Bytes(1), replaced);
     for (std::size_t i = 0; i < targetTotal; ++i)
         for (const std::size_t kept : keptOffsets)
             ASSERT_EQ(file[4 + 32 * i + kept], replaced[4 + 32 * i + kept]) << i << " " << kept;
@@ -317,7 +312,7 @@ TEST_F(TargetFile, TheReplacedFilesRecordsStartBehindItsHeader) {
 
 TEST_F(TargetFile, WhatTheReplacedFileHasNotIsZero) {
     // It ends behind byte 22 of record 2.
-    const Bytes file = EncodeTargets(*campaign, {}, Bytes(4 + 32 * 2 + 23, 0x99));
+    const Bytes file = EncodeTargets(*campaign, Bytes(1), Bytes(4 + 32 * 2 + 23, 0x99));
     EXPECT_EQ(RecordOf(file, 1)[31], 0x99);
     EXPECT_EQ(RecordOf(file, 2)[22], 0x99);
     EXPECT_EQ(RecordOf(file, 2)[23], 0);
@@ -349,14 +344,37 @@ TEST_F(TargetFile, WritingWithAShortTemplateKeepsTheFilesOwnBytesBehindIt) {
     EXPECT_EQ(content.at(4 + 32 * 301 + 31), '\x55');
 }
 
-TEST_F(TargetFile, WritingWithoutATemplateKeepsTheFilesOwnBytes) {
+TEST_F(TargetFile, WithoutATemplateEachTargetKeepsItsOwnBytesWhereverItGoes) {
     const TemporaryFolder folder;
     const TemporaryFolder program;
+    Bytes loaded(fileSize);
+    for (std::size_t i = 0; i < targetTotal; ++i)
+        for (const std::size_t kept : keptOffsets)
+            loaded[4 + 32 * i + kept] = static_cast<std::uint8_t>(i * 3 + kept);
+    Decode(loaded);
+    std::swap(Target(5), Target(290));
     const std::string path = folder.Make("TARGET.DAT", std::string(fileSize, '\x55'));
     WriteTargets(path, *campaign, program.Path());
-    const Bytes expected = EncodeTargets(*campaign, {}, FileOf(0x55));
-    EXPECT_EQ(folder.Content("TARGET.DAT"), std::string(expected.begin(), expected.end()));
-    EXPECT_EQ(expected[4 + 8], 0x55);
+    const std::string content = folder.Content("TARGET.DAT");
+    for (const auto &[now, before] : {std::pair<std::size_t, std::size_t>{5, 290}, {290, 5}, {6, 6}})
+        for (const std::size_t kept : keptOffsets)
+            ASSERT_EQ(static_cast<std::uint8_t>(content[4 + 32 * now + kept]), loaded[4 + 32 * before + kept])
+                << now << " " << kept;
+}
+
+TEST_F(TargetFile, WhatAShortFileHasNotOfATargetsOwnBytesIsZero) {
+    Target(2).unknown.fill(7);
+    Target(3).unknown.fill(7);
+    Bytes loaded(4 + 32 * 2 + 23);  // it ends behind byte 22 of record 2
+    for (const std::size_t record : std::initializer_list<std::size_t>{1, 2})
+        for (const std::size_t kept : keptOffsets)
+            if (4 + 32 * record + kept < loaded.size())
+                loaded[4 + 32 * record + kept] = 0x99;
+    Decode(loaded);
+    EXPECT_EQ(Target(1).unknown.back(), 0x99);
+    EXPECT_EQ(Target(2).unknown,
+              (decltype(TargetRecord::unknown){0x99, 0x99, 0x99, 0x99, 0x99, 0x99, 0x99, 0x99, 0x99, 0x99}));
+    EXPECT_EQ(Target(3).unknown, decltype(TargetRecord::unknown){});
 }
 
 TEST_F(TargetFile, WritingANewFileWithoutATemplateFillsUpWithZeros) {

@@ -36,13 +36,39 @@ constexpr std::size_t targetThatIsAlwaysAnAirfield = 81;
 
 constexpr RecordFile<targetRecordSize> targetFile{"target", targetTotal, 1};
 
-/// What the editor does not know of record i, from the template or the file that is replaced.
-std::array<std::uint8_t, targetRecordSize> KeptBytes(std::size_t i, ConstByteSpan templateBytes,
-                                                     ConstByteSpan replaced) {
+struct ByteRange {
+    TargetOffset offset;
+    std::size_t size;
+};
+/// Where the bytes of TargetRecord::unknown stand.
+constexpr std::array<ByteRange, 4> unknownRanges{{{kept8, 8}, {kept18, 1}, {kept22, 2}, {kept26, 6}}};
+static_assert(8 + 1 + 2 + 6 == std::tuple_size_v<decltype(TargetRecord::unknown)>);
+
+using UnknownBytes = decltype(TargetRecord::unknown);
+
+UnknownBytes UnknownBytesOf(std::span<const std::uint8_t, targetRecordSize> record) {
+    UnknownBytes unknown{};
+    auto to = unknown.begin();
+    for (const ByteRange &range : unknownRanges)
+        to = std::ranges::copy(record.subspan(range.offset, range.size), to).out;
+    return unknown;
+}
+
+/// The unknown bytes of record i with a template, which may be short: those of the file that is replaced stay
+/// where it holds no whole record.
+UnknownBytes TemplateBytes(std::size_t i, ConstByteSpan templateBytes, ConstByteSpan replaced) {
     const bool inTemplate = templateBytes.size() >= (i + 1) * targetRecordSize;
     ByteReader source(inTemplate ? templateBytes : replaced);
     source.Skip((inTemplate ? 0 : recordCountSize) + i * targetRecordSize);
-    return source.Take<targetRecordSize>();
+    return UnknownBytesOf(source.Take<targetRecordSize>());
+}
+
+void PutUnknownBytes(const UnknownBytes &unknown, std::span<std::uint8_t, targetRecordSize> record) {
+    auto from = unknown.begin();
+    for (const ByteRange &range : unknownRanges)
+        from =
+            std::ranges::copy_n(from, static_cast<std::ptrdiff_t>(range.size), record.begin() + range.offset)
+                .in;
 }
 
 }  // namespace
@@ -61,6 +87,7 @@ void DecodeTarget(std::span<const std::uint8_t, targetRecordSize> record, std::s
     target.count = record[objectCount];
     target.extra_word = word(extraWord);
     target.airfield_ref = word(airfieldRef);
+    target.unknown = UnknownBytesOf(record);
     const bool airfield = target.airfield_ref != 0 || index == targetThatIsAlwaysAnAirfield;
     target.airfield_mark = airfield ? flagSet : std::uint16_t{0};
 }
@@ -77,6 +104,7 @@ void EncodeTarget(const Campaign &campaign, std::size_t index,
     record[objectCount] = ToByte(target.count, place.Plus(objectCount));
     PutUint16(record, extraWord, target.extra_word);
     PutUint16(record, airfieldRef, target.airfield_ref);
+    PutUnknownBytes(target.unknown, record);
 }
 
 void DecodeTargets(ConstByteSpan bytes, const std::string &path, Campaign &campaign, LoadListener &listener) {
@@ -93,8 +121,9 @@ void ReadTargets(const std::string &path, Campaign &campaign, LoadListener &list
 Bytes EncodeTargets(const Campaign &campaign, ConstByteSpan templateBytes, ConstByteSpan replaced,
                     const std::string &path) {
     return targetFile.Encode(path, [&](std::size_t i, auto record, const Place &place) {
-        std::ranges::copy(KeptBytes(i, templateBytes, replaced), record.begin());
         EncodeTarget(campaign, i, record, place);
+        if (!templateBytes.empty())
+            PutUnknownBytes(TemplateBytes(i, templateBytes, replaced), record);
     });
 }
 
@@ -102,7 +131,7 @@ void WriteTargets(const std::string &path, const Campaign &campaign, const std::
     if (path.empty())
         return;
     const Bytes templateBytes = ReadStartOfFileIfThere(programFolder + "targetbase.dat", templateSize);
-    const bool needsReplaced = templateBytes.size() < templateSize;
+    const bool needsReplaced = !templateBytes.empty() && templateBytes.size() < templateSize;
     const Bytes replaced = needsReplaced ? ReadStartOfFileIfThere(path, targetFile.Size()) : Bytes();
     AtomicWrite(path, EncodeTargets(campaign, templateBytes, replaced, path));
 }

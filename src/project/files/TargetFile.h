@@ -11,8 +11,7 @@ constexpr std::size_t targetRecordSize = 32;
 /// TargetNameTable. Throws an overflow Error for a position and an index Error for a code above 307.
 void DecodeTarget(std::span<const std::uint8_t, targetRecordSize> record, std::size_t index,
                   Campaign &campaign, const Place &place = {});
-/// Puts target index of the tables into its record of the file; the bytes that the editor does not know stay
-/// as they are. Throws an overflow Error.
+/// Puts target index of the tables into its record of the file. Throws an overflow Error.
 void EncodeTarget(const Campaign &campaign, std::size_t index,
                   std::span<std::uint8_t, targetRecordSize> record, const Place &place = {});
 
@@ -22,9 +21,9 @@ void DecodeTargets(ConstByteSpan bytes, const std::string &path, Campaign &campa
 /// must have been read before. Throws the errors of file access, overflow, and index for a code above 307.
 void ReadTargets(const std::string &path, Campaign &campaign, LoadListener &listener);
 
-/// The whole targets file. What the editor does not know of a record comes from templateBytes (record i at 32
-/// * i, no header) when it holds the record whole, else from replaced, the targets file that stood there
-/// before, else is zero. path is for messages.
+/// The whole targets file. With a template (record i at 32 * i, no header) what the editor does not know of a
+/// record comes from it; where it holds no whole record, from replaced, the targets file that stood there
+/// before, and where that has none it is zero. An empty template is none. path is for messages.
 Bytes EncodeTargets(const Campaign &campaign, ConstByteSpan templateBytes, ConstByteSpan replaced,
                     const std::string &path = {});
 
