@@ -86,7 +86,15 @@ void LoadProject(const std::string &path, Campaign &open, LoadProjectWindow &win
                     "a line \"Map=\" with the name of the map picture",
                     facts.wasMade ? "no project file there: it has been made, empty" : "none");
 
-    window.LoadMapPicture(paths.PathOf(paths.Map), steps);
+    try {
+        window.LoadMapPicture(paths.PathOf(paths.Map), steps);
+    } catch (const Error &) {
+        if (!facts.wasMade)
+            throw;
+        throw Error(ErrorKind::FileMissing, {.file = path}, "a project file",
+                    "none: it has been made, empty, and the map picture of the project before (\"" +
+                        Utf8OfProjectText(paths.Map) + "\") does not lie beside it");
+    }
     steps.AddProgress(5);
     loaded->ProjectLoaded = true;
     ReadCampaignFiles(*loaded, steps);

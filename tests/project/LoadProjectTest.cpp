@@ -32,7 +32,9 @@ class RecordingWindow : public LoadProjectWindow {
     void ShowProjectName(const std::string &name) override { calls.push_back("ShowProjectName " + name); }
     void TellNoMap() override { calls.emplace_back("TellNoMap"); }
     void CloseProgress() override { calls.emplace_back("CloseProgress"); }
-    void LoadMapPicture(const std::string &path, LoadListener &) override { calls.push_back("LoadMapPicture " + path); }
+    void LoadMapPicture(const std::string &path, LoadListener &) override {
+        calls.push_back("LoadMapPicture " + path);
+    }
     void ShowCampaign() override { calls.emplace_back("ShowCampaign"); }
     void Tell(const LoadReport &told) override {
         calls.emplace_back("Tell");
@@ -338,6 +340,23 @@ TEST_F(LoadProjectTest, OnAFirstLoadAProjectThatDoesNotExistIsCreatedEmptyAndSto
     EXPECT_EQ(first.calls, (std::vector<std::string>{"ShowProgress", "ShowProjectName "}));
     EXPECT_EQ(first.progress, (std::vector<double>{0, 15}));
     EXPECT_FALSE(campaign->ProjectLoaded);
+}
+
+TEST_F(LoadProjectTest, AProjectThatDoesNotExistIsNamedWhenTheMapOfTheOneBeforeIsNotBesideIt) {
+    struct ReadsTheMap : RecordingWindow {
+        void LoadMapPicture(const std::string &path, LoadListener &) override { ReadWholeFile(path); }
+    };
+    ReadsTheMap second;
+    campaign->paths.Map = "old.bmp";
+    const std::string path = folder.Path() + "new.prj";
+    const Error error = ErrorThrownBy([&] { LoadProject(path, *campaign, second); });
+    EXPECT_EQ(error.File(), path);
+    EXPECT_EQ(error.Found(),
+              "none: it has been made, empty, and the map picture of the project before "
+              "(\"old.bmp\") does not lie beside it");
+    folder.Make("named.prj", "Name=x\r\n");
+    EXPECT_EQ(ErrorThrownBy([&] { LoadProject(folder.Path() + "named.prj", *campaign, second); }).File(),
+              folder.Path() + "old.bmp");
 }
 
 TEST_F(LoadProjectTest, AProjectNamedInMoreCharactersThanTheSystemAllowsIsAnErrorThatNamesIt) {

@@ -44,5 +44,12 @@ TEST(ErrorReport, SaysWhatAFailedWriteHasMadeOfTheFileUnlessItIsAsBefore) {
               start + "The file may be damaged now.\n\nAll is well.");
 }
 
+TEST(ErrorReport, ShowsOnlyTheBeginningOfAVeryLongText) {
+    const std::string report =
+        ReportOf(Error(ErrorKind::TypeMismatch, {.file = "F"}, "a number", std::string(1000000, '7')));
+    EXPECT_LT(report.size(), 1000U);
+    EXPECT_NE(report.find("Found: " + std::string(600, '7') + "...\n"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace vtr

@@ -27,5 +27,9 @@ TEST(GameText, AProjectsNameMarksNoKeyInItsCaption) {
     EXPECT_EQ(ProjectCaption("\u041C\u0438\u0440"), QStringLiteral("\u041C\u0438\u0440"));
 }
 
+TEST(GameText, AVeryLongProjectNameIsShownShortened) {
+    EXPECT_EQ(ProjectCaption(std::string(1000000, 'n')), QString(200, QLatin1Char('n')) + "...");
+}
+
 }  // namespace
 }  // namespace vtr

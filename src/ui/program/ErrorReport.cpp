@@ -8,6 +8,9 @@ namespace vtr {
 
 namespace {
 
+/// A path may be long; what was found in a file may be a line of a million letters.
+constexpr std::size_t longestShown = 600;
+
 QString WithCapital(QString text) {
     text[0] = text[0].toUpper();
     return text;
@@ -40,8 +43,9 @@ QString ErrorReport(const QString &operation, const Error &error, const QString 
     QStringList lines{operation + QStringLiteral(" failed."), QString(), WhatWentWrong(error)};
     const auto add = [&lines](const char *label, const std::string &value) {
         if (!value.empty())
-            lines << QStringLiteral("%1: %2").arg(QLatin1String(label),
-                                                  QString::fromStdString(Utf8OfProjectText(value)));
+            lines << QStringLiteral("%1: %2").arg(
+                QLatin1String(label),
+                QString::fromStdString(Utf8OfProjectText(Shortened(value, longestShown))));
     };
     add("File", error.File());
     add("Place", error.PlaceText());
