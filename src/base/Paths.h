@@ -24,8 +24,7 @@ std::string PathOnDisk(std::string_view path);
 /// may not be looked at counts as there: using it tells why not.
 bool FileExists(std::string_view path);
 /// path as an absolute one, without ".", ".." and doubled separators as far as both forms name the same file:
-/// a
-/// ".." behind a symbolic link, or behind a folder that does not exist, stays.
+/// a ".." behind a symbolic link, or behind a folder that does not exist, stays.
 std::string CleanAbsolutePath(std::string_view path);
 /// path, or, when it is a symbolic link, the file at the end of the chain of links, which need not exist.
 /// Throws a file-access Error when the links go round in a circle.

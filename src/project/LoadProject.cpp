@@ -79,12 +79,15 @@ void LoadProject(const std::string &path, Campaign &open, LoadProjectWindow &win
         open.paths = paths;
         window.TellNoMap();
         window.CloseProgress();
+        window.Tell({{}, {}, facts});
         return;
     }
     if (paths.Map.empty())
         throw Error(facts.wasMade ? ErrorKind::FileMissing : ErrorKind::TypeMismatch, {.file = path},
                     "a line \"Map=\" with the name of the map picture",
-                    facts.wasMade ? "no project file there: it has been made, empty" : "none");
+                    facts.wasMade       ? "no such file, so that an empty one was made"
+                    : facts.hasUtf8Mark ? "none; a UTF-8 mark makes the first line count for nothing"
+                                        : "none");
 
     try {
         window.LoadMapPicture(paths.PathOf(paths.Map), steps);
@@ -92,8 +95,8 @@ void LoadProject(const std::string &path, Campaign &open, LoadProjectWindow &win
         if (!facts.wasMade)
             throw;
         throw Error(ErrorKind::FileMissing, {.file = path}, "a project file",
-                    "none: it has been made, empty, and the map picture of the project before (\"" +
-                        Utf8OfProjectText(paths.Map) + "\") does not lie beside it");
+                    "no such file, so that an empty one was made; the map picture of the project before (\"" +
+                        Utf8OfProjectText(paths.Map) + "\") is not there");
     }
     steps.AddProgress(5);
     loaded->ProjectLoaded = true;
@@ -102,7 +105,7 @@ void LoadProject(const std::string &path, Campaign &open, LoadProjectWindow &win
     window.ShowCampaign();
     steps.SetProgress(100);
     window.CloseProgress();
-    window.Tell({steps.ShortFiles(), KeysWithoutFile(open.paths), facts.hasUtf8Mark});
+    window.Tell({steps.ShortFiles(), KeysWithoutFile(open.paths), facts});
 }
 
 }  // namespace vtr

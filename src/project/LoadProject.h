@@ -7,6 +7,7 @@
 #include "Campaign.h"
 #include "Errors.h"
 #include "LoadListener.h"
+#include "ProjectFile.h"
 
 namespace vtr {
 
@@ -14,7 +15,7 @@ namespace vtr {
 struct LoadReport {
     std::vector<ShortFile> shortFiles;
     std::vector<std::string> keysWithoutFile;  ///< of the project file
-    bool hasUtf8Mark = false;                  ///< see ProjectFileFacts
+    ProjectFileFacts projectFile;
 };
 
 /// What loading a project asks of the window, in the order in which it asks.
@@ -30,8 +31,8 @@ class LoadProjectWindow {
     /// Says "No Map specified. Cannot load project."
     virtual void TellNoMap() = 0;
     virtual void CloseProgress() = 0;
-    /// Reads the picture at path, which ShowCampaign is to show; tells listener when it is
-    /// short and throws an Error when it cannot.
+    /// Reads the picture at path, which ShowCampaign is to show; tells listener when it is short and throws
+    /// an Error when it cannot.
     virtual void LoadMapPicture(const std::string &path, LoadListener &listener) = 0;
     /// The campaign is loaded: shows it with its map picture at 100% and its first items selected, and adds
     /// it to the recent projects.

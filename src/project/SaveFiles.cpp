@@ -19,28 +19,45 @@ const CampaignFile *FileOfBox(std::size_t box) {
     return found == campaignFiles.end() ? nullptr : &*found;
 }
 
-/// Why a save must leave the file of that name alone: it would not be the project's own, or another's.
+/// True when a link at path leads to the file at other.
+bool LinksTo(const std::string &path, const std::string &other) {
+    std::error_code failed;
+    const auto onDisk = FilesystemPath(PathOnDisk(path));
+    return std::filesystem::is_symlink(onDisk, failed) &&
+           std::filesystem::equivalent(onDisk, FilesystemPath(PathOnDisk(other)), failed);
+}
+
+/// Why a save must leave the file of that key alone: it would not be the project's own, or another's.
 std::string ObjectionTo(const ProjectPaths &paths, const CampaignFile &file) {
-    const std::string &name = paths.*file.name;
+    const std::string name = Utf8OfProjectText(paths.*file.name);
     if (name.find_first_of("/\\") != std::string::npos || name.find("..") != std::string::npos)
         return "leads out of the folder";
-    const auto isSame = [&name](std::string_view other) { return UpperAscii(name) == UpperAscii(other); };
+    const auto isSame = [&](const std::string &other) {
+        return UpperAscii(name) == UpperAscii(other) ||
+               (!other.empty() && LinksTo(paths.ProjectDir + name, paths.ProjectDir + other));
+    };
     for (const CampaignFile &other : campaignFiles)
-        if (other.name != file.name && isSame(paths.*other.name))
+        if (other.name != file.name && isSame(Utf8OfProjectText(paths.*other.name)))
             return "is the file of " + UpperAscii(other.key) + " too";
     return isSame(paths.ProjectFile) ? "is the project file itself" : "";
 }
 
-/// Where a link at path leads, when that is outside folder.
+/// Where a link at path leads, when that is outside folder or cannot be told.
 std::string LinkOutOf(const std::string &folder, const std::string &path) {
-    std::error_code failed;
     const std::string onDisk = PathOnDisk(path);
+    std::error_code failed;
     if (!std::filesystem::is_symlink(FilesystemPath(onDisk), failed))
         return {};
-    const auto root = std::filesystem::weakly_canonical(FilesystemPath(PathOnDisk(folder) + "."), failed);
-    const auto real = std::filesystem::weakly_canonical(FilesystemPath(FollowLinks(onDisk)), failed);
-    const auto [inRoot, inReal] = std::ranges::mismatch(root, real);
-    return failed || inRoot == root.end() ? std::string() : PathText(real);
+    std::string target;
+    try {
+        target = FollowLinks(onDisk);
+    } catch (const Error &) {  // round in a circle: writing the file fails and says so
+        return {};
+    }
+    const auto real = std::filesystem::weakly_canonical(FilesystemPath(target), failed);
+    const auto root = std::filesystem::canonical(FilesystemPath(PathOnDisk(folder)), failed);
+    const bool isWithin = !failed && std::ranges::mismatch(root, real).in1 == root.end();
+    return isWithin ? std::string() : real.empty() ? target : PathText(real);
 }
 
 std::optional<int> Write(const CampaignFile &file, const Campaign &campaign,
@@ -51,7 +68,7 @@ std::optional<int> Write(const CampaignFile &file, const Campaign &campaign,
         !objection.empty())
         throw Error(ErrorKind::FileAccess, {.file = path},
                     "a file in the project's folder that only " + UpperAscii(file.key) + " names",
-                    "\"" + name + "\", which " + objection);
+                    "\"" + Utf8OfProjectText(name) + "\", which " + objection);
     // Without a file too: the grid data is checked all the same.
     return file.write(path, campaign, programFolder);
 }
@@ -103,9 +120,12 @@ SaveOutcome SaveFiles(const Campaign &campaign, const SaveBoxes &ticked, const s
         }
         if (misfit)
             outcome.misfit = misfit;
-        else if (isNamed(file) && (!outcome.failure || outcome.failure->FileReplaced())) {
+        else if (const FileAfterwards now =
+                     outcome.failure ? outcome.failure->AfterTheFailure() : FileAfterwards::Replaced;
+                 isNamed(file) && now != FileAfterwards::AsBefore) {
             std::erase(outcome.notWritten, file.usualName);
-            outcome.written.push_back(file.usualName);
+            if (now == FileAfterwards::Replaced)
+                outcome.written.push_back(file.usualName);
         }
         if (outcome.failure)
             break;

@@ -29,7 +29,8 @@ struct SaveBoxFile {
 };
 SaveBoxFile FileOfSaveBox(const ProjectPaths &paths, std::size_t box);
 
-/// How a save ended. A file that the project does not name is neither written nor not written.
+/// How a save ended. A file that the project does not name, or that may be damaged now (failure tells), is
+/// neither written nor not written.
 struct SaveOutcome {
     std::vector<std::string_view> written;     ///< captions of the ticked files
     std::vector<std::string_view> notWritten;  ///< those that still stand as they were

@@ -26,7 +26,7 @@ struct Session {
     /// ... and the airfield's stays off when the targets' mode comes back, until a target is selected.
     bool airfieldFrameEnabled = false;
     Picture map;                                 ///< the project's map picture
-    std::string tablesFolder;                    ///< the project folder that the tables were loaded from
+    std::string tablesProject;                   ///< the project file that the tables were loaded from
     bool loadFailed = false;                     ///< the last load; what was open before is whole
     bool mapIsUpsideDown = false;                ///< it was generated here and not mirrored since
     std::string programFolder;                   ///< ends in a separator

@@ -49,6 +49,8 @@ StatusBar::StatusBar(QWidget *parent)
       version(AddPanel("version", programTitle + QStringLiteral(" v") + ShortVersionText(), "")) {
     setObjectName(QStringLiteral("sb_status"));
     setSizeGripEnabled(false);
+    // A message that has no room can be read there.
+    connect(this, &QStatusBar::messageChanged, this, &QWidget::setToolTip);
     project->setMaximumWidth(projectWidth * fontMetrics().averageCharWidth());
     FixWidth(*xypos, QStringLiteral("(-999, -999)"));
     curredit->setFocusPolicy(Qt::TabFocus);

@@ -1,5 +1,6 @@
 #include "frm_main.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
@@ -181,7 +182,8 @@ void frm_main::closeEvent(QCloseEvent *event) {
 }
 
 void frm_main::dragEnterEvent(QDragEnterEvent *event) {
-    if (!ProjectFileIn(*event).isEmpty())
+    // A dialog over the window comes first.
+    if (!ProjectFileIn(*event).isEmpty() && QApplication::activeModalWidget() == nullptr)
         AcceptAsCopy(*event);
 }
 

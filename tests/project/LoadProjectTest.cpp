@@ -203,7 +203,7 @@ TEST_F(LoadProjectTest, AMapOfNoneStopsWithAMessageAndKeepsWhatWasLoadedButThePa
     campaign->TargetTable[0].x = 77;
     Load("Name=Second\r\nMap=NONE\r\nMapTM=VTR.TM\r\n");
     EXPECT_EQ(window.calls, (std::vector<std::string>{"ShowProgress", "ShowProjectName Second", "TellNoMap",
-                                                      "CloseProgress"}));
+                                                      "CloseProgress", "Tell"}));
     EXPECT_FALSE(campaign->ProjectLoaded);
     EXPECT_EQ(campaign->TargetTable[0].x, 77);
     EXPECT_EQ(campaign->paths.Name, "Second");
@@ -224,9 +224,9 @@ TEST_F(LoadProjectTest, TellsWhichKeysHaveNoFile) {
 TEST_F(LoadProjectTest, AUtf8MarkStaysPartOfTheFirstKeyAndIsTold) {
     Load("\xEF\xBB\xBFName=x\r\nMap=m.bmp\r\n");
     EXPECT_EQ(campaign->paths.Name, "");
-    EXPECT_TRUE(window.report.hasUtf8Mark);
+    EXPECT_TRUE(window.report.projectFile.hasUtf8Mark);
     Load("Name=x\r\nMap=m.bmp\r\n");
-    EXPECT_FALSE(window.report.hasUtf8Mark);
+    EXPECT_FALSE(window.report.projectFile.hasUtf8Mark);
 }
 
 TEST_F(LoadProjectTest, AProjectThatNamesNoMapPictureIsAnErrorThatSaysSo) {
@@ -335,7 +335,7 @@ TEST_F(LoadProjectTest, OnAFirstLoadAProjectThatDoesNotExistIsCreatedEmptyAndSto
     const Error error = ErrorThrownBy([&] { LoadProject(path, *campaign, first); });
     EXPECT_EQ(error.Kind(), ErrorKind::FileMissing);
     EXPECT_EQ(error.File(), path);
-    EXPECT_EQ(error.Found(), "no project file there: it has been made, empty");
+    EXPECT_EQ(error.Found(), "no such file, so that an empty one was made");
     EXPECT_EQ(std::filesystem::file_size(path), 0U);
     EXPECT_EQ(first.calls, (std::vector<std::string>{"ShowProgress", "ShowProjectName "}));
     EXPECT_EQ(first.progress, (std::vector<double>{0, 15}));
@@ -352,8 +352,8 @@ TEST_F(LoadProjectTest, AProjectThatDoesNotExistIsNamedWhenTheMapOfTheOneBeforeI
     const Error error = ErrorThrownBy([&] { LoadProject(path, *campaign, second); });
     EXPECT_EQ(error.File(), path);
     EXPECT_EQ(error.Found(),
-              "none: it has been made, empty, and the map picture of the project before "
-              "(\"old.bmp\") does not lie beside it");
+              "no such file, so that an empty one was made; the map picture of the project before "
+              "(\"old.bmp\") is not there");
     folder.Make("named.prj", "Name=x\r\n");
     EXPECT_EQ(ErrorThrownBy([&] { LoadProject(folder.Path() + "named.prj", *campaign, second); }).File(),
               folder.Path() + "old.bmp");

@@ -185,5 +185,10 @@ TEST_F(ProjectFileTest, ANewFileHasThirteenLinesInSingleByteCharactersUnlessOneH
     EXPECT_EQ(written(), "Name=K\u00F6ln \u041C\r\nMap=m\u00E4p.bmp\r\n" + rest);
 }
 
+TEST_F(ProjectFileTest, AZeroByteAloneDoesNotMakeItTextOf16Bits) {
+    Read(std::string("N\0ME=x\r\nMap=m.bmp\r\n", 18));
+    EXPECT_EQ(paths.Map, "m.bmp");
+}
+
 }  // namespace
 }  // namespace vtr

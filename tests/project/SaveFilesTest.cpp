@@ -291,6 +291,35 @@ TEST_F(SaveFilesTest, ANameThatAnotherKeyHasTooIsNeverWrittenInAnyLetterCase) {
     }
 }
 
+TEST_F(SaveFilesTest, OneNameInTwoEncodingsIsOneName) {
+    campaign->paths.RailList = "K\u00F6ln.dat";
+    campaign->paths.GridData = "K\xF6ln.dat";
+    EXPECT_EQ(FileOfSaveBox(campaign->paths, 2).objection, "is the file of RAILLIST too");
+}
+
+TEST_F(SaveFilesTest, ALinkToAnotherFileOfTheProjectIsNeverWritten) {
+    std::filesystem::remove(folder.Path() + "GRIDDATA.DAT");
+    std::filesystem::create_symlink(campaign->paths.Map, folder.Path() + "GRIDDATA.DAT");
+    const std::string map = folder.Content(campaign->paths.Map);
+    SaveBoxes grid{};
+    grid[2] = true;
+    EXPECT_EQ(FailureOfSave(grid).Found(), "\"GRIDDATA.DAT\", which is the file of MAP too");
+    EXPECT_TRUE(folder.Content(campaign->paths.Map) == map);
+}
+
+TEST_F(SaveFilesTest, AFileThatMayBeDamagedIsInNeitherList) {
+    std::filesystem::permissions(folder.Path(),
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    // Written in place, whose flush fails, as does giving the old bytes back.
+    const SystemCalls calls({{"openat", 1, EACCES}, {"fsync", 1, EIO}, {"fsync", 2, EIO}});
+    SaveBoxes targets{};
+    targets[0] = true;
+    EXPECT_EQ(FailureOfSave(targets).AfterTheFailure(), FileAfterwards::MayBeDamaged);
+    std::filesystem::permissions(folder.Path(), std::filesystem::perms::owner_all);
+    EXPECT_THAT(outcome.written, IsEmpty());
+    EXPECT_THAT(outcome.notWritten, IsEmpty());
+}
+
 TEST_F(SaveFilesTest, ALinkOutOfTheFolderIsNamedAndOneWithinItIsNot) {
     TemporaryFolder elsewhere;
     const std::string outside = elsewhere.Make("real.dat", "x");

@@ -104,12 +104,11 @@ TEST_F(FatalLoadTest, AMapPictureThatIsNoneDoesSoToo) {
 TEST_F(FatalLoadTest, AProjectThatDoesNotExistIsMadeEmptyAndDoesSoForItHasNoMap) {
     EXPECT_EQ(ExitStatusOfStarting(folder.Path() + "new.prj"), 1);
     EXPECT_EQ(folder.Content("new.prj"), "");
-    ExpectOneFatalBoxThatSays(
-        "Loading the project failed.\n\nFile not found.\nFile: " + folder.Path() +
-        "new.prj\nExpected: a line \"Map=\" with the name of the map picture\nFound: no "
-        "project file there: it has been made, empty\n\n"
-        "The program ends now. " +
-        whatToDo);
+    ExpectOneFatalBoxThatSays("Loading the project failed.\n\nFile not found.\nFile: " + folder.Path() +
+                              "new.prj\nExpected: a line \"Map=\" with the name of the map picture\nFound: "
+                              "no such file, so that an empty one was made\n\n"
+                              "The program ends now. " +
+                              whatToDo);
 }
 
 TEST_F(FatalLoadTest, APathOf300CharactersDoesSoToo) {
@@ -157,7 +156,7 @@ class FatalSecondLoadTest : public FatalLoadTest {
 
 TEST_F(FatalSecondLoadTest, SaysThatTheOpenCampaignIsWholeAndWritesThePreferencesAtTheEnd) {
     EXPECT_EQ(ExitStatusAfterAnswer([](QMessageBox &report) { report.button(QMessageBox::Ok)->click(); }), 1);
-    EXPECT_TRUE(text.contains(QStringLiteral("is still open with all its edits"))) << text.toStdString();
+    EXPECT_TRUE(text.contains(QStringLiteral("still is, with all its edits"))) << text.toStdString();
     EXPECT_EQ(nameInReport, nameBefore);
     EXPECT_EQ(BoundarySession().campaign.TargetTable[0].x, 321);
     EXPECT_TRUE(std::filesystem::exists(folder.Path() + "program/prefs.cfg"));

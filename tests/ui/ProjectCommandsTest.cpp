@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QProgressBar>
+#include <QStatusBar>
 
 #include "EditorWindow.h"
 #include "MapSurface.h"
@@ -296,6 +297,21 @@ TEST_F(ProjectCommandsTest, AMapPictureThatEndsTooEarlyIsListedAmongTheShortFile
                 ::testing::HasSubstr(picture + "\n    found " + std::to_string(whole - 100) +
                                      " bytes, expected " + std::to_string(whole) + " bytes"));
     EXPECT_TRUE(session->campaign.ProjectLoaded);
+}
+
+TEST_F(ProjectCommandsTest, AfterALoadTheStatusBarTellsWhichKeysHaveNoFileAndOfAMark) {
+    WriteSample();
+    window().Start(QString());
+    folder.Make("short.prj", "\xEF\xBB\xBFName=x\r\nMap=map.bmp\r\nTARNAMES=TARNAMES.STR\r\n");
+    window().Start(QString::fromStdString(folder.Path() + "short.prj"));
+    const QString said = window().statusBar()->currentMessage();
+    EXPECT_EQ(
+        said,
+        "The project names no file for MAPTM, TARGETS, GRIDDATA, FRONTLINE, AIRFIELD, RAILWAY, ROADWPT, "
+        "ROADLIST, RAILWPT, RAILLIST. The project file begins with a UTF-8 mark, so that its first line "
+        "counts "
+        "for nothing.");
+    EXPECT_EQ(window().statusBar()->toolTip(), said);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QStatusBar>
+#include <QWindow>
 
 #include "EditorWindow.h"
 #include "frm_save.h"
@@ -230,7 +231,8 @@ TEST_F(SaveCommand, AfterAProjectWithoutAMapTheLineWarnsThatTheTablesAreThoseOfA
     AcceptNextBox(noMap);
     window().Start(QString::fromStdString(other.Make("none.prj", "Name=Other\r\nMap=NONE\r\n")));
     const std::string warning = "The campaign in the editor was loaded from " + folder.Path() +
-                                ". A save writes it into " + other.Path() + ", over the files there.";
+                                "sample.prj. A save writes it over the files of " + other.Path() +
+                                "none.prj.";
     EXPECT_EQ(Line().text().toStdString(), "Another project is open now. " + warning);
     EXPECT_EQ(Find<QLabel>(*SaveDialog(), "lbl_project").text(), "Other");
     EXPECT_EQ(Find<QLabel>(*SaveDialog(), "lbl_folder").text().toStdString(), other.Path());
@@ -261,15 +263,22 @@ TEST_F(SaveCommand, TheDialogCanBeUsedBesideTheChooserOfAProject) {
     ShownBox question;
     AnswerNextBox(question, QMessageBox::Yes);
     bool blocked = true;
+    bool wasTicked = false;
+    bool mainWindowIsBlocked = false;
+    auto &airfield = Find<QCheckBox>(window(), "chk_tar_airfield");
     WhenModalOpens<QFileDialog>([&](QFileDialog &chooser) {
         EXPECT_EQ(chooser.windowModality(), Qt::WindowModal);
         Tick(4);
         blocked = !Box(4).isChecked();
-        QTest::mouseClick(&Find<QCheckBox>(window(), "chk_tar_airfield"), Qt::LeftButton);
+        wasTicked = airfield.isChecked();
+        QTest::mouseClick(&airfield, Qt::LeftButton);
+        mainWindowIsBlocked = airfield.isChecked() == wasTicked;
         chooser.reject();
     });
     Entry("mnu_p_load").trigger();
     EXPECT_FALSE(blocked);
+    EXPECT_TRUE(mainWindowIsBlocked);
+    EXPECT_EQ(SaveDialog()->windowHandle()->transientParent(), window().windowHandle());
     EXPECT_TRUE(DialogIsOpen());
 }
 
@@ -283,6 +292,45 @@ TEST_F(SaveCommand, TheBoxesAreReachedByTheArrowKeys) {
     }
     QTest::keyClick(SaveDialog()->focusWidget(), Qt::Key_Up);
     EXPECT_EQ(SaveDialog()->focusWidget(), &Box(9));
+}
+
+TEST_F(SaveCommand, ALinkThatGoesRoundInACircleIsAFailedSave) {
+    StartWithSample();
+    std::filesystem::remove(folder.Path() + "GRIDDATA.DAT");
+    std::filesystem::create_symlink("GRIDDATA.DAT", folder.Path() + "GRIDDATA.DAT");
+    OpenSaveDialog();
+    Tick(2);
+    EXPECT_THAT(BoxShownBy([this] { PressSave(); }).text.toStdString(),
+                ::testing::HasSubstr("Written: none.\nNot written: GRIDDATA.DAT."));
+    EXPECT_TRUE(DialogIsOpen());
+}
+
+TEST_F(SaveCommand, TheSameProjectLoadedAgainIsNotCalledAnother) {
+    StartWithSample();
+    OpenSaveDialog();
+    window().Start(QString::fromStdString(SamplePath()));
+    EXPECT_FALSE(Line().isVisible());
+}
+
+TEST_F(SaveCommand, TheWarningStaysBehindWhatElseTheLineSays) {
+    StartWithSample();
+    ShownBox noMap;
+    AcceptNextBox(noMap);
+    window().Start(QString::fromStdString(folder.Make("none.prj", "Name=Other\r\nMap=NONE\r\n")));
+    OpenSaveDialog();
+    PressSave();
+    EXPECT_EQ(Line().text().toStdString(),
+              "Tick the files to be saved. The campaign in the editor was loaded from " + SamplePath() +
+                  ". A save writes it over the files of " + folder.Path() + "none.prj.");
+}
+
+TEST_F(SaveCommand, TheToolTipsOfTheInterdictionFilesSayWhatIsTrueOfEach) {
+    StartWithSample();
+    OpenSaveDialog();
+    for (const int list : {7, 9})
+        EXPECT_EQ(Box(list).toolTip(), "The editor neither reads nor writes this file");
+    for (const int paths : {8, 10})
+        EXPECT_EQ(Box(paths).toolTip(), "The editor shows the paths of this file but never writes it");
 }
 
 }  // namespace

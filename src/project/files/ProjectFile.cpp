@@ -1,6 +1,7 @@
 #include "ProjectFile.h"
 
 #include <algorithm>
+#include <array>
 
 #include "AtomicWrite.h"
 #include "CampaignFiles.h"
@@ -26,10 +27,13 @@ std::string ProjectPaths::*ValueOfKey(std::string_view key) {
     return nullptr;
 }
 
-/// Such text begins with a mark or has a zero byte beside its first letter.
+/// Such text begins with a mark or has a zero byte beside each of its first two letters.
 bool IsTextOf16Bits(ConstByteSpan bytes) {
-    return bytes.size() >= 2 && (bytes[0] == 0 || bytes[1] == 0 || (bytes[0] == 0xFF && bytes[1] == 0xFE) ||
-                                 (bytes[0] == 0xFE && bytes[1] == 0xFF));
+    if (bytes.size() < 4)
+        return false;
+    const std::array<bool, 4> zero{bytes[0] == 0, bytes[1] == 0, bytes[2] == 0, bytes[3] == 0};
+    return (bytes[0] == 0xFF && bytes[1] == 0xFE) || (bytes[0] == 0xFE && bytes[1] == 0xFF) ||
+           zero == std::array{false, true, false, true} || zero == std::array{true, false, true, false};
 }
 
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";

@@ -52,11 +52,13 @@ void ProjectCommands::Load(const std::string &path) {
     }
     const QString nameBefore = widgets_.sb_status->project->text();
     session_.loadFailed = false;
+    isHandedOver_ = false;
     try {
         LoadProject(path, session_.campaign, *this);
     } catch (...) {
-        widgets_.sb_status->project->setText(nameBefore);
-        session_.loadFailed = true;
+        if (!isHandedOver_)
+            widgets_.sb_status->project->setText(nameBefore);
+        session_.loadFailed = !isHandedOver_;
         throw;
     }
     saveCommands_.ProjectChanged();
@@ -162,7 +164,8 @@ void ProjectCommands::LoadMapPicture(const std::string &path, LoadListener &list
 
 void ProjectCommands::ShowCampaign() {
     const ProjectPaths &paths = session_.campaign.paths;
-    session_.tablesFolder = paths.ProjectDir;
+    isHandedOver_ = true;
+    session_.tablesProject = paths.ProjectDir + paths.ProjectFile;
     session_.map = std::move(readMap_);
     session_.mapIsUpsideDown = false;
     session_.view.MapZoom = 1;
@@ -199,7 +202,11 @@ void ProjectCommands::Tell(const LoadReport &report) {
             keys << QString::fromStdString(key);
         notes << tr("The project names no file for %1.").arg(keys.join(QStringLiteral(", ")));
     }
-    if (report.hasUtf8Mark)
+    if (report.projectFile.wasMade)
+        notes << tr(
+            "The project file did not exist: an empty one was made, and the names of the project before "
+            "count.");
+    if (report.projectFile.hasUtf8Mark)
         notes << tr("The project file begins with a UTF-8 mark, so that its first line counts for nothing.");
     if (!notes.isEmpty())
         widgets_.sb_status->showMessage(notes.join(QLatin1Char(' ')), 20000);

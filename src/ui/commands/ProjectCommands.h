@@ -50,7 +50,8 @@ class ProjectCommands : public QObject, private LoadProjectWindow {
     QMainWindow *window_;
     std::function<void()> redraw_;
     frm_progress *frm_progress_;
-    Picture readMap_;  ///< the map picture of the project that is being loaded
+    bool isHandedOver_ = false;  ///< the campaign that is being loaded is the open one now
+    Picture readMap_;            ///< the map picture of the project that is being loaded
     std::string lastChosenFile_;
 };
 

@@ -22,6 +22,10 @@ QString JoinedCaptions(const std::vector<std::string_view> &captions) {
     return texts.isEmpty() ? QStringLiteral("none") : texts.join(QStringLiteral(", "));
 }
 
+std::string PathOfProject(const ProjectPaths &paths) {
+    return paths.ProjectDir + paths.ProjectFile;
+}
+
 }  // namespace
 
 SaveCommands::SaveCommands(Session &session, MainWidgets &widgets, QMainWindow *window)
@@ -52,41 +56,51 @@ bool SaveCommands::ShowAndWait() {
 
 void SaveCommands::SetUsableBesideMainWindow(bool usable) {
     // What is modal to a window blocks the dialogs that belong to it too.
-    if (IsShown())
+    if (frm_save_ != nullptr && frm_save_->windowHandle() != nullptr)
         frm_save_->windowHandle()->setTransientParent(usable ? nullptr : window_->windowHandle());
 }
 
 void SaveCommands::ProjectChanged() {
     if (!IsShown())
         return;
+    const bool isAnother = shownProject_ != PathOfProject(session_.campaign.paths);
+    ShowProject();
+    Say(isAnother ? tr("Another project is open now.") : QString());
+}
+
+void SaveCommands::ShowProject() {
+    shownProject_ = PathOfProject(session_.campaign.paths);
     frm_save_->ShowProject(session_.campaign.paths);
-    frm_save_->Say(tr("Another project is open now.") + QLatin1Char(' ') + Warning());
+}
+
+void SaveCommands::Say(const QString &text) {
+    frm_save_->Say((text + QLatin1Char(' ') + Warning()).trimmed());
 }
 
 void SaveCommands::Prepare() {
     if (frm_save_ == nullptr)
         frm_save_ = new frm_save([this](const SaveBoxes &ticked) { return Save(ticked); }, window_);
     frm_save_->Untick();
-    frm_save_->ShowProject(session_.campaign.paths);
-    frm_save_->Say(Warning());
+    ShowProject();
+    Say({});
 }
 
 QString SaveCommands::Warning() const {
-    const std::string &folder = session_.campaign.paths.ProjectDir;
-    if (session_.tablesFolder == folder)
+    const std::string project = PathOfProject(session_.campaign.paths);
+    if (session_.tablesProject == project)
         return {};
-    return tr("The campaign in the editor was loaded from %1. A save writes it into %2, over the files "
-              "there.")
-        .arg(QString::fromStdString(session_.tablesFolder), QString::fromStdString(folder));
+    return tr("The campaign in the editor was loaded from %1. A save writes it over the files of %2.")
+        .arg(QString::fromStdString(session_.tablesProject), QString::fromStdString(project));
 }
 
 bool SaveCommands::Save(const SaveBoxes &ticked) {
+    Say({});
     if (ticked == SaveBoxes{}) {
-        frm_save_->Say(tr("Tick the files to be saved."));
+        Say(tr("Tick the files to be saved."));
         return false;
     }
     if (!MayFollowLinks(ticked)) {
-        frm_save_->Say(tr("Nothing was written. All your edits are still in the editor."));
+        Say(tr("Nothing was written. All your edits are still in the editor."));
         return false;
     }
     const SaveOutcome outcome = SaveFiles(session_.campaign, ticked, session_.programFolder);
@@ -94,10 +108,13 @@ bool SaveCommands::Save(const SaveBoxes &ticked) {
     if (outcome.misfit) {
         ShowMessage(frm_save_, QMessageBox::Warning,
                     QString::fromStdString(MessageOfMisfit(*outcome.misfit)));
-        frm_save_->Say(tr("Written: %1. GRIDDATA.DAT is still the old one: move target %2 or press "
-                          "\"Reorder Targets for GRIDDATA.DAT\", then save it again.")
-                           .arg(written)
-                           .arg(*outcome.misfit));
+        Say(session_.campaign.paths.GridData.empty()
+                ? tr("Written: %1. The project names no grid file.").arg(written)
+                : tr("Written: %1. GRIDDATA.DAT is still the old one: move target %2 or press \"Reorder "
+                     "Targets "
+                     "for GRIDDATA.DAT\", then save it again.")
+                      .arg(written)
+                      .arg(*outcome.misfit));
     }
     if (outcome.failure)
         ShowMessage(frm_save_, QMessageBox::Warning,
@@ -119,12 +136,16 @@ bool SaveCommands::MayFollowLinks(const SaveBoxes &ticked) {
         if (!ticked[box])
             continue;
         const SaveBoxFile file = FileOfSaveBox(session_.campaign.paths, box);
-        if (!file.linkedTo.empty() &&
-            QMessageBox::question(
-                frm_save_, programTitle,
-                tr("%1 leads to %2. Write there?")
-                    .arg(QString::fromStdString(file.name), QString::fromStdString(file.linkedTo)),
-                QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
+        if (file.linkedTo.empty())
+            continue;
+        QMessageBox question(
+            QMessageBox::Question, programTitle,
+            tr("%1 leads to %2. Write there?")
+                .arg(QString::fromStdString(file.name), QString::fromStdString(file.linkedTo)),
+            QMessageBox::Yes | QMessageBox::No, frm_save_);
+        question.setTextFormat(Qt::PlainText);
+        question.setDefaultButton(QMessageBox::No);
+        if (question.exec() != QMessageBox::Yes)
             return false;
     }
     return true;

@@ -29,7 +29,10 @@ class SaveCommands : public QObject {
     bool IsShown() const;
     /// Makes the dialog ready to be shown anew.
     void Prepare();
+    void ShowProject();
     bool Save(const SaveBoxes &ticked);
+    /// Says text in the dialog, and behind it what the user should know before saving.
+    void Say(const QString &text);
     bool MayFollowLinks(const SaveBoxes &ticked);
     /// What the user should know before saving; empty: nothing.
     QString Warning() const;
@@ -38,6 +41,7 @@ class SaveCommands : public QObject {
     MainWidgets &widgets_;
     QMainWindow *window_;
     frm_save *frm_save_ = nullptr;  ///< made when it is first asked for, then kept
+    std::string shownProject_;      ///< the project file of which the dialog speaks
 };
 
 }  // namespace vtr

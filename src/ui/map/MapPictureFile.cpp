@@ -73,6 +73,7 @@ struct PictureReader {
         : held(QByteArray::fromRawData(reinterpret_cast<const char *>(bytes.data()),
                                        static_cast<qsizetype>(bytes.size()))) {
         qt.setDecideFormatFromContent(true);
+        QImageReader::setAllocationLimit(0);  // the number of pixels is limited here
     }
 
     QByteArray held;

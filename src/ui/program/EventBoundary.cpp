@@ -6,7 +6,6 @@
 
 #include "AtomicWrite.h"
 #include "ErrorReport.h"
-#include "GameText.h"
 #include "ShowMessage.h"
 
 namespace vtr {
@@ -21,9 +20,9 @@ bool CampaignIsWhole(const Session &session) {
 QString EndOfTheProgram(const Session &session) {
     if (CampaignIsWhole(session))
         return QStringLiteral(
-                   "The program ends now. \"%1\" is still open with all its edits: press \"Save Files "
-                   "First...\" if you have not saved them.")
-            .arg(ShownProjectName(session.campaign.paths.Name));
+            "The program ends now. The campaign that was open still is, with all its edits: press \"Save "
+            "Files "
+            "First...\" if you have not saved them.");
     QString text = QStringLiteral("The program ends now. ");
     if (session.campaign.ProjectLoaded)
         text += QStringLiteral(
@@ -65,7 +64,11 @@ void EventBoundary::Fail(const QString &report) {
     QMetaObject::invokeMethod(
         this,
         [this, report] {
-            ShowReport(report);
+            try {
+                ShowReport(report);
+            } catch (const std::exception &) {
+                // One message is enough; the program ends all the same.
+            }
             reporting_ = false;
             QCoreApplication::exit(1);
         },
