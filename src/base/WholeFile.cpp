@@ -1,6 +1,9 @@
 #include "WholeFile.h"
 
+#include <cstdint>
+#include <filesystem>
 #include <limits>
+#include <system_error>
 
 #include "Errors.h"
 #include "Paths.h"
@@ -25,12 +28,22 @@ Bytes ReadWholeFileIfThere(const std::string &path) {
     return ReadStartOfFileIfThere(path, unlimited);
 }
 
+Bytes ReadFileOfAtMost(std::size_t mebibytes, const std::string &path) {
+    const std::size_t most = mebibytes << 20;
+    // Asked first, so that nothing of a file that is far too large is read.
+    std::error_code unknown;
+    const std::uintmax_t size = std::filesystem::file_size(FilesystemPath(PathOnDisk(path)), unknown);
+    if (unknown || size <= most) {
+        Bytes bytes = ReadStartOfFile(path, most + 1);
+        if (bytes.size() <= most)
+            return bytes;
+    }
+    throw Error(ErrorKind::FileTooLarge, {.file = path},
+                "a file of at most " + std::to_string(mebibytes) + " MiB", "a larger one");
+}
+
 Bytes ReadSmallFile(const std::string &path) {
-    constexpr std::size_t most = 1U << 20;
-    Bytes bytes = ReadStartOfFile(path, most + 1);
-    if (bytes.size() > most)
-        throw Error(ErrorKind::FileTooLarge, {.file = path}, "a file of at most 1 MiB", "a larger one");
-    return bytes;
+    return ReadFileOfAtMost(1, path);
 }
 
 }  // namespace vtr

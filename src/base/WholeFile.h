@@ -14,8 +14,10 @@ Bytes ReadStartOfFile(const std::string &path, std::size_t most);
 /// The same, but nothing when there is no such file.
 Bytes ReadStartOfFileIfThere(const std::string &path, std::size_t most);
 Bytes ReadWholeFileIfThere(const std::string &path);
-/// The whole content of a file that no honest one of its kind makes larger than 1 MiB. Throws a
+/// The whole content of a file that no honest one of its kind makes larger than so many MiB. Throws a
 /// file-too-large Error when it is.
+Bytes ReadFileOfAtMost(std::size_t mebibytes, const std::string &path);
+/// The same of at most 1 MiB.
 Bytes ReadSmallFile(const std::string &path);
 
 }  // namespace vtr

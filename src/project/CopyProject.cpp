@@ -8,6 +8,7 @@
 #include "AtomicWrite.h"
 #include "CampaignFiles.h"
 #include "Errors.h"
+#include "MirrorMapPicture.h"
 #include "Paths.h"
 #include "ProjectFile.h"
 #include "SaveFiles.h"
@@ -30,6 +31,9 @@ void CheckThatItIsEmpty(const std::string &folder) {
     if (!empty)
         throw Error(ErrorKind::FileAccess, {.file = folder}, "an empty folder", "one that holds something");
 }
+
+/// No file of the game comes near it.
+constexpr std::size_t mostMebibytes = 64;
 
 /// The names of the project's files in the copy, the project file's last.
 std::vector<std::string> NamesOf(const ProjectPaths &paths) {
@@ -57,14 +61,23 @@ std::vector<std::string> NamesOf(const ProjectPaths &paths) {
     return names;
 }
 
-/// The project file's bytes, with the tiles folder of the open project.
+/// The project file's bytes, changed only where the copy would not load as the open project does: values
+/// that this has from a project loaded before, and the tiles folder.
 Bytes ProjectFileFor(const std::string &folder, const ProjectPaths &paths) {
     const std::string file = paths.ProjectDir + paths.ProjectFile;
-    const Bytes bytes = ReadWholeFile(file);
+    Bytes bytes = ReadSmallFile(file);
     ProjectPaths copied;
     DecodeProjectFile(bytes, file, copied, [] {});
     DeriveFolders(folder + paths.ProjectFile, copied);
-    return copied.TilesDir == paths.TilesDir ? bytes : WithProjectKey(bytes, "TILESDIR", paths.TilesDir);
+    const auto keep = [&](std::string_view key, std::string ProjectPaths::*value) {
+        if (copied.*value != paths.*value)
+            bytes = WithProjectKey(bytes, key, Utf8OfProjectText(paths.*value));
+    };
+    keep("Name", &ProjectPaths::Name);
+    for (const CampaignFile &campaignFile : campaignFiles)
+        keep(campaignFile.key, campaignFile.name);
+    keep("TILESDIR", &ProjectPaths::TilesDir);
+    return bytes;
 }
 
 ProjectCopy FillFolder(const Campaign &campaign, const std::vector<std::string> &names,
@@ -72,9 +85,11 @@ ProjectCopy FillFolder(const Campaign &campaign, const std::vector<std::string> 
     ProjectCopy copy;
     const ProjectPaths &paths = campaign.paths;
     const Bytes projectFile = ProjectFileFor(folder, paths);
+    const std::string map = Utf8OfProjectText(paths.Map);
     for (const std::string &name : names)
         if (name != paths.ProjectFile && FileExists(paths.ProjectDir + name))
-            AtomicWrite(folder + name, ReadWholeFile(paths.ProjectDir + name));
+            AtomicWrite(folder + name, ReadFileOfAtMost(name == map ? mostMapMebibytes : mostMebibytes,
+                                                        paths.ProjectDir + name));
     const auto moved = std::make_unique<Campaign>(campaign);
     moved->paths.ProjectDir = folder;
     SaveBoxes every{};
@@ -96,12 +111,21 @@ ProjectCopy CopyProject(const Campaign &campaign, const std::string &folder,
                         const std::string &programFolder) {
     CheckThatItIsEmpty(folder);
     const std::vector<std::string> names = NamesOf(campaign.paths);
-    try {
-        return FillFolder(campaign, names, folder, programFolder);
-    } catch (...) {
+    const auto takeAway = [&] {
         std::error_code ignored;
         for (const std::string &name : names)
             fs::remove(FilesystemPath(folder + name), ignored);
+    };
+    try {
+        return FillFolder(campaign, names, folder, programFolder);
+    } catch (const Error &error) {
+        takeAway();
+        if (error.AfterTheFailure() == FileAfterwards::AsBefore)
+            throw;
+        // What was written is gone again.
+        throw Error(error.Kind(), {.file = error.File()}, FailedStep{error.Step(), error.Reason()});
+    } catch (...) {
+        takeAway();
         throw;
     }
 }

@@ -15,9 +15,10 @@ struct ProjectCopy {
 };
 
 /// Copies the open project with its unsaved edits into folder, which is empty and ends in a separator: the
-/// files of its keys, those that the editor writes from the tables, and last the project file, which names
-/// the same tiles folder. Throws an Error of a folder that is not empty, of a project file whose names lead
-/// out of the folder or to one file twice, and file Errors; folder is then as empty as it was.
+/// files of its keys, those that the editor writes from the tables, and last the project file, which is
+/// changed only where the copy would load otherwise. Throws an Error of a folder that is not empty, of a
+/// project file whose names lead out of the folder or to one file twice, and file Errors; folder is then as
+/// empty as it was.
 ProjectCopy CopyProject(const Campaign &campaign, const std::string &folder,
                         const std::string &programFolder);
 

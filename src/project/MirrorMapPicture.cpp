@@ -26,12 +26,16 @@ bool LiesIn(const std::string &folder, const std::string &path) {
 
 }  // namespace
 
-void MirrorMapPicture(const ProjectPaths &paths) {
+std::string MapPicturePath(const ProjectPaths &paths) {
     if (paths.Map.empty() || paths.Map == "NONE")
         throw Error(ErrorKind::FileMissing, {.file = paths.ProjectDir + paths.ProjectFile}, "a map picture",
                     "none named in the project file");
-    const std::string path = paths.PathOf(paths.Map);
-    const Bytes mirrored = MirroredBitmap(ReadWholeFile(path), path);
+    return paths.PathOf(paths.Map);
+}
+
+void MirrorMapPicture(const ProjectPaths &paths) {
+    const std::string path = MapPicturePath(paths);
+    const Bytes mirrored = MirroredBitmap(ReadFileOfAtMost(mostMapMebibytes, path), path);
     if (!LiesIn(paths.ProjectDir, path))
         throw Error(ErrorKind::FileAccess, {.file = path}, "a file in the project's folder",
                     "one that lies elsewhere");

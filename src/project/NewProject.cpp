@@ -86,16 +86,21 @@ bool Exists(const NewProject &project, std::size_t index) {
                              : std::filesystem::is_regular_file(path, error);
 }
 
-void AddHint(std::string &text, const char *sentence, const std::vector<std::size_t> &rows) {
-    constexpr std::size_t mostNamed = 3;
-    if (rows.empty())
+/// groups: rows that belong together.
+void AddHint(std::string &text, const char *sentence, const std::vector<std::vector<std::size_t>> &groups) {
+    const std::size_t mostNamed = groups.size() > 1 ? 4 : 3;
+    std::string names;
+    std::size_t rows = 0;
+    for (const auto &group : groups)
+        for (std::size_t i = 0; i < group.size(); ++i)
+            if (++rows <= mostNamed)
+                names += (rows == 1 ? "" : i == 0 ? "; " : ", ") + RowName(group[i]);
+    if (rows == 0)
         return;
     if (!text.empty())
         text += "\n";
-    text += sentence;
-    for (std::size_t i = 0; i < std::min(rows.size(), mostNamed); ++i)
-        text += (i == 0 ? ": " : ", ") + RowName(rows[i]);
-    text += rows.size() > mostNamed ? " and " + std::to_string(rows.size() - mostNamed) + " more." : ".";
+    text += std::string(sentence) + ": " + names;
+    text += rows > mostNamed ? " and " + std::to_string(rows - mostNamed) + " more." : ".";
 }
 
 void CopyRow(const NewProject &project, std::size_t index, const std::string &folder) {
@@ -218,33 +223,38 @@ bool RowTakes(std::size_t index, std::string_view path) {
 
 RowHints HintsOf(const NewProject &project) {
     RowHints hints;
-    const auto copyName = [&project](std::size_t index) {
-        return project.filenames[index].empty() || index == tilesRow ? std::string()
-                                                                     : UpperAscii(CopiedName(project, index));
-    };
+    std::vector<std::pair<std::string, std::vector<std::size_t>>> copies;  // by name, the first row's first
     for (const NewProjectRow &row : newProjectRows) {
         const std::size_t index = row.index;
-        if (project.filenames[index].empty())
+        const std::string &text = project.filenames[index];
+        if (text.empty())
             continue;
         if (!Exists(project, index))
             hints.missing.push_back(index);
-        const std::string name = copyName(index);
-        if (!name.empty() &&
-            std::any_of(newProjectRows.begin(), newProjectRows.end(), [&](const auto &other) {
-                return other.index != index && copyName(other.index) == name;
-            }))
-            hints.sameName.push_back(index);
-        if (index != tilesRow && project.ChosenFileNames[index].empty())
+        if (index == tilesRow)
+            continue;
+        const std::string name = UpperAscii(CopiedName(project, index));
+        auto copy = std::ranges::find(copies, name, &decltype(copies)::value_type::first);
+        if (copy == copies.end())
+            copy = copies.insert(copy, {name, {}});
+        copy->second.push_back(index);
+        if (project.ChosenFileNames[index].empty())
             hints.typed.push_back(index);
+        else if (UpperAscii(FileNameOf(text)) != name)
+            hints.edited.push_back(index);
     }
+    for (auto &[name, rows] : copies)
+        if (rows.size() > 1)
+            hints.sameName.push_back(std::move(rows));
     return hints;
 }
 
 std::string TextOf(const RowHints &hints) {
     std::string text;
-    AddHint(text, "Not found", hints.missing);
+    AddHint(text, "Not found", {hints.missing});
     AddHint(text, "Of one file name, so that one overwrites the other", hints.sameName);
-    AddHint(text, "Typed by hand, so copied but not entered in the project file", hints.typed);
+    AddHint(text, "Typed by hand, so copied but not entered in the project file", {hints.typed});
+    AddHint(text, "Edited by hand, so copied under the name browsed before", {hints.edited});
     return text;
 }
 

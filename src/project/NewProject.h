@@ -68,12 +68,14 @@ bool RowTakes(std::size_t index, std::string_view path);
 
 /// What there is to know of the rows before the project is made; indexes of rows from top to bottom.
 struct RowHints {
-    std::vector<std::size_t> missing;   ///< what they name does not exist
-    std::vector<std::size_t> sameName;  ///< their copies would overwrite each other
-    std::vector<std::size_t> typed;     ///< never picked: copied, but not entered in the project file
+    std::vector<std::size_t> missing;                ///< what they name does not exist
+    std::vector<std::vector<std::size_t>> sameName;  ///< together, their copies would overwrite each other
+    std::vector<std::size_t> typed;   ///< never picked: copied, but not entered in the project file
+    std::vector<std::size_t> edited;  ///< after they were picked: copied under the name of the file picked
 };
 RowHints HintsOf(const NewProject &project);
-/// The same in sentences, one a line; a line names at most three rows and counts the rest.
+/// The same in sentences, one a line; a line names at most three rows, of two file names four, and counts the
+/// rest.
 std::string TextOf(const RowHints &hints);
 
 /// Makes the project at projectPath: copies the files beside it, generates the map picture from the map.dat

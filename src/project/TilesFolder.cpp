@@ -20,7 +20,7 @@ void SetTilesFolder(ProjectPaths &paths, const std::string &folder) {
     const std::string file = paths.ProjectDir + paths.ProjectFile;
     ProjectPaths readBack;
     readBack.TilesDir = TilesDirValue(folder, paths.ProjectDir);
-    const Bytes bytes = WithProjectKey(ReadWholeFile(file), "TILESDIR", readBack.TilesDir);
+    const Bytes bytes = WithProjectKey(ReadSmallFile(file), "TILESDIR", readBack.TilesDir);
     DeriveFolders(file, readBack);
     if (readBack.TilesDir != folder)
         throw Error(ErrorKind::FileAccess, {.file = file}, "a folder that a project file can name",

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <memory>
 
@@ -10,6 +11,7 @@
 #include "SampleCampaign.h"
 #include "SilentWindow.h"
 #include "TemporaryFolder.h"
+#include "base/SystemCalls.h"
 
 namespace vtr {
 namespace {
@@ -104,6 +106,40 @@ TEST_F(CopyingAProject, ThatFailsLeavesTheFolderEmpty) {
     std::filesystem::create_directory(folder.Path() + "RAILWPT.DAT");
     EXPECT_EQ(ErrorThrownBy([this] { Copy(); }).File(), folder.Path() + "RAILWPT.DAT");
     EXPECT_THAT(copy.Names(), IsEmpty());
+}
+
+TEST_F(CopyingAProject, ThatCannotBeFlushedIsTakenAwayAndSaysSo) {
+    const SystemCalls calls({{.call = "fsync", .nth = 2, .error = EIO}});
+    const Error error = ErrorThrownBy([this] { Copy(); });
+    EXPECT_EQ(error.Step(), "flushing the folder to disk");
+    EXPECT_EQ(error.AfterTheFailure(), FileAfterwards::AsBefore);
+    EXPECT_THAT(copy.Names(), IsEmpty());
+}
+
+TEST_F(CopyingAProject, ReadsNoFileThatIsTooLargeForItsKind) {
+    std::filesystem::resize_file(folder.Path() + "ROADLIST.DAT", (64U << 20) + 1);
+    const Error error = ErrorThrownBy([this] { Copy(); });
+    EXPECT_EQ(error.Kind(), ErrorKind::FileTooLarge);
+    EXPECT_EQ(error.File(), folder.Path() + "ROADLIST.DAT");
+    std::filesystem::resize_file(folder.Path() + "sample.prj", (1U << 20) + 1);
+    EXPECT_EQ(ErrorThrownBy([this] { Copy(); }).Kind(), ErrorKind::FileTooLarge);
+    EXPECT_THAT(copy.Names(), IsEmpty());
+}
+
+TEST_F(CopyingAProject, NamesTheFilesThatItHasFromTheProjectLoadedBefore) {
+    std::string text = folder.Content("sample.prj");
+    for (const std::string start : {"Name=", "RailList=", "TARGETS="}) {
+        const std::size_t line = text.find(start);
+        ASSERT_NE(line, std::string::npos) << start;
+        text.erase(line, text.find('\n', line) + 1 - line);
+    }
+    folder.Make("sample.prj", text);
+    LoadProject(folder.Path() + "sample.prj", *campaign, window);
+    Copy();
+    ProjectPaths expected = campaign->paths;
+    expected.ProjectDir = copy.Path();
+    EXPECT_TRUE(LoadedCopy()->paths == expected);
+    EXPECT_TRUE(copy.Content("sample.prj").starts_with(text.substr(0, text.find("TILESDIR="))));
 }
 
 TEST_F(CopyingAProject, KeepsTheTilesFolderAndAllOtherBytesOfTheProjectFile) {

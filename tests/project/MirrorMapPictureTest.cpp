@@ -4,6 +4,7 @@
 #include "MapGeneration.h"
 #include "MirrorMapPicture.h"
 #include "TemporaryFolder.h"
+#include "base/SystemCalls.h"
 
 namespace vtr {
 namespace {
@@ -56,6 +57,13 @@ TEST_F(MapPicture, ThatTheProjectDoesNotNameIsAnErrorOfTheProjectFile) {
         paths.Map = none;
         EXPECT_EQ(ErrorThrownBy([this] { MirrorMapPicture(paths); }).File(), folder.Path() + "a.prj");
     }
+}
+
+TEST_F(MapPicture, LargerThanAnyThatIsShownIsNotRead) {
+    std::filesystem::resize_file(folder.Path() + "worldmap.bmp", 1'100'000'000);
+    const SystemCalls calls;
+    EXPECT_EQ(KindThrownBy([this] { MirrorMapPicture(paths); }), ErrorKind::FileTooLarge);
+    EXPECT_EQ(calls.BytesRead(), 0U);
 }
 
 TEST_F(MapPicture, OutsideTheProjectsFolderIsLeftAsItIs) {

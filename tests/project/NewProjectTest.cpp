@@ -147,10 +147,40 @@ TEST(NewProjectHints, NameWhatIsMissingOfOneNameOrTypedFromTopToBottom) {
     project.Pick(9, folder.Path() + "THERE.DAT");
     const RowHints hints = HintsOf(project);
     EXPECT_THAT(hints.missing, ElementsAre(11, 4)) << "a folder is no file; the letters' case is nothing";
-    EXPECT_THAT(hints.sameName, ElementsAre(0, 9));
+    EXPECT_THAT(hints.sameName, ElementsAre(ElementsAre(0, 9)));
     EXPECT_THAT(hints.typed, ElementsAre(4));
     project.filenames[2] = there;
     EXPECT_THAT(HintsOf(project).missing, ElementsAre(11, 2, 4)) << "a file is no folder";
+}
+
+TEST(NewProjectHints, KeepRowsOfOneNameApartFromThoseOfAnother) {
+    const TemporaryFolder folder;
+    const std::string one = folder.Make("one.dat", "");
+    const std::string two = folder.Make("two.dat", "");
+    NewProject project;
+    for (const std::size_t index : {0U, 9U})
+        project.Pick(index, one);
+    for (const std::size_t index : {3U, 4U})
+        project.Pick(index, two);
+    EXPECT_EQ(TextOf(HintsOf(project)),
+              "Of one file name, so that one overwrites the other: TARGET.DAT, RAILWPT.DAT; FRNTLINE.DAT, "
+              "AIRFIELD.DAT.");
+    project.Pick(5, two);
+    EXPECT_EQ(TextOf(HintsOf(project)),
+              "Of one file name, so that one overwrites the other: TARGET.DAT, RAILWPT.DAT; FRNTLINE.DAT, "
+              "AIRFIELD.DAT and 1 more.");
+}
+
+TEST(NewProjectHints, TellOfAFileThatIsCopiedUnderTheNameBrowsedBefore) {
+    const TemporaryFolder folder;
+    NewProject project;
+    project.Pick(0, folder.Make("browsed.dat", ""));
+    project.filenames[0] = folder.Make("typed.dat", "");
+    EXPECT_EQ(TextOf(HintsOf(project)),
+              "Edited by hand, so copied under the name browsed before: TARGET.DAT.");
+    std::filesystem::create_directory(folder.Path() + "other");
+    project.filenames[0] = folder.Make("other/BROWSED.DAT", "");
+    EXPECT_EQ(TextOf(HintsOf(project)), "");
 }
 
 TEST(NewProjectHints, NameThreeRowsALineAndCountTheRest) {

@@ -58,6 +58,16 @@ TEST_F(TilesFolder, IsSingleByteTextUnlessThatWouldBeReadAsAnother) {
     EXPECT_EQ(TextAfter("", "/\xC3\x83\xC2\xA9"), "TILESDIR=/\xC3\x83\xC2\xA9\r\n");
 }
 
+TEST_F(TilesFolder, IsUtf8WhereTheRestOfTheProjectFileIs) {
+    const std::string utf8 = "Name=N\xC3\xB6rd\r\nTILESDIR=/K\xC3\xBCste\r\n";
+    EXPECT_EQ(TextAfter("Name=N\xC3\xB6rd\r\n", "/K\xC3\xBCste"), utf8);
+    EXPECT_EQ(TextAfter("Name=N\xC3\xB6rd\r\nTILESDIR=/S\xFC"
+                        "d\r\n",
+                        "/K\xC3\xBCste"),
+              utf8);
+    EXPECT_EQ(TextAfter("Name=N\xF6rd\r\n", "/K\xC3\xBCste"), "Name=N\xF6rd\r\nTILESDIR=/K\xFCste\r\n");
+}
+
 TEST_F(TilesFolder, CountsForTheSessionWhenTheProjectFileCannotBeWritten) {
     paths.ProjectDir = folder.Path();
     paths.ProjectFile = "gone.prj";
