@@ -3,15 +3,19 @@
 #include <QImage>
 #include <QLabel>
 #include <QStatusBar>
+#include <cerrno>
+#include <new>
 
 #include "EditorWindow.h"
 #include "MapFrame.h"
 #include "Overview.h"
+#include "base/SystemCalls.h"
 
 namespace vtr {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 class ProjectFileCommandsTest : public EditorWindow {
   protected:
@@ -19,6 +23,8 @@ class ProjectFileCommandsTest : public EditorWindow {
     QString Status() { return Find<QStatusBar>(window(), "sb_status").currentMessage(); }
     QImage Overview() { return Find<QWidget>(window(), "Img_SmallMap").grab().toImage(); }
     const Picture &Map() { return Find<MapSurface>(window(), "Img_Map").Surface(); }
+    /// Of a file that is written: the first flush is that of the temporary file, the second the folder's.
+    static Fault TheSecondFlushFails() { return {.call = "fsync", .nth = 2, .error = EIO}; }
     void Settle() {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
         QCoreApplication::processEvents();
@@ -54,7 +60,7 @@ TEST_F(ProjectFileCommandsTest, TheMapPictureIsTurnedOverOnDiskAndInTheWindowAnd
     EXPECT_TRUE(Map().pixels != map.pixels);
     EXPECT_EQ(session->campaign.TargetTable[0].x, 7);
     EXPECT_TRUE(folder.Content("TARGET.DAT") == targets);
-    EXPECT_EQ(Status(), "map.bmp was turned upside down.");
+    EXPECT_EQ(Status(), "map.bmp was mirrored.");
     Entry("mnu_p_mirror").trigger();
     EXPECT_TRUE(folder.Content("map.bmp") == before);
     EXPECT_TRUE(session->map.pixels == shown.pixels);
@@ -81,8 +87,56 @@ TEST_F(ProjectFileCommandsTest, AMapPictureThatIsGoneIsToldAndTheProgramGoesOn) 
     StartWithSample();
     std::filesystem::remove(folder.Path() + "map.bmp");
     const ShownBox box = BoxShownBy([this] { Entry("mnu_p_mirror").trigger(); });
-    EXPECT_THAT(box.text.toStdString(), HasSubstr("Your edits are not touched."));
+    EXPECT_THAT(box.text.toStdString(), HasSubstr("choose \"Mirror Map Picture\" again."));
     EXPECT_FALSE(session->map.Empty());
+}
+
+TEST_F(ProjectFileCommandsTest, AMirroredMapPictureThatIsNotSafelyOnTheDiskIsShownAndNotMirroredTwice) {
+    StartWithSample();
+    session->mapIsUpsideDown = true;
+    const std::string before = folder.Content("map.bmp");
+    const Picture shown = session->map;
+    const QImage overview = Overview();
+    const ShownBox box = BoxShownBy([this] {
+        const SystemCalls calls({TheSecondFlushFails()});
+        Entry("mnu_p_mirror").trigger();
+    });
+    EXPECT_THAT(box.text.toStdString(), HasSubstr("Flushing the folder to disk failed"));
+    EXPECT_THAT(box.text.toStdString(),
+                HasSubstr("The map picture is mirrored, on the disk and in the window."));
+    EXPECT_TRUE(folder.Content("map.bmp") != before);
+    EXPECT_EQ(session->map.pixels.front(), shown.pixels[319 * 640]);
+    EXPECT_NE(Overview(), overview);
+    EXPECT_FALSE(session->mapIsUpsideDown);
+    EXPECT_FALSE(Line().isVisible());
+}
+
+TEST_F(ProjectFileCommandsTest, AMapPictureThatCouldNotBeShownAfterwardsIsNotMirrored) {
+    StartWithSample();
+    std::string map = folder.Content("map.bmp");
+    map[28] = 2;  // as many bits a pixel as no reader takes
+    folder.Make("map.bmp", map);
+    const ShownBox box = BoxShownBy([this] { Entry("mnu_p_mirror").trigger(); });
+    EXPECT_THAT(box.text.toStdString(), HasSubstr("The map that is shown is the old one."));
+    EXPECT_TRUE(folder.Content("map.bmp") == map);
+}
+
+TEST_F(ProjectFileCommandsTest, WithoutMemoryACommandIsNotDoneAndTheProgramGoesOn) {
+    StartWithSample();
+    const auto names = folder.Names();
+    std::filesystem::create_directory(folder.Path() + "copy");
+    const auto expectToldBy = [this](const std::function<void()> &command) {
+        const ShownBox box = BoxShownBy([&command] {
+            const SystemCalls calls({{.call = "open", .lookOn = [] { throw std::bad_alloc(); }}});
+            command();
+        });
+        EXPECT_EQ(box.icon, QMessageBox::Warning);
+        EXPECT_THAT(box.text.toStdString(), HasSubstr("no memory left"));
+    };
+    expectToldBy([this] { Entry("mnu_p_mirror").trigger(); });
+    expectToldBy([this] { ChooseFor("mnu_p_tiles", folder.Path() + "copy"); });
+    expectToldBy([this] { ChooseFor("mnu_p_copy", folder.Path() + "copy"); });
+    EXPECT_TRUE(std::filesystem::is_empty(folder.Path() + "copy"));
 }
 
 TEST_F(ProjectFileCommandsTest, TheLineBesideTheMapMovesNothingAndIsShownWhole) {
@@ -183,6 +237,19 @@ TEST_F(ProjectFileCommandsTest, ATilesFolderThatCannotBeWrittenDownStillCounts) 
     EXPECT_EQ(session->campaign.paths.TilesDir, folder.Path() + "art");
 }
 
+TEST_F(ProjectFileCommandsTest, ATilesFolderThatIsWrittenButNotSafelyOnTheDiskIsNotToldAsLost) {
+    StartWithSample();
+    std::filesystem::create_directory(folder.Path() + "art");
+    const ShownBox box = BoxShownBy([this] {
+        const SystemCalls calls({TheSecondFlushFails()});
+        ChooseFor("mnu_p_tiles", folder.Path() + "art");
+    });
+    EXPECT_THAT(box.text.toStdString(),
+                HasSubstr("The tiles are taken from " + folder.Path() + "art, and the"));
+    EXPECT_THAT(box.text.toStdString(), Not(HasSubstr("until")));
+    EXPECT_THAT(folder.Content("sample.prj"), HasSubstr("TILESDIR=art\r\n"));
+}
+
 TEST_F(ProjectFileCommandsTest, ACopyOfTheProjectHoldsTheEditsAndTheOpenProjectStaysTheOpenOne) {
     WriteSample();
     for (const char *name : {"ROADLIST.DAT", "RAILLIST.DAT"})
@@ -213,7 +280,8 @@ TEST_F(ProjectFileCommandsTest, ACopyTellsWhatItLacks) {
     EXPECT_EQ(box.icon, QMessageBox::Warning);
     EXPECT_THAT(box.text.toStdString(), HasSubstr("The project was copied to " + folder.Path() + "copy."));
     EXPECT_THAT(box.text.toStdString(),
-                HasSubstr("These files of it are not there: GRIDDATA.DAT, ROADLIST.DAT."));
+                HasSubstr("The project names these files, but they do not exist, so the copy lacks them: "
+                          "GRIDDATA.DAT, ROADLIST.DAT."));
     EXPECT_THAT(box.text.toStdString(), HasSubstr("Target #7 did not fit."));
 }
 
@@ -226,6 +294,28 @@ TEST_F(ProjectFileCommandsTest, ACopyIntoAFolderThatIsNotEmptyIsRefused) {
     EXPECT_THAT(box.text.toStdString(), HasSubstr("Expected: an empty folder"));
     EXPECT_THAT(box.text.toStdString(), HasSubstr("No copy was made."));
     EXPECT_FALSE(std::filesystem::exists(folder.Path() + "copy/TARGET.DAT"));
+}
+
+TEST_F(ProjectFileCommandsTest, ACopyThatIsTakenAwayAgainIsNotToldAsWritten) {
+    StartWithSample();
+    std::filesystem::create_directory(folder.Path() + "copy");
+    const ShownBox box = BoxShownBy([this] {
+        const SystemCalls calls({TheSecondFlushFails()});
+        ChooseFor("mnu_p_copy", folder.Path() + "copy");
+    });
+    EXPECT_THAT(box.text.toStdString(), HasSubstr("No copy was made."));
+    EXPECT_THAT(box.text.toStdString(), Not(HasSubstr("written")));
+}
+
+TEST_F(ProjectFileCommandsTest, AProjectWithoutAMapPictureIsNotCopiedAndSaysWhy) {
+    StartWithSample();
+    session->campaign.paths.Map = "NONE";
+    const ShownBox box = BoxShownBy([this] { Entry("mnu_p_copy").trigger(); });
+    EXPECT_EQ(box.icon, QMessageBox::Warning);
+    EXPECT_EQ(box.text.toStdString(),
+              "No copy was made.\n\nThe project file " + SamplePath() +
+                  " says Map=NONE, so the project's files were not loaded. Name its map picture there, load "
+                  "the project, and copy it then.");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QLabel>
+#include <QSignalSpy>
 #include <QUrl>
 #include <filesystem>
 #include <vector>
@@ -286,6 +287,37 @@ TEST_F(NewProjectDialog, AProjectThatIsReplacedIsAskedAboutOnce) {
     EXPECT_EQ(question.count, 1);
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(target.Content("a.prj").substr(0, 5), "Name=");
+}
+
+TEST_F(NewProjectDialog, ANameThatAFolderHasIsRefusedInTheChooser) {
+    BrowseAllBut(-1);
+    std::filesystem::create_directory(target.Path() + "north.prj");
+    ShownBox refusal;
+    ShownChooser again;
+    WhenModalOpens<QMessageBox>([&](QMessageBox &box) {
+        ++refusal.count;
+        refusal.text = box.text();
+        refusal.buttons = box.standardButtons();
+        ChooseNextFile(again, target.Path() + "south");
+        box.accept();
+    });
+    Create(target.Path() + "north");
+    EXPECT_EQ(refusal.count, 1);
+    EXPECT_EQ(refusal.buttons, QMessageBox::Ok);
+    EXPECT_EQ(refusal.text.toStdString(),
+              "There is a folder called " + target.Path() + "north.prj\nChoose another name.");
+    EXPECT_EQ(again.count, 1);
+    EXPECT_EQ(dialog.ProjectPath(), target.Path() + "south.prj");
+}
+
+TEST_F(NewProjectDialog, RowsFilledTogetherAreLookedAtOnce) {
+    std::vector<std::unique_ptr<QSignalSpy>> spies;
+    for (const ExpectedRow &row : rows)
+        spies.push_back(std::make_unique<QSignalSpy>(&Field(row.index), &QLineEdit::textChanged));
+    EXPECT_TRUE(Drop(dialog, game.Path()));
+    for (const auto &spy : spies)
+        EXPECT_EQ(spy->count(), 0);
+    EXPECT_EQ(Field(4).text().toStdString(), game.Path() + "AIRFIELD.DAT");
 }
 
 TEST_F(NewProjectDialog, WithoutAPlaceToSaveItTheDialogClosesWithAnEmptyPath) {

@@ -3,12 +3,14 @@
 #include <QObject>
 #include <functional>
 
+#include "Errors.h"
 #include "MainWidgets.h"
+#include "Picture.h"
 
 namespace vtr {
 
-/// The commands of the project menu that work on the files of the open project itself. What fails is told in
-/// a warning, and the program goes on.
+/// The commands of the project menu that work on the files of the open project itself. What fails, also
+/// for want of memory, is told in a warning, and the program goes on.
 class ProjectFileCommands : public QObject {
     Q_OBJECT
 
@@ -20,6 +22,8 @@ class ProjectFileCommands : public QObject {
     void MirrorMap();
     void ChooseTilesFolder();
     void SaveCopy();
+    void ShowMirrored(Picture picture);
+    void Warn(const Error &error, const QString &consequence);
     /// Tells for a few seconds what was done.
     void TellDone(const QString &text);
 

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -22,7 +23,7 @@ namespace vtr {
 namespace {
 
 /// The hint never needs more: one on dropping and one on files that are missing, two for each of the others.
-constexpr int hintLines = 6;
+constexpr int hintLines = 8;
 
 bool IsFolder(const QString &path) {
     return !path.isEmpty() && QFileInfo(path).isDir();
@@ -119,8 +120,10 @@ void frm_newproject::PickFromFolder(const QString &path) {
 }
 
 void frm_newproject::ShowFields() {
-    for (std::size_t index = 0; index < fields_.size(); ++index)
+    for (std::size_t index = 0; index < fields_.size(); ++index) {
+        const QSignalBlocker once(fields_[index]);  // the hint is made once for all rows
         fields_[index]->setText(QString::fromUtf8(project_.filenames[index]));
+    }
     ShowHint();
 }
 

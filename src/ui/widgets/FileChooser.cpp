@@ -1,6 +1,7 @@
 #include "FileChooser.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include "Paths.h"
 #include "ShowMessage.h"
@@ -24,10 +25,16 @@ std::string NativePath(const QString &path) {
     return QDir::toNativeSeparators(path).toStdString();
 }
 
-/// True when there is no file at path or the user wants to replace it.
+/// True when there is no file at path or the user wants to replace it; a folder cannot be replaced.
 bool MayReplace(QWidget *parent, const std::string &path) {
     if (!FileExists(path))
         return true;
+    if (QFileInfo(QString::fromStdString(PathOnDisk(path))).isDir()) {
+        ShowMessage(parent, QMessageBox::Warning,
+                    QFileDialog::tr("There is a folder called %1\nChoose another name.")
+                        .arg(QString::fromStdString(PathOnDisk(path))));
+        return false;
+    }
     QMessageBox box(QMessageBox::Question, programTitle,
                     QFileDialog::tr("%1 already exists.\nDo you want to replace it?")
                         .arg(QString::fromStdString(PathOnDisk(path))),
