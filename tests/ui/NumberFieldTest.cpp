@@ -287,6 +287,35 @@ TEST_F(NumberFieldTest, WhatIsRefusedIsToldWithTheReason) {
     EXPECT_EQ(field.value(), 123);
 }
 
+TEST_F(NumberFieldTest, AFractionMayLoseItsWholePartByDeletionAndIsTheFractionAlone) {
+    for (const QString &zeroText : {QString(), QStringLiteral("ALL")}) {
+        field.SetZeroText(zeroText);
+        field.SetNumber(5);
+        edit.selectAll();
+        const QSignalSpy refused(&field, &NumberField::Refused);
+        Type("12.7");
+        QTest::keyClick(&field, Qt::Key_Home);
+        QTest::keyClick(&field, Qt::Key_Delete);
+        QTest::keyClick(&field, Qt::Key_Delete);
+        EXPECT_EQ(Text(), QStringLiteral(".7"));
+        EXPECT_EQ(field.value(), 1);
+        QTest::keyClick(&field, Qt::Key_End);
+        Type("5");
+        QTest::keyClick(&field, Qt::Key_Backspace);
+        QTest::keyClick(&field, Qt::Key_Backspace);
+        EXPECT_EQ(Text(), QStringLiteral("."));
+        EXPECT_EQ(field.value(), 0);
+        QTest::keyClick(&field, Qt::Key_Home);
+        Type("3");
+        EXPECT_EQ(Text(), QStringLiteral("3."));
+        QTest::keyClick(&field, Qt::Key_Backspace);
+        Type("8");
+        QTest::keyClick(&field, Qt::Key_Return);
+        EXPECT_EQ(Text(), QStringLiteral("8"));
+        EXPECT_EQ(refused.count(), 0);
+    }
+}
+
 TEST_F(NumberFieldTest, AFieldThatCutsDropsTheFraction) {
     field.CutFraction();
     for (const auto &[fraction, shown] :

@@ -56,10 +56,22 @@ std::optional<Decimal> ReadDecimal(QStringView text, bool cutsFraction) {
     return Decimal{negative, whole, cutsFraction ? QStringView() : fraction};
 }
 
-/// A line edit that knows whether its text is being typed, and not pasted or set.
+/// A line edit that knows whether its text is being typed, and not pasted or set, and what it was before.
 class TypedEdit : public QLineEdit {
   public:
     bool IsTyping() const { return typing_; }
+    /// Whether text may begin with its point: a deletion has left it so.
+    bool MayBeginWithPoint(QStringView text) const {
+        if (before_.startsWith(u'.'))
+            return true;
+        const auto rest = std::ranges::mismatch(text, before_).in1;
+        return before_.size() >= text.size() && before_.endsWith(QStringView(rest, text.end()));
+    }
+
+    bool event(QEvent *event) override {
+        before_ = text();
+        return QLineEdit::event(event);
+    }
 
   protected:
     void keyPressEvent(QKeyEvent *event) override {
@@ -73,6 +85,7 @@ class TypedEdit : public QLineEdit {
 
   private:
     bool typing_ = false;
+    QString before_;
 };
 
 }  // namespace
@@ -138,8 +151,11 @@ QValidator::State NumberField::validate(QString &text, int &position) const {
     }
     if (bare.startsWith(u'.') && !zeroText_.isEmpty() && text.startsWith(zeroText_))
         bare.prepend(u'0');
-    const std::optional<Decimal> number = ReadDecimal(bare, cutsFraction_);
-    const bool typing = static_cast<const TypedEdit *>(lineEdit())->IsTyping();
+    const auto *const edit = static_cast<const TypedEdit *>(lineEdit());
+    const bool typing = edit->IsTyping();
+    const bool onlyFraction = bare.startsWith(u'.') && edit->MayBeginWithPoint(text);
+    const QString written = onlyFraction ? u'0' + bare : bare;
+    const std::optional<Decimal> number = ReadDecimal(written, cutsFraction_);
     if (!number || (typing && text != text.trimmed()))
         return Refuse(text);
     const bool outside = number->IsBelowZero() || number->IsAbove(maximum_);
@@ -169,7 +185,8 @@ QString NumberField::textFromValue(int number) const {
 int NumberField::valueFromText(const QString &text) const {
     if (text == QString::number(value()))
         return value();
-    const std::optional<Decimal> number = ReadDecimal(text, cutsFraction_);
+    const QString written = text.startsWith(u'.') ? u'0' + text : text;
+    const std::optional<Decimal> number = ReadDecimal(written, cutsFraction_);
     return number ? std::clamp(number->Rounded(), 0, maximum_) : 0;
 }
 
