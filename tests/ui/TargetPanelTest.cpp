@@ -303,7 +303,14 @@ TEST_F(TargetPanelTest, TickingTheAirfieldBoxOfATargetWhoseReferenceIs0SaysThatN
     EXPECT_EQ(messages.size(), 0);
     box.click();
     ASSERT_EQ(messages.size(), 1);
-    EXPECT_EQ(messages.front().front().toString(), "No file keeps this tick: its airfield is 0.");
+    EXPECT_EQ(messages.front().front().toString(),
+              "This tick will not be saved: the target has no airfield record of its own (its number is 0).");
+    Record(81).airfield_ref = 0;
+    Record(81).airfield_mark = 0;
+    Select(81);
+    box.click();
+    EXPECT_TRUE(box.isChecked());
+    EXPECT_EQ(messages.size(), 1) << "every load marks this target";
 }
 
 TEST_F(TargetPanelTest, AnyMarkButZeroChecksTheBoxAndStays) {

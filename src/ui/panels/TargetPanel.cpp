@@ -154,10 +154,11 @@ void TargetPanel::StoreName() {
 
 void TargetPanel::StoreIsAirfield() {
     SetTargetIsAirfield(campaign_, Target(), isAirfield_->isChecked());
-    // The file holds the reference alone: one of 0 is read as no airfield.
-    if (isAirfield_->isChecked() &&
+    // The file holds the reference alone: one of 0 is read as no airfield, but every load marks target 81.
+    if (isAirfield_->isChecked() && Target() != 81 &&
         campaign_.TargetTable[static_cast<std::size_t>(Target())].airfield_ref == 0)
-        Q_EMIT StatusMessage(QStringLiteral("No file keeps this tick: its airfield is 0."));
+        Q_EMIT StatusMessage(QStringLiteral(
+            "This tick will not be saved: the target has no airfield record of its own (its number is 0)."));
     TellAirfield();
     Q_EMIT Changed();
 }
