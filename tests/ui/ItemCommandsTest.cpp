@@ -326,9 +326,16 @@ TEST_F(ItemCommandsTest, ViewingTheTileOfATargetWritesNothing) {
     EXPECT_TRUE(InPreciseDialog("cmd_tar_tile", [](QWidget &dialog) {
         // No position is marked: the cross is in the corner where every tile begins.
         ExpectCrossIn(Find<TilePicture>(dialog, "pic_tile").Shown(), 0, 0);
+        EXPECT_FALSE(Find<QLabel>(dialog, "lbl_position").isVisible());
         ClickTileAndPressOk(dialog);
     }));
     EXPECT_EQ(Everything(campaign()), before);
+    EXPECT_TRUE(InPreciseDialog("cmd_tar_precise", [](QWidget &dialog) {
+        const auto &stored = Find<QLabel>(dialog, "lbl_position");
+        EXPECT_TRUE(stored.isVisible());
+        EXPECT_EQ(stored.text(), "Stored: 7 m, 8 m");
+        Press<QPushButton>(dialog, QStringLiteral("cmd_cancel"));
+    }));
     EXPECT_EQ(Text("txt_tar_xm"), "7");
     EXPECT_EQ(Text("txt_tar_ym"), "8");
 }

@@ -215,8 +215,9 @@ QLayout *frm_precise::BuildSide() {
         metres->addRow(names[axis] + QStringLiteral(":"), readOut_[axis]);
     }
     position_->setObjectName(QStringLiteral("lbl_position"));
-    position_->setToolTip(QStringLiteral("The position of the cross, in whole metres as it is stored"));
-    metres->addRow(QStringLiteral("Cross:"), position_);
+    position_->setToolTip(QStringLiteral("The position that OK replaces, in whole metres"));
+    position_->hide();
+    metres->addRow(position_);
 
     auto *const side = new QVBoxLayout;
     side->addWidget(tilesLabel);
@@ -250,6 +251,8 @@ QWidget *frm_precise::BuildTileArea() {
 void frm_precise::SetPosition(std::int16_t xm, std::int16_t ym) {
     metres_ = {static_cast<double>(xm), static_cast<double>(ym)};
     fraction_ = {metres_[0] / tileMetres, metres_[1] / tileMetres};
+    position_->setText(QStringLiteral("Stored: %1 m, %2 m").arg(xm).arg(ym));
+    position_->show();
 }
 
 void frm_precise::ShowTile(std::uint8_t type, float rotation) {
@@ -328,11 +331,9 @@ void frm_precise::DrawCross() {
     FillRed(surface, QRect(at - QPoint(0, 5), at + QPoint(0, 6)));
     FillRed(surface, QRect(at - QPoint(5, 0), at + QPoint(6, 0)));
     picture_->update();
-    const QString position = QStringLiteral("%1 m, %2 m")
-                                 .arg(RoundToInt32(fraction_[0] * tileMetres))
-                                 .arg(RoundToInt32(fraction_[1] * tileMetres));
-    position_->setText(position);
-    picture_->setAccessibleDescription(QStringLiteral("The cross is at ") + position);
+    picture_->setAccessibleDescription(QStringLiteral("The cross is at %1 m, %2 m")
+                                           .arg(RoundToInt32(fraction_[0] * tileMetres))
+                                           .arg(RoundToInt32(fraction_[1] * tileMetres)));
 }
 
 QPoint frm_precise::Cross() const {
