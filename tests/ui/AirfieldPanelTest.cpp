@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QStyleOptionComboBox>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include "AirfieldPanel.h"
@@ -15,7 +17,11 @@ const char *const sideNames[] = {"cbo_side_1940", "cbo_side_1943", "cbo_side_194
 
 class AirfieldPanelTest : public ::testing::Test {
   protected:
-    AirfieldPanelTest() { panel.setEnabled(true); }
+    AirfieldPanelTest() {
+        session->targetFrameEnabled = true;
+        panel.setEnabled(true);
+        panel.ShowAirfield(std::nullopt);
+    }
 
     QComboBox &Combo(const char *name) { return Find<QComboBox>(panel, name); }
     AirfieldRecord &Record(std::size_t airfield) { return campaign->AirfieldTable[airfield]; }
@@ -189,13 +195,37 @@ TEST_F(AirfieldPanelTest, DisabledByAnotherEditModeItKeepsItsRecordAndSaysWhy) {
     EXPECT_EQ(panel.toolTip(), "The airfield of the selected target");
 }
 
+TEST_F(AirfieldPanelTest, WhileDisabledItsFieldsShowItsToolTip) {
+    panel.show();
+    const auto toolTipOver = [](QWidget &widget) {
+        QToolTip::hideText();
+        const QPoint at = widget.rect().center();
+        QHelpEvent event(QEvent::ToolTip, at, widget.mapToGlobal(at));
+        QApplication::sendEvent(&widget, &event);
+        return QToolTip::text();
+    };
+    panel.ShowAirfield(3);
+    EXPECT_EQ(toolTipOver(Combo("cbo_side_1943")), "Aircraft based here in 1943");
+    panel.setEnabled(false);
+    for (const char *name : {"cbo_side_1943", "cbo_air_country", "upd_air_orientation", "txt_air_code"})
+        EXPECT_EQ(toolTipOver(Find<QWidget>(panel, name)),
+                  "Airfields are edited in the target mode (F2), once their target is selected there")
+            << name;
+}
+
+TEST_F(AirfieldPanelTest, ItSaysNothingOfTheTargetsBoxWhileThatIsDisabledToo) {
+    session->targetFrameEnabled = false;
+    panel.ShowAirfield(std::nullopt);
+    EXPECT_EQ(panel.toolTip(), "");
+}
+
 TEST_F(AirfieldPanelTest, AnAirfieldAbove161IsShownDisabledWithItsNumberAndTheReason) {
     panel.ShowAirfield(3);
     panel.ShowAirfield(162);
     EXPECT_FALSE(session->airfieldFrameEnabled);
     EXPECT_EQ(ShownIn(panel, "txt_air_code"), "162");
     EXPECT_EQ(Combo("cbo_air_1940").currentIndex(), -1);
-    EXPECT_EQ(ShownIn(panel, "txt_air_orientation"), "0");
+    EXPECT_EQ(ShownIn(panel, "txt_air_orientation"), "");
     EXPECT_TRUE(panel.toolTip().contains(QStringLiteral("162"))) << panel.toolTip().toStdString();
     EXPECT_EQ(Find<QLineEdit>(panel, "txt_air_code").toolTip(), panel.toolTip());
     panel.ShowAirfield(161);

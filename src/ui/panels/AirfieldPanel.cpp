@@ -35,6 +35,8 @@ AirfieldPanel::AirfieldPanel(Session &session, QWidget *parent)
     : Panel(QStringLiteral("fra_airfield"), QStringLiteral("Airfield"), session, parent) {
     Build();
     Bind();
+    for (QWidget *child : findChildren<QWidget *>())
+        child->installEventFilter(this);
     ShowAirfield(std::nullopt);
 }
 
@@ -124,6 +126,8 @@ void AirfieldPanel::ShowToolTip() {
                                : QStringLiteral("Index of the airfield's record, 0 to %1").arg(last));
     if (missing_)
         setToolTip(whyMissing);
+    else if (!airfield_ && !session_.targetFrameEnabled)
+        setToolTip({});
     else if (!airfield_)
         setToolTip(QStringLiteral("The selected target is no airfield; its box \"Airfield\" makes it one"));
     else if (!isEnabled())
@@ -139,12 +143,22 @@ void AirfieldPanel::changeEvent(QEvent *event) {
         ShowToolTip();
 }
 
+bool AirfieldPanel::event(QEvent *event) {
+    if (event->type() == QEvent::ToolTip)
+        ShowToolTip();  // the target's box may have been enabled or disabled meanwhile
+    return Panel::event(event);
+}
+
+bool AirfieldPanel::eventFilter(QObject *watched, QEvent *event) {
+    if (isEnabled() || event->type() != QEvent::ToolTip)
+        return Panel::eventFilter(watched, event);
+    event->ignore();  // so that it goes on to the frame
+    return true;
+}
+
 void AirfieldPanel::ShowNoRecord() {
     code_->setText(missing_ ? QString::number(*missing_) : QString());
-    if (missing_)
-        orientation_->ShowRecordValue(0);
-    else
-        orientation_->ShowNothing();
+    orientation_->ShowNothing();
     for (ChoiceField *list : findChildren<ChoiceField *>())
         list->ShowEntry(-1);
 }

@@ -20,12 +20,14 @@ class AirfieldPanel : public Panel {
     AirfieldPanel(Session &session, QWidget *parent);
 
     /// Shows the record of that index and lets it be edited. Nothing, or an index that no record has, empties
-    /// the panel and has it disabled. While it is disabled, its tooltip says why.
+    /// the panel and has it disabled. While it is disabled, its tooltip says why, also over its fields.
     void ShowAirfield(std::optional<int> airfield);
     void Refresh() override;
 
   protected:
     void changeEvent(QEvent *event) override;
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
   private:
     void Build();
