@@ -25,9 +25,9 @@ std::string_view TileName(int type) {
 
 }  // namespace
 
-double TileRotationOf(std::uint8_t terrainByte) {
-    constexpr std::array<double, 4> rotations = {0, -0.5, -1.0, 0.5};
-    return rotations[terrainByte >> 6];
+double HalfTurnsOf(Orientation orientation) {
+    constexpr std::array<double, 4> halfTurns = {0, -0.5, -1.0, 0.5};
+    return halfTurns[static_cast<std::size_t>(orientation)];
 }
 
 std::string TileListText(int type) {

@@ -13,8 +13,16 @@ constexpr int TileTypeOf(std::uint8_t terrainByte) {
     return terrainByte & 63;
 }
 
-/// How a terrain byte's tile is turned, in half turns: 0 (north), -0.5 (east), -1 (south) or 0.5 (west).
-double TileRotationOf(std::uint8_t terrainByte);
+/// How a tile is turned, numbered as in the high two bits of a terrain byte.
+enum class Orientation : std::uint8_t { North, East, South, West };
+
+/// How a terrain byte's tile is turned.
+constexpr Orientation TileOrientationOf(std::uint8_t terrainByte) {
+    return static_cast<Orientation>(terrainByte >> 6);
+}
+
+/// How far a tile is turned: 0 (north), -0.5 (east), -1 (south) or 0.5 (west).
+double HalfTurnsOf(Orientation orientation);
 
 /// The tile type as it stands in a list: "00 - Field8". Throws an index Error outside 0..58.
 std::string TileListText(int type);

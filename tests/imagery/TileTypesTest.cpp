@@ -64,20 +64,20 @@ TEST(TileTypes, CitiesHavePicturesOfAnotherName) {
 
 TEST(TileTypes, Byte8AIsTheFirstCityTurnedSouth) {
     EXPECT_EQ(TilePictureFile(TileTypeOf(0x8A)), "BNAlcty.pcx");
-    EXPECT_EQ(TileRotationOf(0x8A), -1.0);
+    EXPECT_EQ(HalfTurnsOf(TileOrientationOf(0x8A)), -1.0);
 }
 
 TEST(TileTypes, ByteC1IsGrassTurnedWest) {
     EXPECT_EQ(TilePictureFile(TileTypeOf(0xC1)), "BNGrass.pcx");
-    EXPECT_EQ(TileRotationOf(0xC1), 0.5);
+    EXPECT_EQ(HalfTurnsOf(TileOrientationOf(0xC1)), 0.5);
 }
 
 TEST(TileTypes, TheTwoHighBitsGiveTheTurn) {
     for (int type = 0; type < 64; ++type) {
-        EXPECT_EQ(TileRotationOf(static_cast<std::uint8_t>(type)), 0.0);
-        EXPECT_EQ(TileRotationOf(static_cast<std::uint8_t>(64 + type)), -0.5);
-        EXPECT_EQ(TileRotationOf(static_cast<std::uint8_t>(128 + type)), -1.0);
-        EXPECT_EQ(TileRotationOf(static_cast<std::uint8_t>(192 + type)), 0.5);
+        EXPECT_EQ(HalfTurnsOf(TileOrientationOf(static_cast<std::uint8_t>(type))), 0.0);
+        EXPECT_EQ(HalfTurnsOf(TileOrientationOf(static_cast<std::uint8_t>(64 + type))), -0.5);
+        EXPECT_EQ(HalfTurnsOf(TileOrientationOf(static_cast<std::uint8_t>(128 + type))), -1.0);
+        EXPECT_EQ(HalfTurnsOf(TileOrientationOf(static_cast<std::uint8_t>(192 + type))), 0.5);
         EXPECT_EQ(TileTypeOf(static_cast<std::uint8_t>(192 + type)), type);
     }
 }

@@ -123,7 +123,7 @@ class PreciseDialog : public ::testing::Test {
 
     /// Showing tile 1 brings that message and leaves an empty tile.
     void ExpectRefused(const QString &message, QMessageBox::Icon icon) {
-        const ShownBox box = BoxShownBy([this] { dialog->ShowTile(1, 0.5F); });
+        const ShownBox box = BoxShownBy([this] { dialog->ShowTile(1, Orientation::West); });
         EXPECT_EQ(box.text, message);
         EXPECT_EQ(box.title, "VTR Target Editor");
         EXPECT_EQ(box.icon, icon);

@@ -12,7 +12,7 @@ class PreciseCross : public PreciseDialog {
     void SetUp() override {
         WriteTile("BNGrass.pcx");
         dialog->SetPosition(2050, 1025);
-        dialog->ShowTile(1, 0.5F);
+        dialog->ShowTile(1, Orientation::West);
         ShowActive();
         Tile().setFocus();
         ASSERT_TRUE(Tile().hasFocus());
@@ -44,7 +44,7 @@ TEST_F(PreciseCross, TheArrowKeysMoveItByOnePixelOfThePicture) {
 
 TEST_F(PreciseCross, TheArrowKeysLeaveTheOtherAxisAndEndAtTheEdges) {
     dialog->SetPosition(4099, 1);
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     QTest::keyClick(&Tile(), Qt::Key_Right);
     QTest::keyClick(&Tile(), Qt::Key_Right);
     EXPECT_EQ(Tile().accessibleDescription(), "The cross is at 4100 m, 1 m");
@@ -70,7 +70,7 @@ TEST_F(PreciseCross, TheArrowKeysMoveItOverATurnedTileThatIsNotReadAgain) {
 
 TEST_F(PreciseCross, AnArrowKeyWhileTheTileTurnsCounts) {
     QTimer::singleShot(0, dialog.get(), [this] { QTest::keyClick(&Tile(), Qt::Key_Right); });
-    dialog->ShowTile(1, -0.5F);
+    dialog->ShowTile(1, Orientation::East);
     ExpectCross(129, 64);
 }
 
@@ -113,7 +113,7 @@ TEST_F(PreciseCross, AnEdgeShowsThatTheTileHasTheFocus) {
     const QRgb other = edge();
     EXPECT_NE(other, focused);
     Open();
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     ShowActive();
     EXPECT_TRUE(Find<QListWidget>(*dialog, "lst_tiles").hasFocus());
     EXPECT_EQ(edge(), other);
@@ -123,7 +123,7 @@ TEST_F(PreciseCross, ItIsScrolledIntoView) {
     WriteTile("BNWater.pcx", 1024, 800);
     dialog->close();
     dialog->SetPosition(3600, 3600);
-    dialog->ShowTile(2, 0);
+    dialog->ShowTile(2, Orientation::North);
     EXPECT_EQ(Scroll().horizontalScrollBar()->value(), 0);
     dialog->show();
     const QPoint cross(899, 702);
@@ -137,15 +137,15 @@ TEST_F(PreciseCross, ItIsScrolledIntoView) {
     EXPECT_TRUE(CanBeSeen(cross - QPoint(1, 0)));
 
     // Another tile shown meanwhile is smaller, and this one larger again.
-    dialog->ShowTile(1, 0);
-    dialog->ShowTile(2, 0);
+    dialog->ShowTile(1, Orientation::North);
+    dialog->ShowTile(2, Orientation::North);
     EXPECT_TRUE(CanBeSeen(cross - QPoint(1, 0)));
 }
 
 TEST_F(PreciseCross, AClickScrollsNothing) {
     WriteTile("BNWater.pcx", 1024, 800);
     dialog->SetPosition(0, 0);
-    dialog->ShowTile(2, 0);
+    dialog->ShowTile(2, Orientation::North);
     QCoreApplication::processEvents();
     const int right = Scroll().viewport()->width() - 10;  // less the edge: the last pixels that can be seen
     Click(right, 40);

@@ -34,7 +34,7 @@ TEST_F(PreciseDialog, HasItsListItsOptionsAndItsTexts) {
 
 TEST_F(PreciseDialog, AClickAtTheFarRightOrBottomEdgeGives4100MetresAndAtTheTopLeftZero) {
     WriteTile("BNGrass.pcx");
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     dialog->show();
     Click(256, 256);
     ClickOk();
@@ -57,7 +57,7 @@ TEST_F(PreciseDialog, ClicksAtTheCentreTheOtherCornersTheEdgesAndOnTheLastPixelG
         double metresY;
     };
     WriteTile("BNGrass.pcx");
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     // 255 / 256 of 4100 metres is 4083.984375.
     for (const Expected &click : std::vector<Expected>{{256, 0, 4100, 0},
                                                        {128, 128, 2050, 2050},
@@ -79,7 +79,7 @@ TEST_F(PreciseDialog, ClicksAtTheCentreTheOtherCornersTheEdgesAndOnTheLastPixelG
 TEST_F(PreciseDialog, AClickInAScrolledPictureCountsFromThePicturesCorner) {
     WriteTile("BNGrass.pcx", 1024, 800);
     dialog->SetPosition(0, 0);
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     dialog->show();
     const auto &scroll = *dialog->findChild<QScrollArea *>();
     scroll.horizontalScrollBar()->setValue(scroll.horizontalScrollBar()->maximum());
@@ -103,7 +103,7 @@ TEST_F(PreciseDialog, AClickInAScrolledPictureCountsFromThePicturesCorner) {
 
 TEST_F(PreciseDialog, TheUserReachesTheFarEdgesJustBesideTheTile) {
     WriteTile("BNGrass.pcx");
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     dialog->show();
     QWidget *const around = Tile().parentWidget();
     QTest::mouseClick(around, Qt::LeftButton, {}, QPoint(around->width() - 1, Tile().y() + 64));
@@ -117,7 +117,7 @@ TEST_F(PreciseDialog, TheUserReachesTheFarEdgesJustBesideTheTile) {
 
 TEST_F(PreciseDialog, ADragThatEndsFarOutsideIsHeldAtTheEdge) {
     WriteTile("BNGrass.pcx");
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     dialog->show();
     QTest::mousePress(&Tile(), Qt::RightButton, {}, QPoint(10, 10));
     QTest::mouseRelease(&Tile(), Qt::RightButton, {}, QPoint(5000, -70));
@@ -128,7 +128,7 @@ TEST_F(PreciseDialog, ADragThatEndsFarOutsideIsHeldAtTheEdge) {
 TEST_F(PreciseDialog, OpeningWithMetres2050And1025PutsTheCrossAtHalfTheWidthAndAQuarterOfTheHeight) {
     WriteTile("BNGrass.pcx");
     dialog->SetPosition(2050, 1025);
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     ExpectCross(128, 64);
 }
 
@@ -137,24 +137,24 @@ TEST_F(PreciseDialog, TheCrossIsRoundedToTheNearestPixelAndAHalfToTheEvenOne) {
     for (const auto &[metres, pixel] : {std::pair(2058, 128), {2059, 129}, {2042, 128}, {2041, 127}}) {
         const auto other = static_cast<std::int16_t>(4100 - metres);
         dialog->SetPosition(static_cast<std::int16_t>(metres), other);
-        dialog->ShowTile(1, 0);
+        dialog->ShowTile(1, Orientation::North);
         ExpectCross(pixel, 256 - pixel);
     }
     WriteTile("BNGrass.pcx", 10, 10);
     dialog->SetPosition(1025, 3075);  // 2.5 and 7.5
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     ExpectCross(2, 8);
 }
 
 TEST_F(PreciseDialog, TheCrossIsCutOffAtTheEdges) {
     WriteTile("BNGrass.pcx");
     dialog->SetPosition(4100, 4100);
-    dialog->ShowTile(1, 0.5F);
+    dialog->ShowTile(1, Orientation::West);
     for (int y = 0; y < 256; ++y)
         for (int x = 0; x < 256; ++x)
             ASSERT_NE(Pixel(x, y), red);
     dialog->SetPosition(4090, 0);
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     ExpectCross(255, 0);
 }
 
@@ -174,7 +174,7 @@ TEST_F(PreciseDialog, OKWithoutClickingReturnsTheMetresUnchangedButForTheRoundin
 TEST_F(PreciseDialog, CancelAfterAClickLeavesTheMetresThatWerePassedIn) {
     WriteTile("BNGrass.pcx");
     dialog->SetPosition(17, 4099);
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     dialog->show();
     Click(128, 64);
     ExpectCross(128, 64);
@@ -184,7 +184,7 @@ TEST_F(PreciseDialog, CancelAfterAClickLeavesTheMetresThatWerePassedIn) {
 
 TEST_F(PreciseDialog, TheReadOutFollowsTheMouse) {
     WriteTile("BNGrass.pcx");
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     dialog->show();
     QTest::mouseMove(&Tile(), QPoint(64, 100));
     QCoreApplication::processEvents();
@@ -196,7 +196,7 @@ TEST_F(PreciseDialog, TheReadOutFollowsTheMouse) {
 
 TEST_F(PreciseDialog, ReadOutsThatAreNoWholeFractionAreSinglePrecisionNumbers) {
     Write("BNGrass.pcx", PcxFile(300, 300, Pattern));
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     dialog->show();
     QTest::mouseMove(&Tile(), QPoint(100, 200));
     QCoreApplication::processEvents();
@@ -206,7 +206,7 @@ TEST_F(PreciseDialog, ReadOutsThatAreNoWholeFractionAreSinglePrecisionNumbers) {
 
 TEST_F(PreciseDialog, AMissingTileShowsWhyAndClickAndOKStillWork) {
     dialog->SetPosition(2050, 2050);
-    dialog->ShowTile(2, 0.5F);
+    dialog->ShowTile(2, Orientation::West);
     dialog->show();
     EXPECT_TRUE(Reason().contains("BNWater.pcx")) << Reason().toStdString();
     EXPECT_TRUE(Find<QLabel>(*dialog, "lbl_reason").isVisible());
@@ -248,7 +248,7 @@ TEST_F(PreciseDialog, AnotherNumberOfPlanesIsRefusedWithoutABoxButNotWithoutARea
     QByteArray file = PcxFile(4, 4, Pattern);
     file[65] = 4;
     Write("BNGrass.pcx", file);
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     EXPECT_TRUE(Reason().contains("BNGrass.pcx"));
     EXPECT_EQ(Tile().size(), QSize(256, 256));
 }
@@ -256,9 +256,9 @@ TEST_F(PreciseDialog, AnotherNumberOfPlanesIsRefusedWithoutABoxButNotWithoutARea
 TEST_F(PreciseDialog, ABrokenTileShowsWhyAndAGoodOneAfterItTakesTheReasonAway) {
     Write("BNGrass.pcx", PcxFile(4, 4, Pattern).left(60));
     WriteTile("BNWater.pcx");
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     EXPECT_FALSE(Reason().isEmpty());
-    dialog->ShowTile(2, 0);
+    dialog->ShowTile(2, Orientation::North);
     EXPECT_TRUE(Reason().isEmpty());
     EXPECT_FALSE(Find<QLabel>(*dialog, "lbl_reason").isVisible());
 }
@@ -268,7 +268,7 @@ TEST_F(PreciseDialog, AFileOfAnAbsurdLengthShowsWhy) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     ASSERT_TRUE(file.resize(qint64{1} << 40));
     dialog->SetPosition(2050, 2050);
-    dialog->ShowTile(1, 0.5F);
+    dialog->ShowTile(1, Orientation::West);
     EXPECT_TRUE(Reason().contains("BNGrass.pcx")) << Reason().toStdString();
     EXPECT_TRUE(Reason().contains("1099511627776 bytes")) << Reason().toStdString();
     EXPECT_EQ(Tile().size(), QSize(256, 256));
@@ -277,7 +277,7 @@ TEST_F(PreciseDialog, AFileOfAnAbsurdLengthShowsWhy) {
 
 TEST_F(PreciseDialog, ATileTypeThatTheGameDoesNotKnowShowsWhy) {
     dialog->SetPosition(2050, 2050);
-    dialog->ShowTile(63, 0);
+    dialog->ShowTile(63, Orientation::North);
     EXPECT_FALSE(Reason().isEmpty());
     EXPECT_EQ(Find<QListWidget>(*dialog, "lst_tiles").currentRow(), -1);
     ExpectCross(128, 128);
@@ -290,7 +290,7 @@ TEST_F(PreciseDialog, WithATileTypeThatTheGameDoesNotKnowNothingIsChosenWherever
     WriteTile("BNField8.pcx");
     for (const std::uint8_t type : std::initializer_list<std::uint8_t>{59, 63}) {
         Open();
-        dialog->ShowTile(type, 0.5F);
+        dialog->ShowTile(type, Orientation::West);
         ShowActive();
         auto &tiles = Find<QListWidget>(*dialog, "lst_tiles");
         Find<QRadioButton>(*dialog, "Opt_W").setFocus();
@@ -314,7 +314,7 @@ TEST_F(PreciseDialog, WithATileTypeThatTheGameDoesNotKnowNothingIsChosenWherever
 
 TEST_F(PreciseDialog, WhyATileIsEmptyIsToldWithTheFileAndWithWhatToDo) {
     const auto expect = [this](const QString &reason, const QString &advice) {
-        dialog->ShowTile(1, 0);
+        dialog->ShowTile(1, Orientation::North);
         EXPECT_EQ(Reason(), reason);
         EXPECT_EQ(LabelText("lbl_advice"), advice);
         EXPECT_EQ(Tile().size(), QSize(256, 256));
@@ -346,7 +346,7 @@ TEST_F(PreciseDialog, TheTileTakesThePicturesSizeWithScrollBarsOnlyAbove512) {
     for (const auto &[width, height] : std::vector<std::pair<int, int>>{
              {64, 32}, {256, 256}, {512, 512}, {514, 100}, {100, 520}, {600, 700}}) {
         WriteTile("BNGrass.pcx", width, height);
-        dialog->ShowTile(1, 0);
+        dialog->ShowTile(1, Orientation::North);
         QCoreApplication::processEvents();
         EXPECT_EQ(Tile().size(), QSize(width, height));
         EXPECT_EQ(scroll.horizontalScrollBar()->isVisible(), width > 512) << width;
@@ -357,7 +357,7 @@ TEST_F(PreciseDialog, TheTileTakesThePicturesSizeWithScrollBarsOnlyAbove512) {
 TEST_F(PreciseDialog, ShowsThePictureThatItHolds) {
     WriteTile("BNGrass.pcx", 40, 30);
     dialog->SetPosition(0, 0);
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     dialog->show();
     const QImage grabbed = Tile().grab().toImage();
     for (int y = 0; y < 30; ++y)

@@ -11,7 +11,7 @@ namespace {
 TEST_F(PreciseDialog, TerrainByteC1OpensGrassWithWestSelectedAndTheTileTurned) {
     WriteTile("BNGrass.pcx");
     dialog->SetPosition(0, 4100);
-    dialog->ShowTile(ToByte(TileTypeOf(0xC1)), static_cast<float>(TileRotationOf(0xC1)));
+    dialog->ShowTile(ToByte(TileTypeOf(0xC1)), TileOrientationOf(0xC1));
     EXPECT_EQ(Find<QListWidget>(*dialog, "lst_tiles").currentRow(), 1);
     EXPECT_EQ(CheckedOption(), "Opt_W");
     EXPECT_EQ(Reason(), "");
@@ -23,11 +23,14 @@ TEST_F(PreciseDialog, TerrainByteC1OpensGrassWithWestSelectedAndTheTileTurned) {
     EXPECT_FALSE(Find<TilePicture>(*dialog, "pic_hidden").isVisible());
 }
 
-TEST_F(PreciseDialog, EachRotationSelectsItsOptionAndWhateverIsNoneOfThemSelectsSouth) {
+TEST_F(PreciseDialog, EachOrientationSelectsItsOption) {
     WriteTile("BNGrass.pcx");
-    for (const auto &[rotation, option] : std::vector<std::pair<float, QString>>{
-             {0.0F, "opt_N"}, {-0.5F, "Opt_E"}, {-1.0F, "Opt_S"}, {0.5F, "Opt_W"}, {1.0F, "Opt_S"}}) {
-        dialog->ShowTile(1, rotation);
+    for (const auto &[orientation, option] :
+         std::vector<std::pair<Orientation, QString>>{{Orientation::North, "opt_N"},
+                                                      {Orientation::East, "Opt_E"},
+                                                      {Orientation::South, "Opt_S"},
+                                                      {Orientation::West, "Opt_W"}}) {
+        dialog->ShowTile(1, orientation);
         EXPECT_EQ(CheckedOption(), option);
     }
 }
@@ -36,7 +39,7 @@ TEST_F(PreciseDialog, PickingAnotherTileShowsItInTheSameOrientation) {
     WriteTile("BNGrass.pcx");
     Write("BNWater.pcx", PcxFile(256, 256, [](int x, int) { return x / 2; }));
     dialog->SetPosition(0, 0);
-    dialog->ShowTile(1, -0.5F);
+    dialog->ShowTile(1, Orientation::East);
     dialog->show();
     Find<QListWidget>(*dialog, "lst_tiles").setCurrentRow(2);
     EXPECT_EQ(CheckedOption(), "Opt_E");
@@ -47,7 +50,7 @@ TEST_F(PreciseDialog, PickingAnotherTileShowsItInTheSameOrientation) {
 
 TEST_F(PreciseDialog, PickingAnOrientationTurnsTheTile) {
     WriteTile("BNGrass.pcx");
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     dialog->show();
     Find<QRadioButton>(*dialog, "Opt_S").click();
     EXPECT_EQ(Pixel(128 + 50, 128 + 20), ColourOf(Pattern(128 - 50, 128 - 20)));
@@ -62,16 +65,6 @@ TEST_F(PreciseDialog, PickingAnOrientationTurnsTheTile) {
     ExpectCross(20, 30);
 }
 
-TEST_F(PreciseDialog, ARotationThatIsNoOptionsCountsAsSouthFromTheNextClickOn) {
-    WriteTile("BNGrass.pcx");
-    dialog->ShowTile(1, 0.25F);
-    dialog->show();
-    EXPECT_EQ(CheckedOption(), "Opt_S");
-    Click(20, 30);
-    EXPECT_EQ(CheckedOption(), "Opt_S");
-    EXPECT_EQ(Pixel(128 + 50, 128 + 20), ColourOf(Pattern(128 - 50, 128 - 20)));
-}
-
 TEST_F(PreciseDialog, TheUserCanActAfterEachColumnWhileATileTurns) {
     WriteTile("BNGrass.pcx");
     dialog->show();
@@ -79,9 +72,9 @@ TEST_F(PreciseDialog, TheUserCanActAfterEachColumnWhileATileTurns) {
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&events] { ++events; });
     timer.start(0);
-    dialog->ShowTile(1, 0);
+    dialog->ShowTile(1, Orientation::North);
     EXPECT_EQ(events, 0);
-    dialog->ShowTile(1, -0.5F);
+    dialog->ShowTile(1, Orientation::East);
     EXPECT_GE(events, 128);
 }
 
@@ -104,7 +97,7 @@ TEST_F(PreciseDialog, BeforeItIsOpenWhatTheUserDoesWaitsUntilTheTileIsTurned) {
     ASSERT_TRUE(QTest::qWaitFor([&behind] { return behind.moves > 0; }, 2000));
     behind.moves = 0;
     moveTo(50);
-    dialog->ShowTile(1, 0.5F);
+    dialog->ShowTile(1, Orientation::West);
     EXPECT_EQ(behind.moves, 0);
     moveTo(60);
     EXPECT_TRUE(QTest::qWaitFor([&behind] { return behind.moves == 2; }, 2000)) << behind.moves;
@@ -119,12 +112,12 @@ TEST_F(PreciseDialog, ASecondRotationAskedForMeanwhileWaitsForTheFirst) {
     QObject::connect(&timer, &QTimer::timeout, [this, &calls] {
         if (++calls > 3)
             return;
-        dialog->ShowTile(2, calls < 3 ? 0.5F : -1.0F);
+        dialog->ShowTile(2, calls < 3 ? Orientation::West : Orientation::South);
         EXPECT_EQ(Tile().Shown().width, 256);  // still the first
     });
     timer.start(0);
     dialog->SetPosition(0, 0);
-    dialog->ShowTile(1, -0.5F);
+    dialog->ShowTile(1, Orientation::East);
     ASSERT_GE(calls, 3);
     ASSERT_EQ(Tile().Shown().width, 128);
     EXPECT_EQ(Find<QListWidget>(*dialog, "lst_tiles").currentRow(), 2);
@@ -136,7 +129,7 @@ TEST_F(PreciseDialog, AClickOnTheTileWhileItTurnsCounts) {
     WriteTile("BNGrass.pcx");
     dialog->show();
     QTimer::singleShot(0, dialog.get(), [this] { Click(192, 64); });
-    dialog->ShowTile(1, 0.5F);
+    dialog->ShowTile(1, Orientation::West);
     ExpectCross(192, 64);
     EXPECT_EQ(CheckedOption(), "Opt_W");
 }
@@ -149,7 +142,7 @@ TEST_F(PreciseDialog, TheListAndTheOptionsAreDeafWhileATileTurns) {
         Find<QListWidget>(*dialog, "lst_tiles").setCurrentRow(2);
         Find<QRadioButton>(*dialog, "opt_N").click();
     });
-    dialog->ShowTile(1, 0.5F);
+    dialog->ShowTile(1, Orientation::West);
     EXPECT_EQ(Tile().Shown().width, 256);
     EXPECT_EQ(Find<QListWidget>(*dialog, "lst_tiles").currentRow(), 1);
     EXPECT_EQ(CheckedOption(), "Opt_W");
@@ -160,7 +153,7 @@ TEST_F(PreciseDialog, ClosingItWhileATileTurnsLetsTheTurnEnd) {
     dialog->SetPosition(100, 200);
     dialog->show();
     QTimer::singleShot(0, dialog.get(), [this] { dialog->reject(); });
-    dialog->ShowTile(1, 0.5F);
+    dialog->ShowTile(1, Orientation::West);
     EXPECT_FALSE(dialog->isVisible());
     ExpectMetres(100, 200);
 }

@@ -59,7 +59,7 @@ bool ItemCommands::ShowTileAt(const PositionFields &position, frm_precise &dialo
     try {
         const std::uint8_t tile = TerrainByte(terrain, position.x->value(), position.y->value(),
                                               {.file = file, .item = "terrain tile"});
-        dialog.ShowTile(ToByte(TileTypeOf(tile)), static_cast<float>(TileRotationOf(tile)));
+        dialog.ShowTile(ToByte(TileTypeOf(tile)), TileOrientationOf(tile));
         return true;
     } catch (const Error &error) {
         ShowMessage(

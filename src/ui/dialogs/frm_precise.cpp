@@ -30,29 +30,6 @@ constexpr int largestShownSize = 512;
 /// Pixels around the tile that count as its edge: without them nobody could click at 4100 metres.
 constexpr int edgeWidth = 8;
 
-struct Orientation {
-    QString name;
-    QString caption;
-    float rotation;
-};
-
-const std::array<Orientation, 4> &Orientations() {
-    static const std::array<Orientation, 4> orientations{{
-        {QStringLiteral("opt_N"), QStringLiteral("&North"), 0.0F},
-        {QStringLiteral("Opt_E"), QStringLiteral("&East"), -0.5F},
-        {QStringLiteral("Opt_S"), QStringLiteral("&South"), -1.0F},
-        {QStringLiteral("Opt_W"), QStringLiteral("&West"), 0.5F},
-    }};
-    return orientations;
-}
-
-/// Which orientation stands for rotation: south for whatever is none of the four.
-std::size_t OrientationOf(float rotation) {
-    const auto &all = Orientations();
-    const auto found = std::ranges::find(all, rotation, &Orientation::rotation);
-    return found == all.end() ? 2 : static_cast<std::size_t>(found - all.begin());
-}
-
 Picture EmptyTile() {
     return {emptyTileSize, emptyTileSize,
             std::vector<std::uint32_t>(std::size_t{emptyTileSize} * emptyTileSize, 0xFFC0C0C0)};
@@ -145,7 +122,7 @@ frm_precise::frm_precise(std::string tilesFolder, QWidget *parent)
     : QDialog(parent),
       tilesFolder_(std::move(tilesFolder)),
       tiles_(new QListWidget),
-      orientation_(new QButtonGroup(this)),
+      orientations_(new QButtonGroup(this)),
       picture_(new TilePicture(QStringLiteral("pic_tile"))),
       hidden_(new TilePicture(QStringLiteral("pic_hidden"), this)),
       scroll_(new QScrollArea),
@@ -189,23 +166,26 @@ QLayout *frm_precise::BuildSide() {
                             2 * tiles_->frameWidth());
     connect(tiles_, &QListWidget::currentRowChanged, this, [this](int row) {
         if (!busy_ && row >= 0)
-            ShowTile(ToByte(row), rotation_);
+            ShowTile(ToByte(row), tile_.orientation);
     });
 
     auto *const group = new QGroupBox(QStringLiteral("Orientation:"));
     auto *const options = new QGridLayout(group);
-    for (std::size_t index = 0; index < Orientations().size(); ++index) {
-        const Orientation &orientation = Orientations()[index];
-        auto *const option = new QRadioButton(orientation.caption);
-        option->setObjectName(orientation.name);
-        const int id = static_cast<int>(index);
-        orientation_->addButton(option, id);
+    const auto addOption = [&](const QString &name, const QString &caption, Orientation orientation) {
+        auto *const option = new QRadioButton(caption);
+        option->setObjectName(name);
+        const int id = static_cast<int>(orientation);
+        orientations_->addButton(option, id);
         options->addWidget(option, id / 2, id % 2);
-        connect(option, &QRadioButton::clicked, this, [this, rotation = orientation.rotation] {
+        connect(option, &QRadioButton::clicked, this, [this, orientation] {
             if (!busy_)
-                ShowTile(type_.value_or(0), rotation);
+                ShowTile(tile_.type, orientation);
         });
-    }
+    };
+    addOption(QStringLiteral("opt_N"), QStringLiteral("&North"), Orientation::North);
+    addOption(QStringLiteral("Opt_E"), QStringLiteral("&East"), Orientation::East);
+    addOption(QStringLiteral("Opt_S"), QStringLiteral("&South"), Orientation::South);
+    addOption(QStringLiteral("Opt_W"), QStringLiteral("&West"), Orientation::West);
 
     auto *const metres = new QFormLayout;
     metres->addRow(new QLabel(QStringLiteral("Click X/Y for SUPER Accurate:")));
@@ -255,21 +235,20 @@ void frm_precise::SetPosition(std::int16_t xm, std::int16_t ym) {
     position_->show();
 }
 
-void frm_precise::ShowTile(std::uint8_t type, float rotation) {
-    if (busy_) {
-        waiting_ = Tile{type, rotation};
+void frm_precise::ShowTile(std::uint8_t type, Orientation orientation) {
+    waiting_ = {type, orientation};
+    if (busy_)
         return;
-    }
     const QScopedValueRollback busy(busy_, true);
-    for (std::optional<Tile> next = Tile{type, rotation}; next; next = std::exchange(waiting_, std::nullopt))
-        Draw(*next);
+    while (const auto next = std::exchange(waiting_, std::nullopt)) {
+        tile_ = *next;
+        Draw();
+    }
 }
 
-void frm_precise::Draw(Tile tile) {
-    type_ = tile.type;
-    rotation_ = Orientations()[OrientationOf(tile.rotation)].rotation;
+void frm_precise::Draw() {
     SelectControls();
-    const LoadedTile loaded = LoadTile(tilesFolder_, tile.type);
+    const LoadedTile loaded = LoadTile(tilesFolder_, tile_.type);
     ShowUnlessEmpty(*reason_, loaded.reason);
     ShowUnlessEmpty(*advice_, loaded.advice);
     hidden_->SetPicture(loaded.picture);
@@ -277,8 +256,8 @@ void frm_precise::Draw(Tile tile) {
         ShowPicture(EmptyTile());
     } else {
         ShowPicture(loaded.picture);
-        if (tile.rotation != 0)
-            Turn(tile.rotation);
+        if (tile_.orientation != Orientation::North)
+            Turn();
     }
     turned_ = picture_->Shown();
     DrawCross();
@@ -292,11 +271,11 @@ void frm_precise::Draw(Tile tile) {
 }
 
 void frm_precise::SelectControls() {
-    if (*type_ < tileTypeCount)
-        tiles_->setCurrentRow(*type_);
+    if (tile_.type < tileTypeCount)
+        tiles_->setCurrentRow(tile_.type);
     else
         tiles_->setCurrentIndex({});  // unlike setCurrentRow(-1) it lets the focus come without a choice
-    orientation_->button(static_cast<int>(OrientationOf(rotation_)))->setChecked(true);
+    orientations_->button(static_cast<int>(tile_.orientation))->setChecked(true);
 }
 
 void frm_precise::ShowPicture(const Picture &picture) {
@@ -315,10 +294,11 @@ void frm_precise::ShowPicture(const Picture &picture) {
     adjustSize();
 }
 
-void frm_precise::Turn(float rotation) {
+void frm_precise::Turn() {
     // Before the dialog is open the user would act on the window behind it.
     const auto events = isVisible() ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents;
-    RotatePicture(hidden_->Shown(), picture_->Surface(), AngleOfHalfTurns(rotation), [this, events] {
+    const double angle = AngleOfHalfTurns(HalfTurnsOf(tile_.orientation));
+    RotatePicture(hidden_->Shown(), picture_->Surface(), angle, [this, events] {
         picture_->update();
         QCoreApplication::processEvents(events);
     });
@@ -385,7 +365,7 @@ bool frm_precise::eventFilter(QObject *watched, QEvent *event) {
         readOut_[axis]->setText(MetresText(fraction[axis] * tileMetres));
     if (released) {
         fraction_ = fraction;
-        ShowTile(type_.value_or(0), rotation_);
+        ShowTile(tile_.type, tile_.orientation);
     }
     return true;
 }

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "TilePicture.h"
+#include "TileTypes.h"
 
 namespace vtr {
 
@@ -25,9 +26,9 @@ class frm_precise : public QDialog {
 
     /// The position to show, in metres from the tile's top left corner.
     void SetPosition(std::int16_t xm, std::int16_t ym);
-    /// Shows the picture of a tile type, turned by rotation half turns: 0 north, -0.5 east, -1 south, 0.5
-    /// west. Lets the user act while it turns; when one is being turned already, waits for that.
-    void ShowTile(std::uint8_t type, float rotation);
+    /// Shows the picture of a tile type. Lets the user act while it turns; when one is being turned already,
+    /// waits for that.
+    void ShowTile(std::uint8_t type, Orientation orientation);
 
     /// The position in metres from the tile's top left corner: that of SetPosition until the user has
     /// pressed OK.
@@ -43,15 +44,15 @@ class frm_precise : public QDialog {
   private:
     struct Tile {
         std::uint8_t type;
-        float rotation;
+        Orientation orientation;
     };
 
     QLayout *BuildSide();
     QWidget *BuildTileArea();
-    void Draw(Tile tile);
+    void Draw();
     void SelectControls();
     void ShowPicture(const Picture &picture);
-    void Turn(float rotation);
+    void Turn();
     void DrawCross();
     QPoint Cross() const;
     std::array<double, 2> FractionAt(QPoint pixel) const;
@@ -61,14 +62,13 @@ class frm_precise : public QDialog {
     std::string tilesFolder_;
     std::array<double, 2> metres_{};
     std::array<double, 2> fraction_{};
-    std::optional<std::uint8_t> type_;
-    float rotation_ = 0;
+    Tile tile_{};
     bool busy_ = false;
     std::optional<Tile> waiting_;
     Picture turned_;  ///< what the tile shows, without the cross
 
     QListWidget *tiles_;
-    QButtonGroup *orientation_;
+    QButtonGroup *orientations_;
     TilePicture *picture_;
     TilePicture *hidden_;
     QScrollArea *scroll_;
