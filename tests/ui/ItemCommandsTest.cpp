@@ -11,8 +11,8 @@
 #include "EditorWindow.h"
 #include "MapSurface.h"
 #include "PanelTesting.h"
+#include "PictureWidget.h"
 #include "PreciseDialog.h"
-#include "TilePicture.h"
 
 namespace vtr {
 namespace {
@@ -74,7 +74,7 @@ class ItemCommandsTest : public EditorWindow {
     /// A click that, where nobody says another place, is in the middle of the tile's left half and lower
     /// half: 1025 m and 3075 m.
     static void ClickTile(QWidget &dialog, QPoint at = {64, 192}) {
-        auto &tile = Find<TilePicture>(dialog, "pic_tile");
+        auto &tile = Find<PictureWidget>(dialog, "pic_tile");
         ASSERT_EQ(tile.size(), QSize(256, 256));
         QTest::mouseClick(&tile, Qt::LeftButton, Qt::NoModifier, at);
     }
@@ -234,7 +234,7 @@ TEST_F(ItemCommandsTest, TheTilesAreThoseOfTheProjectsTilesFolder) {
     SetTerrain(Number("upd_rail_x1").value(), Number("upd_rail_y1").value(), 1);
     const auto showsTheTile = [](QWidget &dialog) {
         EXPECT_FALSE(Find<QLabel>(dialog, "lbl_reason").isVisible());
-        EXPECT_EQ(Find<TilePicture>(dialog, "pic_tile").Shown().pixels.at(200 * 256 + 100),
+        EXPECT_EQ(Find<PictureWidget>(dialog, "pic_tile").Shown().pixels.at(200 * 256 + 100),
                   ColourOf(Pattern(100, 200)));
         dialog.close();
     };
@@ -325,7 +325,7 @@ TEST_F(ItemCommandsTest, ViewingTheTileOfATargetWritesNothing) {
     const std::string before = Everything(campaign());
     EXPECT_TRUE(InPreciseDialog("cmd_tar_tile", [](QWidget &dialog) {
         // No position is marked: the cross is in the corner where every tile begins.
-        ExpectCrossIn(Find<TilePicture>(dialog, "pic_tile").Shown(), 0, 0);
+        ExpectCrossIn(Find<PictureWidget>(dialog, "pic_tile").Shown(), 0, 0);
         EXPECT_FALSE(Find<QLabel>(dialog, "lbl_position").isVisible());
         ClickTileAndPressOk(dialog);
     }));

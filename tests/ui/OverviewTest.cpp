@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QImage>
 #include <QSignalSpy>
 #include <QTest>
@@ -52,6 +53,11 @@ TEST(Overview, Is160By80AndBlackWithoutAPicture) {
     EXPECT_EQ(overview.minimumSize(), QSize(160, 80));
     EXPECT_EQ(overview.maximumSize(), QSize(160, 80));
     ExpectQuarterOf(Shown(overview), {0, 0, {}});
+}
+
+TEST(Overview, TellsAssistiveToolsThatItIsAPicture) {
+    Overview overview(nullptr);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&overview)->role(), QAccessible::Graphic);
 }
 
 TEST(Overview, ShowsEachFourByFourPixelsOfTheMapAsOne) {

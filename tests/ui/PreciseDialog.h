@@ -81,7 +81,7 @@ class PreciseDialog : public ::testing::Test {
     void WriteTile(const QString &name, int width = 256, int height = 256) {
         Write(name, PcxFile(width, height, Pattern));
     }
-    TilePicture &Tile() { return Find<TilePicture>(*dialog, "pic_tile"); }
+    PictureWidget &Tile() { return Find<PictureWidget>(*dialog, "pic_tile"); }
     std::uint32_t Pixel(int x, int y) {
         const Picture &picture = Tile().Shown();
         return picture.pixels.at(static_cast<std::size_t>(y * picture.width + x));

@@ -19,8 +19,8 @@ TEST_F(PreciseDialog, TerrainByteC1OpensGrassWithWestSelectedAndTheTileTurned) {
     for (int b = -100; b <= 100; b += 20)
         for (int a = -100; a <= 100; a += 20)
             EXPECT_EQ(Pixel(128 + a, 128 + b), ColourOf(Pattern(128 - b, 128 + a))) << a << ", " << b;
-    EXPECT_EQ(Find<TilePicture>(*dialog, "pic_hidden").Shown().pixels.at(0), ColourOf(Pattern(0, 0)));
-    EXPECT_FALSE(Find<TilePicture>(*dialog, "pic_hidden").isVisible());
+    EXPECT_EQ(Find<PictureWidget>(*dialog, "pic_hidden").Shown().pixels.at(0), ColourOf(Pattern(0, 0)));
+    EXPECT_FALSE(Find<PictureWidget>(*dialog, "pic_hidden").isVisible());
 }
 
 TEST_F(PreciseDialog, EachOrientationSelectsItsOption) {

@@ -123,8 +123,8 @@ frm_precise::frm_precise(std::string tilesFolder, QWidget *parent)
       tilesFolder_(std::move(tilesFolder)),
       tiles_(new QListWidget),
       orientations_(new QButtonGroup(this)),
-      picture_(new TilePicture(QStringLiteral("pic_tile"))),
-      hidden_(new TilePicture(QStringLiteral("pic_hidden"), this)),
+      picture_(new PictureWidget(QStringLiteral("pic_tile"))),
+      hidden_(new PictureWidget(QStringLiteral("pic_hidden"), this)),
       scroll_(new QScrollArea),
       reason_(MakeText({})),
       advice_(MakeText({})),
@@ -219,7 +219,7 @@ QWidget *frm_precise::BuildTileArea() {
         QStringLiteral("Click the exact position, 0 to 4100 metres from the top left corner, or move the "
                        "cross with the arrow keys"));
     picture_->setFocusPolicy(Qt::StrongFocus);
-    connect(picture_, &TilePicture::NudgeRequested, this, &frm_precise::MoveCross);
+    connect(picture_, &PictureWidget::NudgeRequested, this, &frm_precise::MoveCross);
     picture_->setCursor(Qt::CrossCursor);
     around->installEventFilter(this);
     picture_->installEventFilter(this);

@@ -10,7 +10,7 @@
 #include <optional>
 #include <string>
 
-#include "TilePicture.h"
+#include "PictureWidget.h"
 #include "TileTypes.h"
 
 namespace vtr {
@@ -69,8 +69,8 @@ class frm_precise : public QDialog {
 
     QListWidget *tiles_;
     QButtonGroup *orientations_;
-    TilePicture *picture_;
-    TilePicture *hidden_;
+    PictureWidget *picture_;
+    PictureWidget *hidden_;
     QScrollArea *scroll_;
     QLabel *reason_;
     QLabel *advice_;

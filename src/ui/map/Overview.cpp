@@ -1,5 +1,6 @@
 #include "Overview.h"
 
+#include <QImage>
 #include <QPainter>
 
 namespace vtr {
@@ -30,35 +31,30 @@ class AreaFrame : public QWidget {
 
 }  // namespace
 
-Overview::Overview(QWidget *parent) : QWidget(parent), area_(new AreaFrame(this)) {
-    setObjectName(QStringLiteral("Img_SmallMap"));
+Overview::Overview(QWidget *parent)
+    : PictureWidget(QStringLiteral("Img_SmallMap"), parent), area_(new AreaFrame(this)) {
     setAccessibleName(tr("Overview of the whole map"));
     setToolTip(tr("The whole map; the frame marks the part that is shown. A click redraws the map."));
     setFixedSize(overviewWidth, overviewHeight);
 }
 
 void Overview::ShowPicture(const Picture &map) {
-    picture_ = {};
-    update();
     if (map.Empty())
-        return;
+        return SetPicture({});
     // The base map is 640 x 320 whatever the picture's size: what lies beyond is cut off, what lacks stays
     // black.
     const QImage whole(reinterpret_cast<const uchar *>(map.pixels.data()), map.width, map.height,
                        QImage::Format_RGB32);
-    picture_ = whole.copy(0, 0, mapWidth, mapHeight)
-                   .scaled(overviewWidth, overviewHeight, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QImage small =
+        whole.copy(0, 0, mapWidth, mapHeight)
+            .scaled(overviewWidth, overviewHeight, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const auto *const pixels = reinterpret_cast<const std::uint32_t *>(small.constBits());
+    SetPicture({overviewWidth, overviewHeight, {pixels, pixels + overviewWidth * overviewHeight}});
 }
 
 void Overview::ShowArea(const OverviewRectangle &area) {
     area_->setGeometry(area.Left, area.Top, area.Width, area.Height);
     area_->setVisible(area.Visible);
-}
-
-void Overview::paintEvent(QPaintEvent *) {
-    QPainter painter(this);
-    painter.fillRect(rect(), Qt::black);
-    painter.drawImage(0, 0, picture_);
 }
 
 void Overview::mouseReleaseEvent(QMouseEvent *) {

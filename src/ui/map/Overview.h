@@ -1,15 +1,12 @@
 #pragma once
 
-#include <QImage>
-#include <QWidget>
-
 #include "MapView.h"
-#include "Picture.h"
+#include "PictureWidget.h"
 
 namespace vtr {
 
 /// Img_SmallMap: the whole map at a quarter of its size, with the rectangle shp_area over it.
-class Overview : public QWidget {
+class Overview : public PictureWidget {
     Q_OBJECT
 
   public:
@@ -23,11 +20,9 @@ class Overview : public QWidget {
     void Clicked();
 
   protected:
-    void paintEvent(QPaintEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
 
   private:
-    QImage picture_;
     QWidget *area_;
 };
 
