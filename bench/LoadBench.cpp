@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-#include "../tests/project/SilentWindow.h"
+#include "../tests/support/SilentWindow.h"
 #include "Comparison.h"
 #include "LoadProject.h"
 #include "SampleCampaign.h"

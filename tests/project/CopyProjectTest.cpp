@@ -11,7 +11,7 @@
 #include "SampleCampaign.h"
 #include "SilentWindow.h"
 #include "TemporaryFolder.h"
-#include "base/SystemCalls.h"
+#include "SystemCalls.h"
 
 namespace vtr {
 namespace {

@@ -13,9 +13,9 @@
 #include "ReaderTesting.h"
 #include "SampleCampaign.h"
 #include "SilentWindow.h"
+#include "SystemCalls.h"
 #include "TemporaryFolder.h"
 #include "WholeFile.h"
-#include "base/SystemCalls.h"
 
 namespace vtr {
 namespace {

@@ -4,7 +4,7 @@
 #include "MapGeneration.h"
 #include "MirrorMapPicture.h"
 #include "TemporaryFolder.h"
-#include "base/SystemCalls.h"
+#include "SystemCalls.h"
 
 namespace vtr {
 namespace {

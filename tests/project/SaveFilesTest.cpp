@@ -11,8 +11,8 @@
 #include "SampleCampaign.h"
 #include "SaveFiles.h"
 #include "SilentWindow.h"
+#include "SystemCalls.h"
 #include "TemporaryFolder.h"
-#include "base/SystemCalls.h"
 
 namespace vtr {
 namespace {

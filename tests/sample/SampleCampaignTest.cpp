@@ -7,12 +7,12 @@
 #include "AirfieldFile.h"
 #include "FrontlineFile.h"
 #include "RailwayFile.h"
+#include "ReaderTesting.h"
 #include "SampleCampaign.h"
 #include "SharedSample.h"
 #include "TargetFile.h"
 #include "TargetNameFile.h"
 #include "WaypointFile.h"
-#include "project/ReaderTesting.h"
 
 namespace vtr {
 namespace {

@@ -6,9 +6,9 @@
 #include <random>
 
 #include "EditorWindow.h"
+#include "ExpectedView.h"
 #include "MapCoordinates.h"
 #include "MapFrame.h"
-#include "mapview/ExpectedView.h"
 
 namespace vtr {
 namespace {

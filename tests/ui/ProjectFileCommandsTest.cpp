@@ -9,7 +9,7 @@
 #include "EditorWindow.h"
 #include "MapFrame.h"
 #include "Overview.h"
-#include "base/SystemCalls.h"
+#include "SystemCalls.h"
 
 namespace vtr {
 namespace {
