@@ -185,7 +185,7 @@ TEST_F(NewProjectCommand, AfterAFailedLoadTheProjectThatWasOpenStaysSoWithItsEdi
     const auto before = std::make_unique<Session>(*session);
     MakeAndAccept(false, NewPath());
     EXPECT_EQ(message.icon, QMessageBox::Warning);
-    EXPECT_EQ(Everything(session->campaign), Everything(before->campaign));
+    EXPECT_TRUE(session->campaign == before->campaign);
     EXPECT_EQ(session->campaign.paths.ProjectDir, folder.Path());
     EXPECT_EQ(session->view.MapZoom, 4);
     EXPECT_EQ(session->preferences.RecentProjectNames, before->preferences.RecentProjectNames);

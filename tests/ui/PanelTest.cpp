@@ -108,12 +108,12 @@ TEST(PanelsTogether, FitIntoTwoRowsBelowTheMap) {
 
 TEST(PanelsTogether, ACampaignThatHoldsNothingYetIsShownAsZeros) {
     const auto session = std::make_unique<Session>();
-    const std::string before = Everything(session->campaign);
+    const auto before = std::make_unique<Campaign>(session->campaign);
     const TargetPanel target(*session, nullptr);
     const RailwayPanel railway(*session, nullptr);
     EXPECT_EQ(ShownIn(target, "txt_tar_xm"), "0");
     EXPECT_EQ(ShownIn(railway, "txt_rail_ym2"), "0");
-    EXPECT_EQ(Everything(session->campaign), before);
+    EXPECT_TRUE(session->campaign == *before);
 }
 
 }  // namespace

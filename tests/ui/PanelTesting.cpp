@@ -1,8 +1,6 @@
 #include "PanelTesting.h"
 
 #include <cmath>
-#include <iomanip>
-#include <sstream>
 
 namespace vtr {
 
@@ -10,46 +8,6 @@ std::string RoundedMetres(double value) {
     const double low = std::floor(value);
     const bool up = value - low > 0.5 || (value - low == 0.5 && std::fmod(low, 2) == 1);
     return std::to_string(static_cast<int>(low) + (up ? 1 : 0));
-}
-
-std::string Everything(const Campaign &campaign) {
-    std::ostringstream all;
-    all << std::setprecision(17);
-    for (const TargetRecord &target : campaign.TargetTable)
-        all << target.x << ' ' << target.y << ' ' << target.code << ' ' << target.spare << ' ' << target.name
-            << ' ' << target.count << ' ' << target.extra_word << ' ' << target.airfield_mark << ' '
-            << target.airfield_ref << ' ' << target.fineOffsets[0] << ' ' << target.fineOffsets[1] << '\n';
-    for (const std::string &name : campaign.TargetNameTable)
-        all << name << '\n';
-    for (const AirfieldRecord &airfield : campaign.AirfieldTable) {
-        all << +airfield.index_byte << ' ' << +airfield.base_1940 << ' ' << +airfield.base_1943 << ' '
-            << +airfield.base_1944 << ' ' << +airfield.base_1945 << ' ' << airfield.airfield_extra_word << ' '
-            << +airfield.country;
-        for (const AirfieldYearSlot &slot : airfield.yearSlots)
-            all << ' ' << slot.aircraft << ' ' << slot.german << ' ' << slot.german_no_plane << ' '
-                << slot.allied_no_plane_a << ' ' << slot.allied_no_plane_b;
-        all << '\n';
-    }
-    for (const RailwayLine &line : campaign.RailwayTable) {
-        all << line.x1 << ' ' << line.x2 << ' ' << line.y1 << ' ' << line.y2;
-        for (const double metres : line.fineOffsets)
-            all << ' ' << metres;
-        all << '\n';
-    }
-    all << campaign.firstDisabledRailwayLine << '\n';
-    for (const Frontline &frontline : campaign.FrontlineTable) {
-        for (const FrontlinePoint &point : frontline.points)
-            all << point.x << ' ' << point.y << ' ' << point.on_map << '\n';
-    }
-    const auto addPaths = [&all](const auto &paths) {
-        for (const WaypointPath &path : paths) {
-            for (const Waypoint &waypoint : path.waypoints)
-                all << waypoint.x << ' ' << waypoint.y << ' ' << waypoint.flag << '\n';
-        }
-    };
-    addPaths(campaign.RoadWaypointTable);
-    addPaths(campaign.RailWaypointTable);
-    return all.str();
 }
 
 std::unique_ptr<Campaign> FilledCampaign() {

@@ -32,9 +32,6 @@ inline void TypeInto(const QWidget &panel, const char *name, const char *keys) {
 /// A fine offset's text rounded to whole metres, halves to the even one.
 std::string RoundedMetres(double value);
 
-/// All of the campaign that a panel could change, as bytes.
-std::string Everything(const Campaign &campaign);
-
 /// Every table filled with numbers that lie in the range of their fields, and fine offsets with fractions.
 std::unique_ptr<Campaign> FilledCampaign();
 /// A session with such a campaign.
