@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "FrontlineFile.h"
-#include "RandomLines.h"
+#include "RandomCampaign.h"
 #include "ReaderTesting.h"
 #include "TemporaryFolder.h"
 
@@ -56,6 +56,7 @@ class FrontlineFile : public testing::Test {
     Bytes RandomFile() {
         std::mt19937 random(20);
         FillWithRandomLines(*campaign, random);
+        EndLinesAtRandom(*campaign, random);
         SetPoints(19, 7);  // not full: that would make the file longer than it is read
         return EncodeFrontlines(*campaign);
     }
@@ -186,6 +187,7 @@ TEST_F(FrontlineFile, Of1000RandomTablesIsReadAsItWasWrittenAndWrittenAgainTheSa
     std::mt19937 random(1);
     for (int run = 0; run < 1000; ++run) {
         FillWithRandomLines(*campaign, random);
+        EndLinesAtRandom(*campaign, random);
         const FrontlineTable before = table;
         const Bytes file = EncodeFrontlines(*campaign);
         table = {};

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "RailwayFile.h"
-#include "RandomLines.h"
+#include "RandomCampaign.h"
 #include "ReaderTesting.h"
 #include "TemporaryFolder.h"
 
@@ -55,6 +55,7 @@ class RailwayFile : public testing::Test {
     Bytes RandomFile() {
         std::mt19937 random(894);
         FillWithRandomLines(*campaign, random);
+        EndLinesAtRandom(*campaign, random);
         return EncodeRailway(*campaign);
     }
 };
@@ -137,6 +138,7 @@ TEST_F(RailwayFile, Of1000RandomTablesIsReadAsItWasWrittenAndWrittenAgainTheSame
     std::mt19937 random(1);
     for (int run = 0; run < 1000; ++run) {
         FillWithRandomLines(*campaign, random);
+        EndLinesAtRandom(*campaign, random);
         const auto before = campaign->RailwayTable;
         const Bytes file = EncodeRailway(*campaign);
         campaign->RailwayTable.fill({});

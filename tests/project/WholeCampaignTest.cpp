@@ -7,7 +7,6 @@
 #include "FrontlineFile.h"
 #include "RailwayFile.h"
 #include "RandomCampaign.h"
-#include "RandomLines.h"
 #include "ReaderTesting.h"
 #include "SampleCampaign.h"
 #include "SaveFiles.h"
@@ -83,6 +82,7 @@ TEST(WholeCampaign, AThousandRandomOnesComeBackWholeAndAreWrittenAgainAsTheSameB
     for (int run = 0; run < 1000; ++run) {
         FillWithRandomTables(*made, random);
         FillWithRandomLines(*made, random);
+        EndLinesAtRandom(*made, random);
         const CampaignFiles files = Encode(*made);
         ASSERT_FALSE(files == last) << "no two are alike";
 

@@ -6,6 +6,7 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include "AirfieldLists.h"
 #include "AirfieldPanel.h"
 #include "PanelTesting.h"
 
@@ -40,15 +41,13 @@ TEST_F(AirfieldPanelTest, ShowsEveryAirfieldAsTheTableHoldsItAndChangesNothing) 
         EXPECT_TRUE(session->airfieldFrameEnabled);
         EXPECT_EQ(ShownIn(panel, "txt_air_code"), std::to_string(airfield));
         EXPECT_EQ(ShownIn(panel, "txt_air_orientation"), std::to_string(record.airfield_extra_word));
-        EXPECT_EQ(Combo("cbo_air_country").currentIndex(), record.country);
+        EXPECT_EQ(Combo("cbo_air_country").currentIndex(), std::min<int>(record.country, 5));
         EXPECT_EQ(Combo("cbo_air_1940").currentIndex(), record.base_1940);
         EXPECT_EQ(Combo("cbo_air_1943").currentIndex(), record.base_1943);
         EXPECT_EQ(Combo("cbo_air_1944").currentIndex(), record.base_1944);
         EXPECT_EQ(Combo("cbo_air_1945").currentIndex(), record.base_1945);
-        for (std::size_t year = 0; year < 4; ++year) {
-            const AirfieldYearSlot &slot = record.yearSlots[year];
-            EXPECT_EQ(Combo(sideNames[year]).currentIndex(), slot.aircraft + (slot.german != 0 ? 16 : 0));
-        }
+        for (std::size_t year = 0; year < 4; ++year)
+            EXPECT_EQ(Combo(sideNames[year]).currentIndex(), EntryOfYearSlot(record.yearSlots[year]));
     }
     EXPECT_TRUE(*campaign == *before);
     EXPECT_EQ(changed.size(), 0);

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "RandomCampaign.h"
+
 namespace vtr {
 
 std::string RoundedMetres(double value) {
@@ -13,58 +15,19 @@ std::string RoundedMetres(double value) {
 std::unique_ptr<Campaign> FilledCampaign() {
     auto campaign = std::make_unique<Campaign>();
     std::mt19937 random(20261101);  // NOLINT: the same on every run
-    const auto below = [&random](int count) {
-        return static_cast<std::int16_t>(random() % static_cast<unsigned>(count));
-    };
-    const auto metres = [&below] { return below(4099) + (1 + below(9)) / 10.0; };
+    FillWithRandomTables(*campaign, random);
+    FillWithRandomLines(*campaign, random);
+    FillWithRandomPaths(*campaign, random);
     for (std::size_t i = 0; i < targetNameTotal; ++i)
         campaign->TargetNameTable[i] = "Place " + std::to_string(i) + (i % 7 == 0 ? " K\xF6ln" : "");
     for (std::size_t i = 0; i < targetTotal; ++i) {
         TargetRecord &target = campaign->TargetTable[i];
-        target.x = below(640);
-        target.y = below(320);
         target.code = static_cast<std::uint16_t>(i % 150);
         target.name = campaign->TargetNameTable[target.code];
-        target.count = static_cast<std::uint16_t>(below(65));
-        target.extra_word = static_cast<std::uint16_t>(below(1000));
-        if (i % 2 == 0) {
-            target.airfield_ref = static_cast<std::uint16_t>(1 + below(161));
-            target.airfield_mark = flagSet;
-        }
-        target.fineOffsets = {metres(), metres()};
+        target.count %= 65;
+        target.airfield_ref = static_cast<std::uint16_t>(i % 2 == 0 ? 1 + i % 161 : 0);
+        target.airfield_mark = i % 2 == 0 ? flagSet : std::uint16_t{0};
     }
-    for (AirfieldRecord &airfield : campaign->AirfieldTable) {
-        airfield.index_byte = static_cast<std::uint8_t>(below(256));
-        airfield.base_1940 = static_cast<std::uint8_t>(below(11));
-        airfield.base_1943 = static_cast<std::uint8_t>(below(11));
-        airfield.base_1944 = static_cast<std::uint8_t>(below(11));
-        airfield.base_1945 = static_cast<std::uint8_t>(below(11));
-        airfield.airfield_extra_word = static_cast<std::uint16_t>(40000 + below(20000));
-        airfield.country = static_cast<std::uint8_t>(below(5));
-        for (AirfieldYearSlot &slot : airfield.yearSlots) {
-            slot.german = below(2) == 0 ? flagSet : 0;
-            slot.aircraft = static_cast<std::uint16_t>(below(14));
-        }
-    }
-    for (std::size_t i = 0; i < railwayLineTotal; ++i) {
-        campaign->RailwayTable[i] = {.x1 = below(640), .x2 = below(640), .y1 = below(320), .y2 = below(320)};
-        campaign->RailwayTable[i].fineOffsets = {metres(), metres(), metres(), metres()};
-    }
-    for (Frontline &frontline : campaign->FrontlineTable) {
-        for (FrontlinePoint &point : frontline.points) {
-            point = {.x = below(640), .y = below(320)};
-            point.on_map = below(2) == 0 ? flagSet : 0;
-        }
-    }
-    const auto fillPaths = [&below](auto &paths) {
-        for (WaypointPath &path : paths) {
-            for (Waypoint &waypoint : path.waypoints)
-                waypoint = {.x = below(640), .y = below(320)};
-            path.count = 12;
-        }
-    };
-    fillPaths(campaign->RoadWaypointTable);
-    fillPaths(campaign->RailWaypointTable);
     return campaign;
 }
 

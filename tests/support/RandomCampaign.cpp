@@ -1,7 +1,8 @@
 #include "RandomCampaign.h"
 
+#include <algorithm>
+
 #include "AirfieldLists.h"
-#include "RandomLines.h"
 
 namespace vtr {
 
@@ -18,6 +19,26 @@ std::uint16_t RandomWord(std::mt19937 &random) {
     return UpTo(std::uint16_t{65534}, random);
 }
 
+/// Metres that a file can hold; of the multiples of 512.5 every second one ends in a half.
+double RandomFineOffset(std::mt19937 &random) {
+    switch (random() % 3) {
+        case 0:
+            return 0;
+        case 1:
+            return UpTo(7, random) * 512.5;
+        default:
+            return UpTo(262143, random) / 262144.0 * 4100;
+    }
+}
+
+std::int16_t RandomX(std::mt19937 &random) {
+    return UpTo(std::int16_t{639}, random);
+}
+
+std::int16_t RandomY(std::mt19937 &random) {
+    return UpTo(std::int16_t{319}, random);
+}
+
 std::string RandomName(std::size_t longest, std::mt19937 &random) {
     std::string name(UpTo(longest, random), ' ');
     for (char &character : name)
@@ -26,8 +47,8 @@ std::string RandomName(std::size_t longest, std::mt19937 &random) {
 }
 
 void FillTarget(TargetRecord &target, std::mt19937 &random) {
-    target.x = UpTo(std::int16_t{639}, random);
-    target.y = UpTo(std::int16_t{319}, random);
+    target.x = RandomX(random);
+    target.y = RandomY(random);
     for (std::uint8_t &byte : target.unknown)
         byte = UpTo(std::uint8_t{255}, random);
     target.fineOffsets = {RandomFineOffset(random), RandomFineOffset(random)};
@@ -68,6 +89,43 @@ void FillWithRandomTables(Campaign &campaign, std::mt19937 &random) {
     }
     for (AirfieldRecord &airfield : campaign.AirfieldTable)
         FillAirfield(airfield, random);
+}
+
+void FillWithRandomLines(Campaign &campaign, std::mt19937 &random) {
+    for (RailwayLine &line : campaign.RailwayTable) {
+        line = {RandomX(random), RandomX(random), RandomY(random), RandomY(random)};
+        for (double &fineOffset : line.fineOffsets)
+            fineOffset = RandomFineOffset(random);
+    }
+    for (Frontline &frontline : campaign.FrontlineTable)
+        for (FrontlinePoint &point : frontline.points)
+            point = {RandomX(random), RandomY(random), random() % 2 == 0 ? flagSet : std::uint16_t{0}};
+}
+
+void FillWithRandomPaths(Campaign &campaign, std::mt19937 &random) {
+    const auto fill = [&random](auto &paths) {
+        for (WaypointPath &path : paths) {
+            for (Waypoint &waypoint : path.waypoints)
+                waypoint = {RandomX(random), RandomY(random)};
+            path.count = waypointTotal;
+        }
+    };
+    fill(campaign.RoadWaypointTable);
+    fill(campaign.RailWaypointTable);
+}
+
+void EndFrontline(Frontline &frontline, std::size_t count) {
+    for (std::size_t p = count; p < frontlinePointTotal; ++p)
+        frontline.points[p] = p == count && count > 0 ? markerPoint : zeroPoint;
+}
+
+void EndLinesAtRandom(Campaign &campaign, std::mt19937 &random) {
+    // More often few than many, which take long to write as text.
+    const std::size_t used = random() % (1 + random() % (railwayLineTotal + 1));
+    std::fill(campaign.RailwayTable.begin() + static_cast<std::ptrdiff_t>(used), campaign.RailwayTable.end(),
+              RailwayLine{});
+    for (std::size_t slot = 0; slot < frontlineTotal; ++slot)
+        EndFrontline(campaign.FrontlineTable[slot], random() % (slot + 1 < frontlineTotal ? 30 : 31));
 }
 
 }  // namespace vtr
