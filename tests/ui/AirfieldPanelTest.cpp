@@ -4,7 +4,6 @@
 #include <QHelpEvent>
 #include <QStyleOptionComboBox>
 #include <QToolTip>
-#include <QWheelEvent>
 
 #include "AirfieldLists.h"
 #include "AirfieldPanel.h"
@@ -116,24 +115,6 @@ TEST_F(AirfieldPanelTest, ChoosingCountryEntry5Stores6) {
     EXPECT_EQ(Combo("cbo_air_country").currentIndex(), 5);
 }
 
-TEST_F(AirfieldPanelTest, ChoosingAnAircraftClearsTheSlotAndSetsIt) {
-    const std::pair<int, AirfieldYearSlot> choices[] = {{15, {.aircraft = 15}},
-                                                        {16, {.aircraft = 0, .german = 65535}},
-                                                        {29, {.aircraft = 13, .german = 65535}},
-                                                        {30, {.allied_no_plane_a = 65535}},
-                                                        {31, {.allied_no_plane_b = 65535}},
-                                                        {32, {.german_no_plane = 65535}},
-                                                        {0, {}}};
-    panel.ShowAirfield(3);
-    for (const auto &[entry, slot] : choices) {
-        Combo("cbo_side_1943").setCurrentIndex(entry);
-        EXPECT_EQ(Record(3).yearSlots[1], slot) << entry;
-        panel.ShowAirfield(4);
-        panel.ShowAirfield(3);
-        EXPECT_EQ(Combo("cbo_side_1943").currentIndex(), entry);
-    }
-}
-
 TEST_F(AirfieldPanelTest, WhatIsNotInItsListShowsNoChoiceAndStaysUntilOneIsPicked) {
     Record(3).country = 5;
     Record(3).base_1943 = 11;
@@ -231,17 +212,6 @@ TEST_F(AirfieldPanelTest, AnAirfieldAbove161IsShownDisabledWithItsNumberAndTheRe
     EXPECT_TRUE(session->airfieldFrameEnabled);
     EXPECT_FALSE(panel.toolTip().contains(QStringLiteral("162")));
     EXPECT_EQ(Combo("cbo_air_1940").currentIndex(), Record(161).base_1940);
-}
-
-TEST_F(AirfieldPanelTest, TheWheelOverAListWithoutTheFocusChangesNothing) {
-    panel.ShowAirfield(3);
-    panel.show();
-    Combo("cbo_air_1943").setFocus();
-    const auto before = std::make_unique<Campaign>(*campaign);
-    QWheelEvent event(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&Combo("cbo_air_1940"), &event);
-    EXPECT_TRUE(*campaign == *before);
 }
 
 }  // namespace

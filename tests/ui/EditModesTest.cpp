@@ -9,21 +9,17 @@ namespace {
 
 struct ModeOfTable {
     const char *entry;
-    int key;
     const char *frame;
     const char *selector;  ///< disabled; empty for none
     const char *text;
     const char *layer;
 };
 constexpr std::array<ModeOfTable, 5> modes{{
-    {"mnu_e_target", Qt::Key_F2, "fra_target", "", "  TARGETS  ", "mnu_v_targets"},
-    {"mnu_e_frontline", Qt::Key_F3, "fra_frontline", "upd_viewfrontline", "  FRONTLINES  ",
-     "mnu_v_frontlines"},
-    {"mnu_e_railway", Qt::Key_F4, "fra_railway", "upd_view_railway", "  RAILWAYS  ", "mnu_v_railways"},
-    {"mnu_e_roadint", Qt::Key_F5, "fra_roadint", "upd_view_roadint", "  ROAD INTERDICTION WAYPOINTS  ",
-     "mnu_v_roadint"},
-    {"mnu_e_railint", Qt::Key_F6, "fra_railint", "upd_view_railint", "  RAIL INTERDICTION WAYPOINTS  ",
-     "mnu_v_railint"},
+    {"mnu_e_target", "fra_target", "", "  TARGETS  ", "mnu_v_targets"},
+    {"mnu_e_frontline", "fra_frontline", "upd_viewfrontline", "  FRONTLINES  ", "mnu_v_frontlines"},
+    {"mnu_e_railway", "fra_railway", "upd_view_railway", "  RAILWAYS  ", "mnu_v_railways"},
+    {"mnu_e_roadint", "fra_roadint", "upd_view_roadint", "  ROAD INTERDICTION WAYPOINTS  ", "mnu_v_roadint"},
+    {"mnu_e_railint", "fra_railint", "upd_view_railint", "  RAIL INTERDICTION WAYPOINTS  ", "mnu_v_railint"},
 }};
 
 /// Closes every dialog that comes up and counts them, so that one nobody wants does not stay.
@@ -76,11 +72,6 @@ TEST_F(EditModesTest, EachEntryEnablesItsFrameAndDisablesTheSelectorOfItsLayer) 
         Entry(modes[index].entry).trigger();
         ExpectMode(modes[index]);
     }
-}
-
-TEST_F(EditModesTest, TheKeysF2ToF6AreTheModes) {
-    for (const ModeOfTable &mode : modes)
-        EXPECT_EQ(Entry(mode.entry).shortcut(), QKeySequence(mode.key));
 }
 
 TEST_F(EditModesTest, AClickOnTheModePanelGoesThroughTheCycle) {

@@ -79,16 +79,6 @@ TEST_F(FatalLoadTest, ALineOfTheProjectFileIsToldInItsOwnLetters) {
     EXPECT_TRUE(box.text.contains(QStringLiteral("Gr\u00F6\u00DFe"))) << box.text.toStdString();
 }
 
-TEST_F(FatalLoadTest, AMissingMapPictureDoesSoToo) {
-    folder.Make("nomap.prj", "Name=No map\r\nMap=nowhere.bmp\r\n");
-    EXPECT_EQ(ExitStatusOfLoading(folder.Path() + "nomap.prj"), 1);
-    ExpectOneFatalBoxThatSays(
-        "Loading the project failed.\n\nFile not found: No such file or directory\nFile: " + folder.Path() +
-        "nowhere.bmp\n\n"
-        "The program ends now. " +
-        whatToDo);
-}
-
 TEST_F(FatalLoadTest, AMapPictureThatIsNoneDoesSoToo) {
     folder.Make("broken.bmp", "BM is how one begins, but this is none");
     folder.Make("broken.prj", "Name=Broken\r\nMap=broken.bmp\r\n");
@@ -109,17 +99,6 @@ TEST_F(FatalLoadTest, AProjectThatDoesNotExistIsMadeEmptyAndDoesSoForItHasNoMap)
                               "no such file, so that an empty one was made\n\n"
                               "The program ends now. " +
                               whatToDo);
-}
-
-TEST_F(FatalLoadTest, APathOf300CharactersDoesSoToo) {
-    const std::string name = std::string(300, 'n') + ".prj";
-    EXPECT_EQ(ExitStatusOfStarting(folder.Path() + name), 1);
-    const std::string text = box.text.toStdString();
-    EXPECT_THAT(text,
-                ::testing::StartsWith("Loading the project failed.\n\nOpening the file failed: File name too "
-                                      "long\nFile: " +
-                                      folder.Path() + name + "\n\nThe program ends now. "));
-    ExpectOneFatalBoxThatSays(text);
 }
 
 /// A load that fails while a campaign is open.

@@ -53,39 +53,6 @@ TEST_F(GridDataSave, Target0At0And0OpensCell1And1) {
     EXPECT_EQ(Cell(20, 40), Run(0, 0));
 }
 
-TEST_F(GridDataSave, Targets0And1At100And100ShareACellAndTarget2At300And200OpensAnother) {
-    Place(0, 100, 100);
-    Place(1, 100, 100);
-    Place(2, 300, 200);
-    Save();
-    EXPECT_EQ(Cell(6, 6), Run(0, 2));
-    EXPECT_EQ(Cell(12, 18), Run(2, 1));
-}
-
-TEST_F(GridDataSave, ATargetAtColumn48IsFiledInColumns2And3And4ButNotIn5) {
-    // Each is followed by one far away, so that it needs a cell of its own.
-    for (std::size_t i = 0; i < 6; ++i) {
-        Place(2 * i, 48, 8);
-        Place(2 * i + 1, 600, 20 + 40 * static_cast<int>(i));
-    }
-    Save();
-    EXPECT_TRUE(saved);
-    for (const auto &[row, column, first] :
-         {std::array{1, 2, 0}, {1, 3, 2}, {1, 4, 4}, {2, 2, 6}, {2, 3, 8}, {2, 4, 10}})
-        EXPECT_EQ(Cell(row, column), Run(first, 1)) << row << ", " << column;
-    Place(12, 48, 8);
-    Place(13, 600, 260);
-    const ShownBox box = BoxShownBy([this] { Save(); });
-    EXPECT_THAT(box.text.toStdString(), ::testing::HasSubstr("Target #12 did not fit."));
-}
-
-TEST_F(GridDataSave, ATargetAtRow320BuildsAndItsIndexAbove255TakesTwoBytes) {
-    Place(301, 640, 320);
-    Save();
-    EXPECT_TRUE(saved);
-    EXPECT_EQ(Cell(19, 39), Run(301, 1));
-}
-
 TEST_F(GridDataSave, ATableThatWasReorderedBuilds) {
     // Against the grain of the map: as they lie, these do not fit.
     for (std::size_t t = 0; t < targetTotal; ++t)
@@ -93,16 +60,6 @@ TEST_F(GridDataSave, ATableThatWasReorderedBuilds) {
     Press<QPushButton>(window(), "cmd_reorder");
     Save();
     EXPECT_TRUE(saved);
-}
-
-TEST_F(GridDataSave, AReorderKeepsTargetsAtColumns1And3OfOneRowInTheirOldOrder) {
-    for (std::size_t t = 0; t < targetTotal; ++t)
-        Place(t, 300 + static_cast<int>(t), 50);
-    Place(10, 3, 50);
-    Place(20, 1, 50);
-    Press<QPushButton>(window(), "cmd_reorder");
-    EXPECT_EQ(session->campaign.TargetTable[0].x, 3);
-    EXPECT_EQ(session->campaign.TargetTable[1].x, 1);
 }
 
 TEST_F(GridDataSave, A256thTargetInOneCellIsToldAsAnOverflowAndTheFileStays) {

@@ -174,27 +174,6 @@ TEST_F(ItemCommandsTest, ANameInSmallLettersFindsTheFirstTargetOfThatNameAndShow
     EXPECT_EQ(Number("upd_tar_x").value(), campaign().TargetTable[77].x);
 }
 
-TEST_F(ItemCommandsTest, ANameThatNoTargetHasIsToldAndTheSelectionStays) {
-    campaign().TargetTable[77].name = "BERLIN";
-    Number("upd_tar_code").SetNumber(20);
-    ShownBox box;
-    bool stayed = false;
-    WhenModalOpens([&](QWidget &dialog) {
-        QTest::keyClicks(&Find<QLineEdit>(dialog, "txt_name"), "Berl");
-        AcceptNextBox(box);
-        Press<QPushButton>(dialog, QStringLiteral("cmd_find"));
-        stayed = dialog.isVisible();
-        Press<QPushButton>(dialog, QStringLiteral("cmd_cancel"));
-    });
-    PressButton("cmd_target_search");
-    EXPECT_EQ(box.count, 1);
-    EXPECT_EQ(box.text, "Could not find target named 'Berl'!");
-    EXPECT_EQ(box.title, "VTR Target Editor");
-    EXPECT_EQ(box.icon, QMessageBox::Information);
-    EXPECT_TRUE(stayed);
-    EXPECT_EQ(Number("upd_tar_code").value(), 20);
-}
-
 TEST_F(ItemCommandsTest, APreciseTargetGetsJustItsTwoFineOffsets) {
     campaign().TargetTable[20].fineOffsets = {7.5, 8.5};
     Number("upd_tar_code").SetNumber(20);

@@ -236,16 +236,6 @@ TEST_F(MainMenuTest, LoadingAThenBThenAGivesABA) {
     EXPECT_EQ(Recent(), (QStringList{"&1 B", "&2 A", "&3 B", "&4 A", "-"}));
 }
 
-TEST_F(MainMenuTest, LoadingTheSameProjectTwiceLeavesTheList) {
-    StartWithSample();
-    Load(SamplePath());
-    EXPECT_EQ(Recent(), (QStringList{"&1 Yaxel Sound", "-"}));
-    // Another project of the same name leaves the entry pointing at the old file.
-    Load(MakeProject("other.prj", "Yaxel Sound"));
-    EXPECT_EQ(Recent(), (QStringList{"&1 Yaxel Sound", "-"}));
-    EXPECT_EQ(session->preferences.RecentProjectFiles[0], SamplePath());
-}
-
 TEST_F(MainMenuTest, AProjectWithoutANameHidesItsEntryWhichKeepsItsCaption) {
     StartWithSample();
     Load(MakeProject("nameless.prj", ""));

@@ -100,14 +100,6 @@ TEST_F(MapFrameTest, TheChosenEntryIsCheckedAndZoomInToItsFactorIsNot) {
     ExpectChecked(false, true, false);
 }
 
-TEST_F(MapFrameTest, AtAFactorOf3TheThirdsAreRounded) {
-    Choose("mnu_m_z_in", 2);
-    EXPECT_EQ(Bar("h_scroll").maximum(), 427);
-    EXPECT_EQ(Bar("h_scroll").pageStep(), 213);
-    EXPECT_EQ(Bar("v_scroll").maximum(), 213);
-    EXPECT_EQ(Bar("v_scroll").pageStep(), 107);
-}
-
 TEST_F(MapFrameTest, ZoomInEndsAt10000PercentAndZoomOutAt100) {
     EXPECT_FALSE(Entry("mnu_m_z_out").isEnabled());
     Choose("mnu_m_z_in", 98);
@@ -263,16 +255,6 @@ TEST_F(MapFrameTest, LoadingAgainCompletesAHalfErasedAll) {
     ASSERT_EQ(text.text(), "AL");
     LoadAgain();
     EXPECT_EQ(text.text(), "ALL");
-}
-
-TEST_F(MapFrameTest, ZoomOutFromTheRightEdgeSetsTheCentreFromTheClampedValueFirst) {
-    Choose("mnu_m_z_400");
-    Bar("h_scroll").setValue(480);
-    Choose("mnu_m_z_out");
-    EXPECT_EQ(Bar("h_scroll").maximum(), 427);  // 640 - 213.33
-    EXPECT_EQ(session->view.MapCenterX, 533);   // 106 + 427
-    EXPECT_EQ(Bar("h_scroll").value(), 426);    // 533 - 106.67
-    EXPECT_EQ(Area().geometry().left(), 106);   // 106.5, to the even
 }
 
 TEST_F(MapFrameTest, TheZoomMenuStandsAsEachCommandLeavesIt) {

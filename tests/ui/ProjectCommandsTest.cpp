@@ -195,22 +195,6 @@ TEST_F(ProjectCommandsTest, YesBeforeARecentProjectWaitsForTheSaveDialog) {
     EXPECT_NE(session->campaign.TargetTable[100].x, 7) << "loaded again after the dialog closed";
 }
 
-TEST_F(ProjectCommandsTest, AFolderAsProjectIsRefusedAndNothingChanges) {
-    StartWithSample();
-    const std::string name = session->campaign.paths.Name;
-    ShownBox warning;
-    AcceptNextBox(warning);
-    window().Start(Path(""));
-    EXPECT_EQ(warning.icon, QMessageBox::Warning);
-    EXPECT_EQ(warning.title, "VTR Target Editor");
-    EXPECT_THAT(warning.text.toStdString(), ::testing::HasSubstr("Loading the project failed."));
-    EXPECT_THAT(warning.text.toStdString(), ::testing::HasSubstr("File: " + folder.Path()));
-    EXPECT_THAT(warning.text.toStdString(),
-                ::testing::HasSubstr("Expected: the path of a project file (*.prj)"));
-    EXPECT_THAT(warning.text.toStdString(), ::testing::HasSubstr("Found: a folder"));
-    EXPECT_EQ(session->campaign.paths.Name, name);
-}
-
 TEST_F(ProjectCommandsTest, AnEmptyPathInQuotesIsRefusedAndNothingChanges) {
     StartWithSample();
     const ProjectPaths &paths = session->campaign.paths;

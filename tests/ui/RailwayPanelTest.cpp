@@ -100,13 +100,6 @@ TEST_F(RailwayPanelTest, TypedNumbersAreHeldInTheirRange) {
     }
 }
 
-TEST_F(RailwayPanelTest, TheLineAfter893IsRefused) {
-    Select(893);
-    EXPECT_FALSE(Field(panel, "upd_rail_linenum").SetNumber(894));
-    EXPECT_EQ(ShownIn(panel, "txt_rail_linenum"), "893");
-    EXPECT_EQ(changed.size(), 0);
-}
-
 struct MarkerCase {
     RailwayLine line;
     const char *y1;

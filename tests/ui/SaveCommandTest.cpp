@@ -109,30 +109,6 @@ TEST_F(SaveCommand, ATargetThatFitsNoCellIsNamedAndTheDialogStays) {
     EXPECT_TRUE(DialogIsOpen());
 }
 
-TEST_F(SaveCommand, ATargetThatFitsNoCellKeepsTheDialogOpenAlsoWhereTheProjectHasNoGridFile) {
-    StartWithSample();
-    session->campaign.TargetTable[7].y = 1759;
-    session->campaign.paths.GridData.clear();
-    OpenSaveDialog();
-    Find<QCheckBox>(*SaveDialog(), QStringLiteral("chk_save(2)")).click();
-    ShownBox message;
-    AcceptNextBox(message);
-    PressSave();
-    EXPECT_THAT(message.text.toStdString(), ::testing::HasSubstr("Target #7 did not fit."));
-    EXPECT_TRUE(DialogIsOpen());
-}
-
-TEST_F(SaveCommand, CancelUnloadsTheDialogWithoutWriting) {
-    StartWithSample();
-    session->campaign.TargetTable[7].x = 1;
-    const std::string before = folder.Content("TARGET.DAT");
-    OpenSaveDialog();
-    Find<QCheckBox>(*SaveDialog(), QStringLiteral("chk_saveall")).click();
-    Press<QPushButton>(*SaveDialog(), QStringLiteral("cmd_close"));
-    EXPECT_FALSE(DialogIsOpen());
-    EXPECT_EQ(folder.Content("TARGET.DAT"), before);
-}
-
 TEST_F(SaveCommand, WithNothingTickedItStaysOpenAndSaysWhatToDo) {
     StartWithSample();
     OpenSaveDialog();

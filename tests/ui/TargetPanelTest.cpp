@@ -80,16 +80,6 @@ TEST_F(TargetPanelTest, SelectingATargetAsksForOneRedraw) {
     EXPECT_EQ(changed.size(), 1);
 }
 
-TEST_F(TargetPanelTest, Typing700IntoTheColumnTurnsInto639AndSetsTheTargetsColumn) {
-    Select(7);
-    const auto before = std::make_unique<Campaign>(*campaign);
-    const std::int16_t x = Record(7).x;
-    TypeInto(panel, "txt_tar_x", "700");
-    EXPECT_EQ(ShownIn(panel, "txt_tar_x"), "639");
-    EXPECT_EQ(Record(7).x, 639);
-    ExpectOnlyThisChanged(*before, [&] { Record(7).x = x; });
-}
-
 TEST_F(TargetPanelTest, TypingMinus3IntoAnyFieldTurnsIntoZero) {
     Select(7);
     for (const char *name :
@@ -169,15 +159,6 @@ TEST_F(TargetPanelTest, ARecordOutsideTheRangeStaysUntilItIsEdited) {
     QTest::keyClick(&Field(panel, "upd_tar_y"), Qt::Key_Up);
     EXPECT_EQ(Record(9).y, 319);
     EXPECT_EQ(Record(9).count, 255);
-}
-
-TEST_F(TargetPanelTest, AClickThatRoundsToColumn640IsRefused) {
-    Select(7);
-    const auto before = std::make_unique<Campaign>(*campaign);
-    EXPECT_FALSE(Field(panel, "upd_tar_x").SetNumber(640));
-    EXPECT_EQ(ShownIn(panel, "txt_tar_x"), std::to_string(Record(7).x));
-    EXPECT_TRUE(*campaign == *before);
-    EXPECT_EQ(changed.size(), 0);
 }
 
 TEST_F(TargetPanelTest, RefreshShowsAnotherCampaignsTargetThoughTheSelectorStays) {

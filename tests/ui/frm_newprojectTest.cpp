@@ -9,7 +9,6 @@
 
 #include "DialogDriver.h"
 #include "Dropping.h"
-#include "Errors.h"
 #include "TemporaryFolder.h"
 #include "frm_newproject.h"
 
@@ -232,21 +231,6 @@ TEST_F(NewProjectDialog, MakesTheProjectWhereTheUserWantsIt) {
     EXPECT_EQ(target.Names().count("BNGrass.pcx"), 0U);
 }
 
-TEST_F(NewProjectDialog, AnEmptyMapRowGeneratesTheMapAndWritesItsName) {
-    BrowseAllBut(12);
-    Create(target.Path() + "a.prj");
-    EXPECT_THAT(target.Content("a.prj"), ::testing::HasSubstr("\r\nMap=worldmap.bmp\r\n"));
-    EXPECT_EQ(target.Content("worldmap.bmp").size(), 205878U);
-}
-
-TEST_F(NewProjectDialog, AMapTypedByHandIsCopiedButNotNamed) {
-    BrowseAllBut(12);
-    Field(12).setText(QString::fromStdString(game.Path() + "campaign.bmp"));
-    Create(target.Path() + "a.prj");
-    EXPECT_THAT(target.Content("a.prj"), ::testing::HasSubstr("\r\nMap=\r\n"));
-    EXPECT_EQ(target.Content("campaign.bmp"), "content of campaign.bmp");
-}
-
 TEST_F(NewProjectDialog, AProjectIsNamedWithItsSuffixWhenTheUserLeavesItOut) {
     BrowseAllBut(-1);
     Create(target.Path() + "bare");
@@ -327,20 +311,6 @@ TEST_F(NewProjectDialog, WithoutAPlaceToSaveItTheDialogClosesWithAnEmptyPath) {
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
     EXPECT_EQ(dialog.ProjectPath(), "");
     EXPECT_TRUE(target.Names().empty());
-}
-
-TEST_F(NewProjectDialog, ACopyThatFailsIsAnErrorThatNamesTheFile) {
-    BrowseAllBut(-1);
-    Field(4).setText(QString::fromStdString(game.Path() + "gone.dat"));
-    ShownChooser chooser;
-    ChooseNextFile(chooser, target.Path() + "a.prj");
-    try {
-        // The signal alone: a click would leave the guards of the button's own code behind.
-        Q_EMIT Find<QPushButton>(dialog, "cmd_ok").clicked();
-        FAIL() << "nothing was thrown";
-    } catch (const Error &error) {
-        EXPECT_EQ(error.File(), game.Path() + "gone.dat");
-    }
 }
 
 TEST_F(NewProjectDialog, CancelAndEscapeDoNothing) {

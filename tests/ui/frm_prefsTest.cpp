@@ -95,14 +95,6 @@ TEST_F(PrefsDialog, GreenCanOpenAStepHighAndWrapsWhileTheSwatchShowsTheColourIts
     EXPECT_EQ(preferences.RailwayColour, 128 + 65536);
 }
 
-TEST_F(PrefsDialog, HalvesRoundToTheEvenNumber) {
-    preferences.FrontlineColour = 128 + 256 * 2;
-    preferences.AirfieldColour = 128 + 256 * 3;
-    Open();
-    EXPECT_EQ(Sliders("frnt"), (std::vector<int>{128, 2, 0}));
-    EXPECT_EQ(Sliders("airfield"), (std::vector<int>{128, 4, 0}));
-}
-
 TEST_F(PrefsDialog, ANegativeColourOpensWithItsSlidersHeldAtZero) {
     preferences.RoadIntColour = -5000000;
     Open();

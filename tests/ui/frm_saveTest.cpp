@@ -53,14 +53,6 @@ TEST_F(SaveDialog, SavingWithNoBoxTickedAsksForNoFile) {
     EXPECT_THAT(asked[0], ::testing::Each(false));
 }
 
-TEST_F(SaveDialog, TickingOnlyRailWptAsksForItAlone) {
-    QTest::keyClick(&Box(10), Qt::Key_Space);
-    Press<QPushButton>(dialog, "cmd_save");
-    ASSERT_EQ(asked.size(), 1U);
-    EXPECT_TRUE(asked[0][10]);
-    EXPECT_EQ(std::count(asked[0].begin(), asked[0].end(), true), 1);
-}
-
 TEST_F(SaveDialog, EachBoxIsHandedOverUnderItsOwnIndex) {
     succeeds = false;
     for (const int index : {0, 1, 2, 4, 5, 6, 7, 8, 9, 10}) {
