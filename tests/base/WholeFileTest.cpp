@@ -91,7 +91,7 @@ TEST(WholeFile, ThatIsToBeSmallIsAnErrorAboveOneMiB) {
     const Error error = ErrorThrownBy([&path] { ReadSmallFile(path); });
     EXPECT_EQ(error.Kind(), ErrorKind::FileTooLarge);
     EXPECT_EQ(error.File(), path);
-    EXPECT_EQ(calls.BytesRead(), (1U << 20) + 1);
+    EXPECT_EQ(calls.BytesRead(), 0U);
     std::filesystem::resize_file(path, (1 << 20) + 1);
     EXPECT_EQ(KindThrownBy([&path] { ReadSmallFile(path); }), ErrorKind::FileTooLarge);
 }
