@@ -74,6 +74,7 @@ inline double LuminanceContrast(std::int32_t a, std::int32_t b, const ColourMatr
 template <typename Figure>
 double FigureOfMost(const std::vector<std::int32_t> &colours, Figure figure) {
     std::vector<double> figures;
+    figures.reserve(colours.size());
     for (const std::int32_t colour : colours)
         figures.push_back(figure(colour));
     const auto twentieth = figures.begin() + static_cast<std::ptrdiff_t>(figures.size() / 20);

@@ -96,7 +96,7 @@ ProjectCopy FillFolder(const Campaign &campaign, const std::vector<std::string> 
     every.fill(true);
     const SaveOutcome outcome = SaveFiles(*moved, every, programFolder);
     if (outcome.failure)
-        throw *outcome.failure;
+        throw Error(*outcome.failure);
     copy.misfit = outcome.misfit;
     AtomicWrite(folder + paths.ProjectFile, projectFile);
     for (const std::string &name : names)

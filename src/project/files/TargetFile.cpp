@@ -66,9 +66,9 @@ UnknownBytes TemplateBytes(std::size_t i, ConstByteSpan templateBytes, ConstByte
 void PutUnknownBytes(const UnknownBytes &unknown, std::span<std::uint8_t, targetRecordSize> record) {
     auto from = unknown.begin();
     for (const ByteRange &range : unknownRanges)
-        from =
-            std::ranges::copy_n(from, static_cast<std::ptrdiff_t>(range.size), record.begin() + range.offset)
-                .in;
+        from = std::ranges::copy_n(from, static_cast<std::ptrdiff_t>(range.size),
+                                   record.subspan(range.offset).begin())
+                   .in;
 }
 
 }  // namespace

@@ -38,10 +38,11 @@ std::optional<Error> FailureOf(const std::string &file, const std::function<void
 }
 
 void TurnOver(Picture &picture) {
-    for (auto top = picture.pixels.begin(), bottom = picture.pixels.end(); bottom - top >= 2 * picture.width;
-         top += picture.width) {
-        bottom -= picture.width;
-        std::swap_ranges(top, top + picture.width, bottom);
+    const std::ptrdiff_t width = picture.width;
+    for (auto top = picture.pixels.begin(), bottom = picture.pixels.end(); bottom - top >= 2 * width;
+         top += width) {
+        bottom -= width;
+        std::swap_ranges(top, top + width, bottom);
     }
 }
 

@@ -89,7 +89,7 @@ void RefuseTooManyPixels(QSize size, const std::string &path) {
 
 /// As much of the file as its picture can need.
 Bytes ReadPictureBytes(const std::string &path, std::optional<ShortFile> *shortFile) {
-    const Bytes head = ReadStartOfFile(path, headSize);
+    Bytes head = ReadStartOfFile(path, headSize);
     const PictureReader reader(head);
     if (!reader.qt.canRead())
         return head;

@@ -49,7 +49,8 @@ void Overview::ShowPicture(const Picture &map) {
         whole.copy(0, 0, mapWidth, mapHeight)
             .scaled(overviewWidth, overviewHeight, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     const auto *const pixels = reinterpret_cast<const std::uint32_t *>(small.constBits());
-    SetPicture({overviewWidth, overviewHeight, {pixels, pixels + overviewWidth * overviewHeight}});
+    SetPicture(
+        {overviewWidth, overviewHeight, {pixels, pixels + std::ptrdiff_t{overviewWidth} * overviewHeight}});
 }
 
 void Overview::ShowArea(const OverviewRectangle &area) {
