@@ -10,8 +10,8 @@
 #include "LoadProject.h"
 #include "SampleCampaign.h"
 #include "SilentWindow.h"
-#include "TemporaryFolder.h"
 #include "SystemCalls.h"
+#include "TemporaryFolder.h"
 
 namespace vtr {
 namespace {

@@ -3,8 +3,8 @@
 #include "ErrorThrownBy.h"
 #include "MapGeneration.h"
 #include "MirrorMapPicture.h"
-#include "TemporaryFolder.h"
 #include "SystemCalls.h"
+#include "TemporaryFolder.h"
 
 namespace vtr {
 namespace {
