@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytes, std::size_t siz
     map.resize(vtr::terrainSize);
     try {
         const std::uint8_t tile = vtr::TerrainByte(map, position[0], position[1]);
-        vtr::TileRotationOf(tile);
+        vtr::HalfTurnsOf(vtr::TileOrientationOf(tile));
         vtr::TilePicturePath("tiles", vtr::TileTypeOf(tile));
     } catch (const vtr::Error &) {
     }
