@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "Differences.h"
+
+namespace vtr {
+
+/// The usual name of the file that holds what differs, "TARGET.DAT"; empty when no file does.
+std::string_view FileWith(const Difference &difference);
+/// The difference in one sentence for the user (UTF-8), without its full stop:
+/// "Target 12 'Wexlinmere Bridge': column 110 to 111".
+std::string SentenceOf(const Difference &difference);
+
+}  // namespace vtr

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "Campaign.h"
+
+namespace vtr {
+
+/// How many railway lines the file has and which is the first that the user has disabled.
+struct RailwayCounts {
+    std::int16_t lines = 0;
+    std::int16_t firstDisabled = 0;
+
+    bool operator==(const RailwayCounts &) const = default;
+};
+
+/// A row of any of the tables that can be edited; one alternative each, in the order of Table.
+using TableRow =
+    std::variant<TargetRecord, std::string, AirfieldRecord, RailwayLine, RailwayCounts, FrontlinePoint>;
+enum class Table : std::uint8_t {
+    Targets,
+    TargetNames,
+    Airfields,
+    RailwayLines,
+    RailwayCounts,   ///< has one row
+    FrontlinePoints  ///< row = slot * frontlinePointTotal + point
+};
+
+/// Some rows of a table, by default all of them.
+struct TableRows {
+    static constexpr std::size_t all = static_cast<std::size_t>(-1);
+
+    Table table;
+    std::size_t first = 0;
+    std::size_t count = all;
+};
+/// One row of a table.
+constexpr TableRows RowOf(Table table, int row) {
+    return {table, static_cast<std::size_t>(row), 1};
+}
+
+/// One row that differs.
+struct Difference {
+    std::size_t row;
+    TableRow before;
+    TableRow after;  ///< of the same table
+
+    Table In() const { return static_cast<Table>(before.index()); }
+    bool operator==(const Difference &) const = default;
+};
+using Differences = std::vector<Difference>;
+
+/// How many rows a table has.
+std::size_t RowTotal(Table table);
+/// A copy of one row.
+TableRow RowAt(const Campaign &campaign, Table table, std::size_t row);
+
+/// What differs in the tables that can be edited, table by table and row by row.
+Differences DifferencesOf(const Campaign &before, const Campaign &after);
+
+enum class Direction { Forwards, Backwards };
+/// Makes campaign, which has the rows before (or after), have those after (or before).
+void Apply(const Differences &differences, Direction direction, Campaign &campaign);
+
+/// Joins what follows differences to them, so that both are one step. A row that is again what it was drops
+/// out.
+void Join(Differences &differences, Differences following);
+
+/// Rows of a campaign as they are now.
+class KeptRows {
+  public:
+    /// Rows outside their table are left out.
+    KeptRows(const Campaign &campaign, std::initializer_list<TableRows> rows);
+
+    /// What differs in those rows from then to now. Call it once.
+    Differences DifferencesTo(const Campaign &now);
+
+  private:
+    struct Row {
+        std::size_t row;
+        TableRow value;
+    };
+    std::vector<Row> rows_;
+};
+
+}  // namespace vtr
