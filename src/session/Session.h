@@ -25,11 +25,12 @@ struct Session {
     bool targetFrameEnabled = false;
     /// ... and the airfield's stays off when the targets' mode comes back, until a target is selected.
     bool airfieldFrameEnabled = false;
-    Picture map;                                 ///< the project's map picture
-    std::string tablesProject;                   ///< the project file that the tables were loaded from
-    bool loadFailed = false;                     ///< the last load; what was open before is whole
-    bool mapIsUpsideDown = false;                ///< it was generated here and not mirrored since
-    std::string programFolder;                   ///< ends in a separator
+    Picture map;                   ///< the project's map picture
+    std::string tablesProject;     ///< the project file that the tables were loaded from
+    bool loadFailed = false;       ///< the last load; what was open before is whole
+    bool mapIsUpsideDown = false;  ///< it was generated here and not mirrored since
+    std::string programFolder;     ///< ends in a separator
+    std::string dataFolder;        ///< the user's, ends in a separator; empty: keep nothing there
     std::string operation = "Your last action";  ///< what the program is at (UTF-8), see Operation
 };
 

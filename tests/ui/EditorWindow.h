@@ -22,6 +22,7 @@ class EditorWindow : public ::testing::Test {
     EditorWindow() {
         std::filesystem::create_directory(folder.Path() + "program");
         session->programFolder = folder.Path() + "program/";
+        session->dataFolder = folder.Path() + "data/";
     }
 
     void WriteSample() { WriteSampleCampaign(folder.Path(), false); }
