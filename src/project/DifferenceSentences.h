@@ -12,5 +12,8 @@ std::string_view FileWith(const Difference &difference);
 /// The difference in one sentence for the user (UTF-8), without its full stop:
 /// "Target 12 'Wexlinmere Bridge': column 110 to 111".
 std::string SentenceOf(const Difference &difference);
+/// How many differences which files hold, "12 differences in TARGET.DAT and VTR_RRD.DAT"; empty when no file
+/// holds any.
+std::string SummaryOf(const Differences &differences);
 
 }  // namespace vtr

@@ -37,10 +37,6 @@ std::optional<int> WriteTables(const std::string &path, const Campaign &campaign
     return std::nullopt;
 }
 
-const CampaignFile &FileOf(std::string ProjectPaths::*name) {
-    return *std::ranges::find(campaignFiles, name, &CampaignFile::name);
-}
-
 }  // namespace
 
 // The bar of a load drops back after the railway.
@@ -60,6 +56,10 @@ const std::array<CampaignFile, 12> campaignFiles{{
     {"RAILWPT", "RAILWPT.DAT", &ProjectPaths::RailWpt, 10, ReadRailWaypoints, 52},
     {"RailList", "RAILLIST.DAT", &ProjectPaths::RailList, 9},
 }};
+
+const CampaignFile &FileOf(std::string ProjectPaths::*name) {
+    return *std::ranges::find(campaignFiles, name, &CampaignFile::name);
+}
 
 const std::array<const CampaignFile *, 8> filesInReadingOrder{
     &FileOf(&ProjectPaths::MapTM),   &FileOf(&ProjectPaths::TarNames),  &FileOf(&ProjectPaths::Targets),

@@ -29,6 +29,8 @@ struct CampaignFile {
 
 /// In the order of a new project file's lines, which is also the order of saving.
 extern const std::array<CampaignFile, 12> campaignFiles;
+/// The one whose name a project keeps in that member.
+const CampaignFile &FileOf(std::string ProjectPaths::*name);
 /// Those that a load reads, in its order: target names come before the targets, which copy them.
 extern const std::array<const CampaignFile *, 8> filesInReadingOrder;
 
