@@ -92,6 +92,7 @@ KeptRows::KeptRows(const Campaign &campaign, std::initializer_list<TableRows> ro
         const std::size_t total = RowTotal(some.table);
         const std::size_t first = std::min(some.first, total);
         const std::size_t count = std::min(some.count, total - first);
+        rows_.reserve(rows_.size() + count);
         for (std::size_t row = first; row < first + count; ++row)
             rows_.push_back({row, RowAt(campaign, some.table, row)});
     }

@@ -55,14 +55,15 @@ using Differences = std::vector<Difference>;
 
 /// How many rows a table has.
 std::size_t RowTotal(Table table);
-/// A copy of one row.
+/// A copy of one row, which the table must have.
 TableRow RowAt(const Campaign &campaign, Table table, std::size_t row);
 
 /// What differs in the tables that can be edited, table by table and row by row.
 Differences DifferencesOf(const Campaign &before, const Campaign &after);
 
 enum class Direction { Forwards, Backwards };
-/// Makes campaign, which has the rows before (or after), have those after (or before).
+/// Puts the rows as they are after the differences (forwards) or as they were before them (backwards) into
+/// campaign.
 void Apply(const Differences &differences, Direction direction, Campaign &campaign);
 
 /// Joins what follows differences to them, so that both are one step. A row that is again what it was drops
@@ -72,7 +73,7 @@ void Join(Differences &differences, Differences following);
 /// Rows of a campaign as they are now.
 class KeptRows {
   public:
-    /// Rows outside their table are left out.
+    /// Rows outside their table are left out. No row is named twice.
     KeptRows(const Campaign &campaign, std::initializer_list<TableRows> rows);
 
     /// What differs in those rows from then to now. Call it once.
