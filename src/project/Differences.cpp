@@ -87,7 +87,7 @@ void Join(Differences &differences, Differences following) {
     }
 }
 
-KeptRows::KeptRows(const Campaign &campaign, std::initializer_list<TableRows> rows) {
+KeptRows::KeptRows(const Campaign &campaign, const std::vector<TableRows> &rows) {
     for (const TableRows &some : rows) {
         const std::size_t total = RowTotal(some.table);
         const std::size_t first = std::min(some.first, total);

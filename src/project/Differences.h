@@ -1,6 +1,5 @@
 #pragma once
 
-#include <initializer_list>
 #include <string>
 #include <variant>
 #include <vector>
@@ -74,7 +73,7 @@ void Join(Differences &differences, Differences following);
 class KeptRows {
   public:
     /// Rows outside their table are left out. No row is named twice.
-    KeptRows(const Campaign &campaign, std::initializer_list<TableRows> rows);
+    KeptRows(const Campaign &campaign, const std::vector<TableRows> &rows);
 
     /// What differs in those rows from then to now. Call it once.
     Differences DifferencesTo(const Campaign &now);

@@ -75,6 +75,15 @@ void RenameTarget(Campaign &campaign, int target, const std::string &name) {
     }
 }
 
+std::vector<TableRows> RowsOfTargetName(const Campaign &campaign, int target) {
+    const std::size_t entry = NameEntryOf(campaign, target);
+    std::vector<TableRows> rows{{Table::TargetNames, entry, 1}};
+    for (std::size_t t = 0; t < targetTotal; ++t)
+        if (campaign.TargetTable[t].code == entry)
+            rows.push_back({Table::Targets, t, 1});
+    return rows;
+}
+
 void SetAirfieldModel(Campaign &campaign, int airfield, std::size_t year, int model) {
     AirfieldAt(campaign, airfield).*airfieldModels.at(year) = ToByte(model, At("airfield", airfield));
 }

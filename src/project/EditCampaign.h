@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Campaign.h"
+#include "Differences.h"
 #include "GamePosition.h"
 
 namespace vtr {
@@ -17,6 +18,8 @@ void SetTargetIsAirfield(Campaign &campaign, int target, bool isAirfield);
 bool TargetNameFits(const Campaign &campaign, int target, std::string_view name);
 /// Renames the name entry that the target refers to, and with it every target that refers to the same one.
 void RenameTarget(Campaign &campaign, int target, const std::string &name);
+/// The rows that a renaming of the target changes.
+std::vector<TableRows> RowsOfTargetName(const Campaign &campaign, int target);
 
 /// year counts 0 to 3 as in airfieldYears.
 void SetAirfieldModel(Campaign &campaign, int airfield, std::size_t year, int model);

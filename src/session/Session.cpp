@@ -1,14 +1,133 @@
 #include "Session.h"
 
+#include <utility>
+
 #include "Arithmetic.h"
 
 namespace vtr {
+
+namespace {
+
+/// The mode in which that table is edited.
+EditMode ModeOf(Table table) {
+    switch (table) {
+        case Table::FrontlinePoints:
+            return EditMode::Frontline;
+        case Table::RailwayLines:
+        case Table::RailwayCounts:
+            return EditMode::Railway;
+        case Table::Targets:
+        case Table::TargetNames:
+        case Table::Airfields:
+            break;
+    }
+    return EditMode::Target;
+}
+
+}  // namespace
+
+void Session::Do(std::string name, const std::vector<TableRows> &rows,
+                 const std::function<void(Campaign &)> &edit, std::string field) {
+    const Selection before = selection;
+    KeptRows kept(campaign, rows);
+    try {
+        edit(campaign);
+    } catch (...) {
+        Apply(kept.DifferencesTo(campaign), Direction::Backwards, campaign);
+        throw;
+    }
+    Differences differences = kept.DifferencesTo(campaign);
+    if (differences.empty())
+        return;
+    savedTables.Change(differences, Direction::Forwards);
+    history.Add({std::move(name), std::move(field), std::move(differences), before, selection}, now());
+    tablesChanged();
+}
+
+void Session::TakeOver(std::string name, const Differences &differences) {
+    if (differences.empty())
+        return;
+    Apply(differences, Direction::Forwards, campaign);
+    savedTables.Change(differences, Direction::Forwards);
+    history.Add({std::move(name), {}, differences, selection, selection}, now());
+    tablesChanged();
+}
+
+void Session::Undo() {
+    const Edit &edit = history.Undo();
+    Apply(edit.differences, Direction::Backwards, campaign);
+    savedTables.Change(edit.differences, Direction::Backwards);
+    Show(edit, edit.before);
+}
+
+void Session::Redo() {
+    const Edit &edit = history.Redo();
+    Apply(edit.differences, Direction::Forwards, campaign);
+    savedTables.Change(edit.differences, Direction::Forwards);
+    Show(edit, edit.after);
+}
+
+void Session::Show(const Edit &edit, const Selection &selected) {
+    selection = selected;
+    const EditMode itsMode = ModeOf(edit.differences.front().In());
+    if (itsMode != mode)
+        SwitchMode(*this, itsMode);
+    layers.*layersOfModes[static_cast<std::size_t>(itsMode)] = true;
+    tablesChanged();
+}
+
+void Session::CampaignLoaded() {
+    history.Clear();
+    savedTables.Load(campaign);
+    tablesChanged();
+}
+
+void Session::FilesSaved(const std::vector<std::string_view> &usualNames) {
+    history.EndMerging();
+    savedTables.Save(campaign, usualNames);
+    tablesChanged();
+}
+
+std::vector<std::string_view> Session::EditedFiles() const {
+    std::vector<std::string_view> files = savedTables.EditedFiles();
+    if (campaign.paths.GridData.empty())  // made of what TARGET.DAT holds, and this project makes none
+        std::erase(files, "GRIDDATA.DAT");
+    return files;
+}
 
 void SwitchMode(Session &session, EditMode mode) {
     session.mode = mode;
     session.targetFrameEnabled = mode == EditMode::Target;
     if (mode != EditMode::Target)
         session.airfieldFrameEnabled = false;
+}
+
+MapPixel SelectedPixel(const Session &session) {
+    const Selection &selection = session.selection;
+    const Campaign &campaign = session.campaign;
+    const auto pixelOf = [](const auto &item) { return MapPixel{item.x, item.y}; };
+    const auto at = [](const auto &table, int index) -> const auto & {
+        return table.at(static_cast<std::size_t>(index));
+    };
+    const auto waypoint = [&](const auto &table, const Selection::PathWaypoint &selected) {
+        return pixelOf(at(at(table, selected.path).waypoints, selected.waypoint));
+    };
+    switch (session.mode) {
+        case EditMode::Target:
+            break;
+        case EditMode::Frontline:
+            return pixelOf(
+                at(at(campaign.FrontlineTable, selection.frontline).points, selection.frontlinePoint));
+        case EditMode::Railway: {
+            const RailwayLine &line = at(campaign.RailwayTable, selection.railwayLine);
+            return {line.x1, line.y1};
+        }
+        case EditMode::RoadInt:
+            return waypoint(campaign.RoadWaypointTable, selection.road);
+        case EditMode::RailInt:
+            return waypoint(campaign.RailWaypointTable, selection.rail);
+    }
+    return pixelOf(at(campaign.TargetTable, selection.target));
 }
 
 MapDisplay DisplayOf(const Session &session) {

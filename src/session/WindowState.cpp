@@ -2,6 +2,14 @@
 
 namespace vtr {
 
+namespace {
+
+std::optional<std::string> NameOf(const Edit *edit) {
+    return edit == nullptr ? std::nullopt : std::optional(edit->name);
+}
+
+}  // namespace
+
 WindowState WindowStateOf(const Session &session) {
     WindowState state{.projectEnabled = session.campaign.ProjectLoaded,
                       .airfieldFrameEnabled = session.airfieldFrameEnabled,
@@ -16,6 +24,10 @@ WindowState WindowStateOf(const Session &session) {
                           .layerChecked = session.layers.*layersOfModes[i]};
     }
     return state;
+}
+
+EditState EditStateOf(const Session &session) {
+    return {NameOf(session.history.ToUndo()), NameOf(session.history.ToRedo()), session.EditedFiles()};
 }
 
 }  // namespace vtr

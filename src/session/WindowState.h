@@ -1,6 +1,10 @@
 #pragma once
 
 #include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "Session.h"
 
@@ -22,5 +26,14 @@ struct WindowState {
 };
 
 WindowState WindowStateOf(const Session &session);
+
+/// What it tells of the edits.
+struct EditState {
+    std::optional<std::string> undo;  ///< the name of the edit that can be taken back
+    std::optional<std::string> redo;
+    std::vector<std::string_view> editedFiles;  ///< usual names of those that are not saved
+};
+
+EditState EditStateOf(const Session &session);
 
 }  // namespace vtr

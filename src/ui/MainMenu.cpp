@@ -57,6 +57,10 @@ MainMenu::MainMenu(QMenuBar *bar) {
     mnu_e_railway = AddCheck(mnu_edit, "mnu_e_railway", "&Railways", Qt::Key_F4);
     mnu_e_roadint = AddCheck(mnu_edit, "mnu_e_roadint", "Roa&d Interdiction", Qt::Key_F5);
     mnu_e_railint = AddCheck(mnu_edit, "mnu_e_railint", "Ra&il Interdiction", Qt::Key_F6);
+    AddSeparator(mnu_edit, "mnu_e_div1");
+    mnu_e_undo = AddEntry(mnu_edit, "mnu_e_undo", "&Undo", Qt::CTRL | Qt::Key_Z);
+    mnu_e_redo = AddEntry(mnu_edit, "mnu_e_redo", "R&edo");
+    mnu_e_redo->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
 
     mnu_view = AddMenu(bar, "mnu_view", "&View");
     mnu_v_targets = AddCheck(mnu_view, "mnu_v_targets", "&Targets");

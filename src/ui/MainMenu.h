@@ -29,6 +29,8 @@ struct MainMenu {
     QAction *mnu_e_railway;
     QAction *mnu_e_roadint;
     QAction *mnu_e_railint;
+    QAction *mnu_e_undo;
+    QAction *mnu_e_redo;
 
     QMenu *mnu_view;
     QAction *mnu_v_targets;

@@ -6,6 +6,7 @@
 
 #include "AirfieldPanel.h"
 #include "ControlBox.h"
+#include "EditedFilesLabel.h"
 #include "FrontlinePanel.h"
 #include "MapFrame.h"
 #include "NumberField.h"
@@ -17,6 +18,15 @@
 #include "WindowState.h"
 
 namespace vtr {
+
+namespace {
+
+void ShowEdit(QAction &entry, const QString &caption, const std::optional<std::string> &edit) {
+    entry.setText(edit ? caption + QLatin1Char(' ') + QString::fromStdString(*edit) : caption);
+    entry.setEnabled(edit.has_value());
+}
+
+}  // namespace
 
 MainWidgets::MainWidgets(QMainWindow *window, Session &session)
     : menu(window->menuBar()),
@@ -79,6 +89,11 @@ void MainWidgets::LayOut(QWidget *centre) const {
     rows->addStretch();
 }
 
+void MainWidgets::ShowSelections() const {
+    for (const ModeControls &controls : modes)
+        controls.frame->ShowSelection();
+}
+
 void MainWidgets::ShowState() const {
     const WindowState state = WindowStateOf(session_);
     menu.mnu_m_zoom->setEnabled(state.projectEnabled);
@@ -104,6 +119,14 @@ void MainWidgets::ShowState() const {
     menu.mnu_m_z_100->setChecked(state.zoomMenu.checked100);
     menu.mnu_m_z_200->setChecked(state.zoomMenu.checked200);
     menu.mnu_m_z_400->setChecked(state.zoomMenu.checked400);
+    ShowEdits();
+}
+
+void MainWidgets::ShowEdits() const {
+    const EditState state = EditStateOf(session_);
+    ShowEdit(*menu.mnu_e_undo, QStringLiteral("&Undo"), state.undo);
+    ShowEdit(*menu.mnu_e_redo, QStringLiteral("R&edo"), state.redo);
+    sb_status->lbl_edited->ShowFiles(state.editedFiles);
 }
 
 }  // namespace vtr

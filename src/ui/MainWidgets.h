@@ -47,8 +47,12 @@ struct MainWidgets {
     };
     std::array<ModeControls, editModeTotal> modes;  ///< in the order of EditMode
 
+    /// Shows in every panel the item that the session selects.
+    void ShowSelections() const;
     /// Enables and checks everything as the session has it. Call it after each change of what it goes by.
     void ShowState() const;
+    /// Of that, what an edit, undo, redo or save changes.
+    void ShowEdits() const;
 
   private:
     void LayOut(QWidget *centre) const;

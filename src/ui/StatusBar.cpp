@@ -5,6 +5,7 @@
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 
+#include "EditedFilesLabel.h"
 #include "ProgramVersion.h"
 
 namespace vtr {
@@ -41,6 +42,7 @@ void FixWidth(QToolButton &panel, const QString &widest) {
 
 StatusBar::StatusBar(QWidget *parent)
     : QStatusBar(parent),
+      lbl_edited(new EditedFilesLabel(this)),
       project(AddPanel("project", QStringLiteral("  NO PROJECT LOADED"), "Project Name")),
       curredit(
           AddPanel("curredit", QStringLiteral("  TARGETS  "), "Currently Editing.  Click to toggle modes.")),
@@ -49,6 +51,7 @@ StatusBar::StatusBar(QWidget *parent)
       version(AddPanel("version", programTitle + QStringLiteral(" v") + ShortVersionText(), "")) {
     setObjectName(QStringLiteral("sb_status"));
     setSizeGripEnabled(false);
+    addWidget(lbl_edited, 1);
     // A message that has no room can be read there.
     connect(this, &QStatusBar::messageChanged, this, &QWidget::setToolTip);
     project->setMaximumWidth(projectWidth * fontMetrics().averageCharWidth());

@@ -5,8 +5,11 @@
 
 namespace vtr {
 
-/// sb_status: five panels whose object names are their keys. They are flat buttons, so that the ones that do
-/// something can be reached by keyboard and by assistive tools.
+class EditedFilesLabel;
+
+/// sb_status: five panels whose object names are their keys, and before them which files are edited. The
+/// panels are flat buttons, so that the ones that do something can be reached by keyboard and by assistive
+/// tools.
 class StatusBar : public QStatusBar {
     Q_OBJECT
 
@@ -16,6 +19,7 @@ class StatusBar : public QStatusBar {
     /// Tells for a few seconds why a field refused what was typed, at most until another field is entered.
     void ShowObjection(const QString &objection);
 
+    EditedFilesLabel *lbl_edited;  ///< hidden while a message is shown in its place
     QToolButton *project;
     QToolButton *curredit;
     QToolButton *zoom;

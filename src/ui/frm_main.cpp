@@ -46,6 +46,7 @@ frm_main::frm_main(Session &session)
       editModes_(session, widgets_),
       mapEditing_(session, widgets_),
       itemCommands_(session, widgets_, this, [this] { Redraw(); }),
+      historyCommands_(session, widgets_, this, [this] { Redraw(); }),
       preferencesCommands_(session, widgets_, this),
       saveCommands_(session, widgets_, this),
       projectCommands_(session, widgets_, saveCommands_, this, [this] { Redraw(); }),
@@ -61,6 +62,13 @@ frm_main::frm_main(Session &session)
     WireMenus();
     WireMap();
     WirePanels();
+    session.tablesChanged = [this] { widgets_.ShowEdits(); };
+    // What is typed in a field after another one was entered is another edit.
+    connect(qApp, &QApplication::focusChanged, this, [this] { session_.history.EndMerging(); });
+}
+
+frm_main::~frm_main() {
+    session_.tablesChanged = [] {};
 }
 
 void frm_main::Start(const QString &commandLine) {

@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include "EditModes.h"
+#include "HistoryCommands.h"
 #include "ItemCommands.h"
 #include "MainWidgets.h"
 #include "MapEditing.h"
@@ -21,6 +22,9 @@ class frm_main : public QMainWindow {
 
   public:
     explicit frm_main(Session &session);
+    frm_main(const frm_main &) = delete;
+    frm_main &operator=(const frm_main &) = delete;
+    ~frm_main() override;
 
     /// Reads the preferences, shows the window and loads the project that commandLine names, if it names one.
     void Start(const QString &commandLine);
@@ -50,6 +54,7 @@ class frm_main : public QMainWindow {
     EditModes editModes_;
     MapEditing mapEditing_;
     ItemCommands itemCommands_;
+    HistoryCommands historyCommands_;
     PreferencesCommands preferencesCommands_;
     SaveCommands saveCommands_;
     ProjectCommands projectCommands_;

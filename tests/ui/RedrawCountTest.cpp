@@ -3,30 +3,15 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QScrollBar>
-#include <QTranslator>
 
 #include "EditorWindow.h"
+#include "RedrawCounter.h"
 
 namespace vtr {
 namespace {
 
-/// Hears the words by which each redraw says what it is at.
-class RedrawCounter : public QTranslator {
-  public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char *, const char *text, const char *, int) const override {
-        count += QLatin1String(text) == QLatin1String("Drawing the map") ? 1 : 0;
-        return {};
-    }
-
-    mutable int count = 0;
-};
-
 class RedrawCountTest : public EditorWindow {
   protected:
-    RedrawCountTest() { QCoreApplication::installTranslator(&counter); }
-    ~RedrawCountTest() override { QCoreApplication::removeTranslator(&counter); }
-
     template <typename Action>
     int RedrawsOf(Action action) {
         counter.count = 0;

@@ -12,6 +12,7 @@ void EditModes::SwitchToNext() {
 }
 
 void EditModes::SwitchTo(std::size_t mode) {
+    session_.history.EndMerging();
     SwitchMode(session_, static_cast<EditMode>(mode));
     widgets_.ShowState();
     if (!(session_.layers.*layersOfModes[mode]))

@@ -40,16 +40,19 @@ void ItemCommands::ReorderAllTargets() {
     progress.setWindowTitle(QStringLiteral("Reorder Targets..."));
     progress.show();
     double value = 0;
-    const auto newIndices =
-        ReorderTargets(session_.campaign, [&](double step) { progress.SetProgress(value += step); });
+    std::optional<NewTargetIndices> newIndices;
+    session_.Do("Reorder Targets", {{Table::Targets}}, [&](Campaign &campaign) {
+        newIndices = ReorderTargets(campaign, [&](double step) { progress.SetProgress(value += step); });
+        // The selected target stays selected, wherever it went.
+        if (newIndices)
+            widgets_.fra_target->Renumber(
+                static_cast<int>((*newIndices)[static_cast<std::size_t>(session_.selection.target)]));
+    });
     if (!newIndices)
         ShowMessage(window_, QMessageBox::Warning, QString::fromUtf8(reorderFailedMessage));
     progress.hide();
     if (!newIndices)
         return;
-    // The selected target stays selected, wherever it went.
-    const auto selected = static_cast<std::size_t>(session_.selection.target);
-    widgets_.fra_target->Renumber(static_cast<int>((*newIndices)[selected]));
     redraw_();
 }
 
@@ -76,6 +79,7 @@ void ItemCommands::PositionPrecisely(const PositionFields &position) {
     if (!ShowTileAt(position, dialog))
         return;
     dialog.exec();
+    const OneEdit placing(session_.history);
     position.xMetres->SetNumber(RoundToInt32(dialog.MetresX()));
     position.yMetres->SetNumber(RoundToInt32(dialog.MetresY()));
 }

@@ -39,7 +39,7 @@ QPoint MapPixelUnder(const MapView &view, const QMouseEvent &event) {
 
 }  // namespace
 
-MapEditing::MapEditing(const Session &session, MainWidgets &widgets) : session_(session), widgets_(widgets) {
+MapEditing::MapEditing(Session &session, MainWidgets &widgets) : session_(session), widgets_(widgets) {
     MapSurface *map = widgets.mapFrame->Img_Map;
     connect(map, &MapSurface::MouseMoved, this, [this](const QMouseEvent *event) { ShowPosition(*event); });
     connect(map, &MapSurface::MousePressed, this, [this](const QMouseEvent *event) { OpenZoomMenu(*event); });
@@ -68,6 +68,7 @@ void MapEditing::EditAt(const QMouseEvent &event) {
     const bool left = event.button() == Qt::LeftButton;
     const bool right = event.button() == Qt::RightButton;
     const Keys keys = KeysOf(event);
+    const OneEdit click(session_.history);
 
     if (session_.mode == EditMode::Target && left && keys == Keys::None)
         SelectTargetAt(at.x(), at.y());

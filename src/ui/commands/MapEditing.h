@@ -12,7 +12,7 @@ class MapEditing : public QObject {
     Q_OBJECT
 
   public:
-    MapEditing(const Session &session, MainWidgets &widgets);
+    MapEditing(Session &session, MainWidgets &widgets);
 
   private:
     void ShowPosition(const QMouseEvent &event);
@@ -21,7 +21,7 @@ class MapEditing : public QObject {
     void SelectTargetAt(int x, int y);
     void Nudge(int dx, int dy);
 
-    const Session &session_;
+    Session &session_;
     MainWidgets &widgets_;
 };
 

@@ -172,6 +172,7 @@ void ProjectCommands::ShowCampaign() {
     session_.view.ViewFrontline = 0;
     session_.layers.upd_view_railway = 0;
     session_.targetFrameEnabled = true;  // in the other modes too
+    session_.CampaignLoaded();
     widgets_.ShowState();
     widgets_.Img_SmallMap->ShowPicture(session_.map);
     // Not only by the redraw: the layer that tells it may be switched off.
@@ -185,10 +186,7 @@ void ProjectCommands::ShowCampaign() {
 void ProjectCommands::SelectFirstItems() {
     const bool moved = session_.selection != Selection();
     session_.selection = {};
-    for (Panel *panel :
-         std::initializer_list<Panel *>{widgets_.fra_target, widgets_.fra_frontline, widgets_.fra_railway,
-                                        widgets_.fra_roadint, widgets_.fra_railint})
-        panel->ShowSelection();
+    widgets_.ShowSelections();
     // The map was drawn with the items that were selected before the load.
     if (moved)
         redraw_();

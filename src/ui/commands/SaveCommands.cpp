@@ -104,6 +104,7 @@ bool SaveCommands::Save(const SaveBoxes &ticked) {
         return false;
     }
     const SaveOutcome outcome = SaveFiles(session_.campaign, ticked, session_.programFolder);
+    session_.FilesSaved(outcome.written);
     const QString written = JoinedCaptions(outcome.written);
     if (outcome.misfit) {
         ShowMessage(frm_save_, QMessageBox::Warning,

@@ -63,6 +63,18 @@ void MapFrame::Zoom(void (*command)(MapView &view, ScrollBars bars)) {
     Q_EMIT AreaChanged();
 }
 
+void MapFrame::BringIntoView(int x, int y) {
+    if (x < 0 || x >= mapWidth || y < 0 || y >= mapHeight)
+        return;
+    const auto bring = [](QScrollBar &bar, int place) {
+        const int shown = bar.pageStep();
+        if (place < bar.value() || place >= bar.value() + shown)
+            bar.setValue(place - shown / 2);
+    };
+    bring(*h_scroll_, x);
+    bring(*v_scroll_, y);
+}
+
 void MapFrame::paintEvent(QPaintEvent * /*event*/) {
     if (!Img_Map->hasFocus())
         return;

@@ -19,6 +19,9 @@ class MapFrame : public QWidget {
     MapSurface *Img_Map;
     /// Runs a command of the zoom menu on the view and the scroll bars.
     void Zoom(void (*command)(MapView &view, ScrollBars bars));
+    /// Scrolls so that the map pixel comes to the middle, as far as the map goes, unless it is seen already
+    /// or lies beside the map.
+    void BringIntoView(int x, int y);
 
   Q_SIGNALS:
     /// The part that the viewport shows has moved; the map itself waits for the next redraw.

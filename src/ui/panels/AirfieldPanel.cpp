@@ -83,28 +83,37 @@ void AirfieldPanel::Bind() {
     connect(orientation_, &NumberField::NumberChanged, this, [this](int word) {
         if (!airfield_)
             return;
-        SetAirfieldExtraWord(campaign_, *airfield_, word);
-        Q_EMIT Changed();
+        Store(
+            "Orientation", [&](Campaign &campaign) { SetAirfieldExtraWord(campaign, *airfield_, word); },
+            orientation_->objectName().toStdString());
     });
-    BindList(country_, [this](int entry) {
-        SetAirfieldCountry(campaign_, *airfield_, countryEntries.at(static_cast<std::size_t>(entry)).code);
+    BindList(country_, "Country", [this](Campaign &campaign, int entry) {
+        SetAirfieldCountry(campaign, *airfield_, countryEntries.at(static_cast<std::size_t>(entry)).code);
     });
     for (std::size_t year = 0; year < airfieldYears.size(); ++year) {
-        BindList(models_[year],
-                 [this, year](int entry) { SetAirfieldModel(campaign_, *airfield_, year, entry); });
-        BindList(aircraft_[year], [this, year](int entry) {
-            SetAirfieldYearSlot(campaign_, *airfield_, year, YearSlotOfEntry(entry));
+        const std::string number = std::to_string(airfieldYears[year]);
+        BindList(models_[year], number + " Model", [this, year](Campaign &campaign, int entry) {
+            SetAirfieldModel(campaign, *airfield_, year, entry);
+        });
+        BindList(aircraft_[year], number + " Aircraft", [this, year](Campaign &campaign, int entry) {
+            SetAirfieldYearSlot(campaign, *airfield_, year, YearSlotOfEntry(entry));
         });
     }
 }
 
-void AirfieldPanel::BindList(ChoiceField *list, std::function<void(int entry)> store) {
-    connect(list, &ChoiceField::currentIndexChanged, this, [this, store = std::move(store)](int entry) {
-        if (!airfield_ || entry < 0)
-            return;
-        store(entry);
-        Q_EMIT Changed();
+void AirfieldPanel::BindList(ChoiceField *list, const std::string &what,
+                             std::function<void(Campaign &campaign, int entry)> set) {
+    connect(list, &ChoiceField::currentIndexChanged, this, [this, what, set = std::move(set)](int entry) {
+        if (airfield_ && entry >= 0)
+            Store(what, [&](Campaign &campaign) { set(campaign, entry); });
     });
+}
+
+void AirfieldPanel::Store(const std::string &what, const std::function<void(Campaign &campaign)> &set,
+                          const std::string &field) {
+    session_.Do("Change " + what + " of Airfield " + std::to_string(*airfield_),
+                {RowOf(Table::Airfields, *airfield_)}, set, field);
+    Q_EMIT Changed();
 }
 
 void AirfieldPanel::ShowAirfield(std::optional<int> airfield) {

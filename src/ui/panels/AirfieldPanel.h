@@ -35,7 +35,11 @@ class AirfieldPanel : public Panel {
     void ShowToolTip();
     void ShowNoRecord();
     ChoiceField *MakeList(const QString &name, const QString &meaning, int letters);
-    void BindList(ChoiceField *list, std::function<void(int entry)> store);
+    void BindList(ChoiceField *list, const std::string &what,
+                  std::function<void(Campaign &campaign, int entry)> set);
+    /// Does an edit of the shown record, "Change WHAT of Airfield 44".
+    void Store(const std::string &what, const std::function<void(Campaign &campaign)> &set,
+               const std::string &field = {});
 
     std::optional<int> airfield_;  ///< the record being edited
     std::optional<int> missing_;   ///< what the target refers to and no record has

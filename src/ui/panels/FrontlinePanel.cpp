@@ -38,19 +38,31 @@ void FrontlinePanel::Build() {
 void FrontlinePanel::Bind() {
     for (NumberField *selector : {slot_, point_})
         connect(selector, &NumberField::NumberChanged, this, &FrontlinePanel::Changed);
-    const auto store = [this](Axis axis) {
-        return [this, axis](int pixel) {
-            SetFrontlinePixel(campaign_, Slot(), Point(), axis, pixel);
+    const auto store = [this](NumberField *field, Axis axis) {
+        connect(field, &NumberField::NumberChanged, this, [this, field, axis](int pixel) {
+            session_.Do(
+                "Move " + ShownPoint(), {ShownRow()},
+                [&](Campaign &campaign) { SetFrontlinePixel(campaign, Slot(), Point(), axis, pixel); },
+                field->objectName().toStdString());
             Q_EMIT Changed();
-        };
+        });
     };
-    connect(x_, &NumberField::NumberChanged, this, store(Axis::X));
-    connect(y_, &NumberField::NumberChanged, this, store(Axis::Y));
+    store(x_, Axis::X);
+    store(y_, Axis::Y);
     connect(onMap_, &QCheckBox::toggled, this, [this](bool onMap) {
-        SetFrontlinePointOnMap(campaign_, Slot(), Point(), onMap);
+        session_.Do((onMap ? "Show " : "Hide ") + ShownPoint(), {ShownRow()},
+                    [&](Campaign &campaign) { SetFrontlinePointOnMap(campaign, Slot(), Point(), onMap); });
         Q_EMIT Changed();
     });
     connect(copy_, &QPushButton::clicked, this, &FrontlinePanel::CopyIntoAllSlots);
+}
+
+std::string FrontlinePanel::ShownPoint() const {
+    return "Point " + std::to_string(Point()) + " of Frontline " + std::to_string(Slot());
+}
+
+TableRows FrontlinePanel::ShownRow() const {
+    return RowOf(Table::FrontlinePoints, Slot() * static_cast<int>(frontlinePointTotal) + Point());
 }
 
 void FrontlinePanel::Refresh() {
@@ -65,7 +77,8 @@ void FrontlinePanel::Refresh() {
 void FrontlinePanel::CopyIntoAllSlots() {
     if (!AskYesNo(this, QStringLiteral("Copy the current frontlines into all frontline slots?")))
         return;
-    CopyFrontlineIntoAllSlots(campaign_, Slot());
+    session_.Do("Copy Frontline " + std::to_string(Slot()) + " to All Slots", {{Table::FrontlinePoints}},
+                [this](Campaign &campaign) { CopyFrontlineIntoAllSlots(campaign, Slot()); });
     Q_EMIT Changed();
 }
 

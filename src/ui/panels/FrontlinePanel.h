@@ -21,6 +21,9 @@ class FrontlinePanel : public Panel {
     void Bind();
     int Slot() const { return session_.selection.frontline; }
     int Point() const { return session_.selection.frontlinePoint; }
+    /// "Point 5 of Frontline 3"
+    std::string ShownPoint() const;
+    TableRows ShownRow() const;
     void CopyIntoAllSlots();
 
     NumberField *slot_ = nullptr;

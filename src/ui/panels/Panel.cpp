@@ -45,6 +45,7 @@ NumberField *Panel::AddSelector(const FieldText &text, int &selected, int row, i
     NumberField *field = AddField(text, row, column, columns);
     connect(field, &NumberField::NumberChanged, this, [this, &selected](int item) {
         selected = item;
+        session_.history.EndMerging();
         Refresh();
     });
     selectors_.emplace_back(field, &selected);

@@ -44,7 +44,7 @@ class Panel : public QGroupBox {
     QGridLayout &Grid() { return *grid_; }
 
     Session &session_;
-    Campaign &campaign_;
+    const Campaign &campaign_;
 
   private:
     QGridLayout *grid_;

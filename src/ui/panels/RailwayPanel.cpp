@@ -65,18 +65,27 @@ void RailwayPanel::Bind() {
     connect(line_, &NumberField::NumberChanged, this, &RailwayPanel::Changed);
     for (const RailwayCoordinate coordinate : {X1, X2, Y1, Y2}) {
         connect(pixels_[coordinate], &NumberField::NumberChanged, this, [this, coordinate](int pixel) {
-            SetRailwayPixel(campaign_, Line(), coordinate, pixel);
+            MoveLine(SetRailwayPixel, coordinate, pixel, pixels_[coordinate]);
             Q_EMIT Changed();
         });
         // The map does not show fine offsets.
         connect(metres_[coordinate], &NumberField::NumberChanged, this, [this, coordinate](int metres) {
-            SetRailwayFineOffset(campaign_, Line(), coordinate, metres);
+            MoveLine(SetRailwayFineOffset, coordinate, metres, metres_[coordinate]);
         });
     }
     connect(precise_[0], &QPushButton::clicked, this, [this] { Q_EMIT PreciseRequested(1); });
     connect(precise_[1], &QPushButton::clicked, this, [this] { Q_EMIT PreciseRequested(2); });
     connect(disable_, &QPushButton::clicked, this, &RailwayPanel::DisableLines);
     connect(enable_, &QPushButton::clicked, this, &RailwayPanel::EnableAll);
+}
+
+void RailwayPanel::MoveLine(void (*set)(Campaign &campaign, int line, RailwayCoordinate coordinate,
+                                        int number),
+                            RailwayCoordinate coordinate, int number, const NumberField *field) {
+    session_.Do(
+        "Move Railway Line " + std::to_string(Line()), {RowOf(Table::RailwayLines, Line())},
+        [&](Campaign &campaign) { set(campaign, Line(), coordinate, number); },
+        field->objectName().toStdString());
 }
 
 void RailwayPanel::Refresh() {
@@ -110,7 +119,9 @@ void RailwayPanel::DisableLines() {
     const int first = Line();
     if (!AskYesNo(this, QStringLiteral("Disable all lines from %1 onwards?").arg(first)))
         return;
-    DisableRailwayFrom(campaign_, first);
+    session_.Do("Disable Lines from " + std::to_string(first),
+                {{Table::RailwayLines, static_cast<std::size_t>(first)}, {Table::RailwayCounts}},
+                [first](Campaign &campaign) { DisableRailwayFrom(campaign, first); });
     Refresh();
     // Not DisabledLinesText: for that, a first line of 0 means that none is disabled.
     Q_EMIT DisabledLinesChanged(QStringLiteral("Lines %1+ Disabled").arg(first));
@@ -118,7 +129,7 @@ void RailwayPanel::DisableLines() {
 }
 
 void RailwayPanel::EnableAll() {
-    EnableRailway(campaign_);
+    session_.Do("Enable All Lines", {{Table::RailwayCounts}}, EnableRailway);
     Q_EMIT DisabledLinesChanged(QString::fromStdString(DisabledLinesText(0)));
 }
 

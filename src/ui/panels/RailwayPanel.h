@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "EditCampaign.h"
 #include "Panel.h"
 
 class QCheckBox;
@@ -33,6 +34,8 @@ class RailwayPanel : public Panel {
     void Bind();
     int Line() const { return session_.selection.railwayLine; }
     QPushButton *AddButton(const QString &name, const QString &caption, const QString &toolTip, int row);
+    void MoveLine(void (*set)(Campaign &campaign, int line, RailwayCoordinate coordinate, int number),
+                  RailwayCoordinate coordinate, int number, const NumberField *field);
     void DisableLines();
     void EnableAll();
 

@@ -14,6 +14,7 @@
 #include "GameText.h"
 #include "MapView.h"
 #include "NumberField.h"
+#include "UndoKeys.h"
 
 namespace vtr {
 
@@ -40,6 +41,23 @@ class ObjectionValidator : public QValidator {
     std::function<void(const QString &)> tell_;
 };
 
+/// Takes back what was typed in it; the keys go on to the program when there is nothing more to take back.
+class NameEdit : public QLineEdit {
+  public:
+    using QLineEdit::QLineEdit;
+
+    bool event(QEvent *event) override {
+        if (event->type() == QEvent::ShortcutOverride) {
+            const auto &key = *static_cast<QKeyEvent *>(event);
+            if ((IsUndoKey(key) && !isUndoAvailable()) || (IsRedoKey(key) && !isRedoAvailable())) {
+                event->ignore();
+                return true;
+            }
+        }
+        return QLineEdit::event(event);
+    }
+};
+
 /// Why the target cannot get the name; empty when it can.
 QString ObjectionToName(const Campaign &campaign, int target, const QString &name) {
     const std::optional<std::string> bytes = GameTextOf(name);
@@ -63,7 +81,7 @@ void TargetPanel::Build() {
     code_ = AddSelector({"tar_code", "&Number:", "Target number", "", targetTotal - 1},
                         session_.selection.target, 0, 0);
     code_->CutFraction();
-    name_ = new QLineEdit(this);
+    name_ = new NameEdit(this);
     name_->setObjectName(QStringLiteral("txt_tar_name"));
     name_->setAccessibleName(QStringLiteral("Target name"));
     name_->setToolTip(QStringLiteral("Target name; targets that share a name are renamed together"));
@@ -100,17 +118,20 @@ void TargetPanel::Build() {
 
 void TargetPanel::Bind() {
     connect(code_, &NumberField::NumberChanged, this, &TargetPanel::Changed);
-    const auto store = [this](NumberField *field, auto set, auto... of) {
-        connect(field, &NumberField::NumberChanged, this, [this, set, of...](int number) {
-            set(campaign_, Target(), of..., number);
+    const auto store = [this](NumberField *field, const char *what, auto set, auto... of) {
+        connect(field, &NumberField::NumberChanged, this, [this, field, what, set, of...](int number) {
+            session_.Do(
+                what + std::to_string(Target()), {RowOf(Table::Targets, Target())},
+                [&](Campaign &campaign) { set(campaign, Target(), of..., number); },
+                field->objectName().toStdString());
             Q_EMIT Changed();
         });
     };
-    store(x_, SetTargetPixel, Axis::X);
-    store(y_, SetTargetPixel, Axis::Y);
-    store(xMetres_, SetTargetFineOffset, Axis::X);
-    store(yMetres_, SetTargetFineOffset, Axis::Y);
-    store(count_, SetTargetCount);
+    store(x_, "Move Target ", SetTargetPixel, Axis::X);
+    store(y_, "Move Target ", SetTargetPixel, Axis::Y);
+    store(xMetres_, "Move Target ", SetTargetFineOffset, Axis::X);
+    store(yMetres_, "Move Target ", SetTargetFineOffset, Axis::Y);
+    store(count_, "Change Objects of Target ", SetTargetCount);
     name_->setValidator(new ObjectionValidator(
         name_, [this](const QString &name) { return ObjectionToName(campaign_, Target(), name); },
         [this](const QString &objection) { Q_EMIT StatusMessage(objection); }));
@@ -148,12 +169,17 @@ void TargetPanel::StoreName() {
         Refresh();
         return;
     }
-    RenameTarget(campaign_, Target(), GameTextOf(name_->text()).value());
+    session_.Do(
+        "Rename Target " + std::to_string(Target()), RowsOfTargetName(campaign_, Target()),
+        [this](Campaign &campaign) { RenameTarget(campaign, Target(), GameTextOf(name_->text()).value()); },
+        name_->objectName().toStdString());
     Q_EMIT Changed();
 }
 
 void TargetPanel::StoreIsAirfield() {
-    SetTargetIsAirfield(campaign_, Target(), isAirfield_->isChecked());
+    session_.Do(
+        "Change Airfield Box of Target " + std::to_string(Target()), {RowOf(Table::Targets, Target())},
+        [this](Campaign &campaign) { SetTargetIsAirfield(campaign, Target(), isAirfield_->isChecked()); });
     // The file holds the reference alone: one of 0 is read as no airfield, but every load marks target 81.
     if (isAirfield_->isChecked() && Target() != 81 &&
         campaign_.TargetTable[static_cast<std::size_t>(Target())].airfield_ref == 0)

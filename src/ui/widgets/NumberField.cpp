@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "UndoKeys.h"
+
 namespace vtr {
 
 namespace {
@@ -70,6 +72,15 @@ class TypedEdit : public QLineEdit {
 
     bool event(QEvent *event) override {
         before_ = text();
+        // Taking back is the program's, also where there is nothing to take back.
+        const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+        if (isKey) {
+            const auto &key = *static_cast<QKeyEvent *>(event);
+            if (IsUndoKey(key) || IsRedoKey(key)) {
+                event->ignore();
+                return true;
+            }
+        }
         return QLineEdit::event(event);
     }
 
