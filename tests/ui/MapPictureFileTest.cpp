@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QBuffer>
+#include <QImage>
+
 #include "Bytes.h"
 #include "Errors.h"
 #include "MapPictureFile.h"
@@ -117,6 +120,110 @@ TEST(MapPictureFile, AsQtWritesItIsNeverShort) {
         std::filesystem::resize_file(path, std::filesystem::file_size(path) - 1);
         ReadMapPicture(path, &shortFile);
         EXPECT_TRUE(shortFile) << format;
+    }
+}
+
+std::string EncodedAs(const char *format, const QImage &image) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(image.save(&buffer, format));
+    return buffer.data().toStdString();
+}
+
+/// Columns and rows of different colours.
+QImage Chequered(int width, int height) {
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            image.setPixel(x, y, qRgb(x * 7 % 256, y * 5 % 256, x * y % 256));
+    return image;
+}
+
+TEST(MapPictureFile, OfAnotherFormatThatIsWholeIsNotToldWhateverStandsBehindIt) {
+    const TemporaryFolder folder;
+    for (const char *format : {"jpg", "png", "ppm", "xbm", "xpm"}) {
+        for (const int width : {1, 8, 40, 333, 640}) {
+            const std::string whole = EncodedAs(format, Chequered(width, 100));
+            for (const std::size_t behind : {0U, 1U, 70000U}) {
+                std::optional<ShortFile> shortFile;
+                ReadMapPicture(folder.Make("map.bmp", whole + std::string(behind, 'x')), &shortFile);
+                EXPECT_FALSE(shortFile) << format << ' ' << width << ' ' << behind;
+            }
+        }
+    }
+}
+
+TEST(MapPictureFile, OfAnotherFormatThatEndsTooEarlyIsToldOrRefused) {
+    const TemporaryFolder folder;
+    for (const char *format : {"jpg", "png", "ppm", "xbm", "xpm"}) {
+        const std::string whole = EncodedAs(format, Chequered(640, 200));
+        for (const std::size_t part : {3U, 5U, 9U}) {
+            const std::string path = folder.Make("map.bmp", whole.substr(0, whole.size() * part / 10));
+            std::optional<ShortFile> shortFile;
+            try {
+                ReadMapPicture(path, &shortFile);
+                ASSERT_TRUE(shortFile) << format << ' ' << part;
+                EXPECT_EQ(shortFile->path, path);
+                EXPECT_EQ(shortFile->found, whole.size() * part / 10);
+                EXPECT_EQ(shortFile->expected, 0);
+            } catch (const Error &error) {
+                EXPECT_EQ(error.Kind(), ErrorKind::FileAccess);
+            }
+        }
+    }
+}
+
+/// A bitmap of 8 bits a pixel, with two colours and pixels in the compression 1.
+std::string RunLengthBitmap(int width, int height, const std::string &pixels) {
+    std::string bitmap = BitmapHead(width, height);
+    bitmap[10] = 62;
+    bitmap[28] = 8;
+    bitmap[30] = 1;
+    bitmap[46] = 2;
+    return bitmap + "\x10\x20\x30\0\x7F\x7F\x7F\0"s + pixels;
+}
+
+TEST(MapPictureFile, ThatIsCompressedAndEndsTooEarlyIsToldAndWhatIsMissingCountsAsZero) {
+    const TemporaryFolder folder;
+    std::string rows;
+    for (int row = 0; row < 20; ++row)
+        rows += "\x28\1\0\0"s;  // 40 times colour 1, end of the row
+    for (const std::string &end : {""s, "\0\1"s, "\0\1 and more"s}) {
+        std::optional<ShortFile> shortFile;
+        const Picture picture =
+            ReadMapPicture(folder.Make("map.bmp", RunLengthBitmap(40, 20, rows + end)), &shortFile);
+        EXPECT_FALSE(shortFile) << end;
+        EXPECT_EQ(picture.pixels, std::vector<std::uint32_t>(40 * 20, 0xFF7F7F7F));
+    }
+    for (const std::size_t held : {1U, 20U, 30U, 79U}) {
+        const std::string path = folder.Make("map.bmp", RunLengthBitmap(40, 20, rows.substr(0, held)));
+        std::optional<ShortFile> shortFile;
+        const Picture picture = ReadMapPicture(path, &shortFile);
+        ASSERT_TRUE(shortFile) << held;
+        EXPECT_EQ(shortFile->found, 62 + held);
+        EXPECT_EQ(picture.pixels.front(), held < 78 ? 0xFF302010 : 0xFF7F7F7F) << held;
+    }
+}
+
+TEST(MapPictureFile, WithTheOldestHeaderThatEndsTooEarlyIsTold) {
+    // Two rows of 4 pixels, of 24 bits; then the same of 8 bits with a table of 256 colours.
+    for (const auto &[bits, start, row] : {std::tuple(24, 26U, 12U), {8, 26U + 256 * 3, 4U}}) {
+        std::string bitmap = "BM\0\0\0\0\0\0\0\0"s + static_cast<char>(start & 255) +
+                             static_cast<char>(start >> 8) + "\0\0\x0C\0\0\0\4\0\2\0\1\0"s +
+                             static_cast<char>(bits) + '\0';
+        bitmap.resize(start, '\x55');
+        for (const unsigned held : {2 * row, 2 * row - 1, row, 0U}) {
+            const TemporaryFolder folder;
+            std::optional<ShortFile> shortFile;
+            const Picture picture =
+                ReadMapPicture(folder.Make("map.bmp", bitmap + std::string(held, '\x55')), &shortFile);
+            EXPECT_EQ(picture.pixels.size(), 8U);
+            ASSERT_EQ(shortFile.has_value(), held < 2 * row) << bits << ' ' << held;
+            if (shortFile) {
+                EXPECT_EQ(shortFile->found, start + held);
+                EXPECT_EQ(shortFile->expected, start + 2 * row);
+            }
+        }
     }
 }
 

@@ -283,6 +283,16 @@ TEST_F(ProjectCommandsTest, AMapPictureThatEndsTooEarlyIsListedAmongTheShortFile
     EXPECT_TRUE(session->campaign.ProjectLoaded);
 }
 
+TEST_F(ProjectCommandsTest, AMapPictureOfAnUnknownLengthIsListedWithWhatItHas) {
+    WriteSample();
+    const QString picture = QString::fromStdString(folder.Path() + "map.bmp");
+    ASSERT_TRUE(QImage(picture).save(picture, "JPG"));
+    std::filesystem::resize_file(picture.toStdString(), 5000);
+    const ShownBox warning = BoxShownBy([this] { window().Start(QString::fromStdString(SamplePath())); });
+    EXPECT_THAT(warning.text.toStdString(),
+                ::testing::HasSubstr(picture.toStdString() + "\n    found 5000 bytes, expected more"));
+}
+
 TEST_F(ProjectCommandsTest, AfterALoadTheStatusBarTellsWhichKeysHaveNoFileAndOfAMark) {
     WriteSample();
     window().Start(QString());

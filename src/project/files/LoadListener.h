@@ -9,7 +9,7 @@ namespace vtr {
 struct ShortFile {
     std::string path;
     std::size_t found;     ///< bytes
-    std::size_t expected;  ///< bytes
+    std::size_t expected;  ///< bytes; 0 when that cannot be told
 };
 
 /// Whom the readers tell how far they are and what they passed over.

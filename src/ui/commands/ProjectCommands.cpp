@@ -214,10 +214,10 @@ void ProjectCommands::Tell(const LoadReport &report) {
         tr("The project is loaded, but these files end too early. What is missing of them counts as "
            "zero:\n");
     for (const ShortFile &file : report.shortFiles)
-        text += tr("\n%1\n    found %2 bytes, expected %3 bytes")
+        text += tr("\n%1\n    found %2 bytes, expected %3")
                     .arg(QString::fromStdString(file.path))
                     .arg(file.found)
-                    .arg(file.expected);
+                    .arg(file.expected == 0 ? tr("more") : tr("%1 bytes").arg(file.expected));
     ShowMessage(window_, QMessageBox::Warning, text);
 }
 

@@ -1,10 +1,10 @@
 #include "MapPictureFile.h"
 
-#include <QBuffer>
 #include <QImageReader>
 #include <algorithm>
 #include <cstdlib>
 
+#include "BitmapHeader.h"
 #include "Errors.h"
 #include "WholeFile.h"
 
@@ -18,22 +18,6 @@ constexpr std::size_t mostBytes = std::size_t{4} * mostPixels + (1U << 16);
 /// Enough to tell what picture it is, and in nearly every format its size.
 constexpr std::size_t headSize = 1U << 16;
 
-enum BitmapOffset : std::size_t {
-    pixelsAt = 10,
-    infoSize = 14,  // of the header that starts here
-    imageWidth = 18,
-    imageHeight = 22,  // below 0 when the top row comes first
-    bitsPerPixel = 28,
-    compression = 30,
-    coloursUsed = 46,
-    infoEnd = 54
-};
-
-std::int64_t Int32At(ConstByteSpan bytes, std::size_t offset) {
-    return static_cast<std::int32_t>(GetUint16(bytes, offset) |
-                                     (std::uint32_t{GetUint16(bytes, offset + 2)} << 16));
-}
-
 /// Where the pixels of an uncompressed bitmap start and end, as its header says; 0 for anything else.
 struct PixelRange {
     std::size_t start = 0;
@@ -43,42 +27,67 @@ struct PixelRange {
 PixelRange PixelsOfBitmap(ConstByteSpan head) {
     constexpr int plain = 0;
     constexpr int plainWithMasks = 3;
-    if (head.size() < infoEnd || head[0] != 'B' || head[1] != 'M' || Int32At(head, infoSize) < 40)
+    const std::optional<BitmapHeader> header = ReadBitmapHeader(head);
+    if (!header)
         return {};
-    const std::int64_t kind = Int32At(head, compression);
-    const std::int64_t width = Int32At(head, imageWidth);
-    const std::int64_t height = std::abs(Int32At(head, imageHeight));
-    const std::int64_t bits = GetUint16(head, bitsPerPixel);
-    if ((kind != plain && kind != plainWithMasks) || bits > 32 || width <= 0 || height == 0 ||
-        width > mostPixels / height)
+    const std::int64_t kind = header->compression;
+    const std::int64_t bits = header->bits;
+    const std::int64_t height = std::abs(header->rows);
+    if ((kind != plain && kind != plainWithMasks) || bits > 32 || header->columns <= 0 || height == 0 ||
+        header->columns > mostPixels / height)
         return {};
-    const std::int64_t info = Int32At(head, infoSize);
-    const std::int64_t named = Int32At(head, coloursUsed);
+    const std::int64_t named = header->coloursUsed;
     const std::int64_t colours = bits > 8     ? 0
                                  : named != 0 ? std::clamp<std::int64_t>(named, 0, 256)
                                               : 1 << bits;
-    const std::int64_t masks = kind == plainWithMasks && info == 40 ? 12 : 0;
+    const std::int64_t bytesPerColour = header->size == 12 ? 3 : 4;
+    const std::int64_t masks = kind == plainWithMasks && header->size == 40 ? 12 : 0;
     // The reader does not believe in pixels that start before the colour table ends.
-    const std::int64_t tableEnd = static_cast<std::int64_t>(infoSize) + info + 4 * colours + masks;
-    const std::int64_t start = std::max(Int32At(head, pixelsAt), tableEnd);
+    const std::int64_t tableEnd = bitmapInfoStart + header->size + bytesPerColour * colours + masks;
+    const std::int64_t start = std::max(header->pixelStart, tableEnd);
     if (start > std::int64_t{headSize})
         return {};
-    const std::int64_t bytesPerRow = (width * bits + 31) / 32 * 4;
-    return {static_cast<std::size_t>(start), static_cast<std::size_t>(start + height * bytesPerRow)};
+    return {static_cast<std::size_t>(start),
+            static_cast<std::size_t>(start + height * header->BytesPerRow())};
 }
+
+/// The bytes of a picture, which note when its reader asks for more than there are.
+class PictureBytes : public QIODevice {
+  public:
+    explicit PictureBytes(const Bytes &bytes) : bytes_(bytes) { open(ReadOnly | Unbuffered); }
+
+    qint64 size() const override { return static_cast<qint64>(bytes_.size()); }
+    bool seek(qint64 position) override {
+        position_ = position;
+        return QIODevice::seek(position);
+    }
+    bool MoreWasWanted() const { return moreWasWanted_; }
+
+  protected:
+    qint64 readData(char *data, qint64 most) override {
+        const qint64 count = std::clamp<qint64>(size() - position_, 0, most);
+        moreWasWanted_ = moreWasWanted_ || (count == 0 && most > 0);
+        std::copy_n(bytes_.data() + position_, count, data);
+        position_ += count;
+        return count;
+    }
+    qint64 writeData(const char *, qint64) override { return -1; }
+
+  private:
+    const Bytes &bytes_;
+    qint64 position_ = 0;
+    bool moreWasWanted_ = false;
+};
 
 /// A reader of the picture in bytes, which must live as long.
 struct PictureReader {
-    explicit PictureReader(const Bytes &bytes)
-        : held(QByteArray::fromRawData(reinterpret_cast<const char *>(bytes.data()),
-                                       static_cast<qsizetype>(bytes.size()))) {
+    explicit PictureReader(const Bytes &bytes) : device(bytes) {
         qt.setDecideFormatFromContent(true);
         QImageReader::setAllocationLimit(0);  // the number of pixels is limited here
     }
 
-    QByteArray held;
-    QBuffer buffer{&held};
-    QImageReader qt{&buffer};
+    PictureBytes device;
+    QImageReader qt{&device};
 };
 
 void RefuseTooManyPixels(QSize size, const std::string &path) {
@@ -111,10 +120,17 @@ Picture ReadMapPicture(const std::string &path, std::optional<ShortFile> *shortF
     const Bytes bytes = ReadPictureBytes(path, shortFile);
     PictureReader reader(bytes);
     RefuseTooManyPixels(reader.qt.size(), path);
-    const QImage image = reader.qt.read().convertToFormat(QImage::Format_RGB32);
-    if (image.isNull())
+    // The reader of XPM wants more behind a whole picture too.
+    const bool refusesShortFiles = reader.qt.format() == "xpm";
+    // Some readers leave what is missing as it was.
+    QImage image(reader.qt.size(), reader.qt.imageFormat());
+    image.fill(0);
+    if (!reader.qt.read(&image))
         throw Error(ErrorKind::FileAccess, {.file = path}, "a picture (a bitmap file, *.bmp)",
                     reader.qt.errorString().toStdString());
+    if (shortFile != nullptr && !*shortFile && reader.device.MoreWasWanted() && !refusesShortFiles)
+        *shortFile = {path, bytes.size(), 0};
+    image.convertTo(QImage::Format_RGB32);
 
     Picture picture{image.width(), image.height(), {}};
     picture.pixels.reserve(static_cast<std::size_t>(image.width()) *

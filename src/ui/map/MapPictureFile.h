@@ -8,9 +8,10 @@
 
 namespace vtr {
 
-/// The map picture at path (UTF-8), in any format that Qt reads. What a bitmap lacks of its pixels counts as
-/// zero and is put into shortFile. Throws a file-missing Error, a file-access Error with the reader's words
-/// when it is no picture, and a file-too-large Error above 256 megapixels.
+/// The map picture at path (UTF-8), in any format that Qt reads. A picture that ends too early is put
+/// into shortFile; what a bitmap lacks of its pixels counts as zero. Throws a file-missing Error, a
+/// file-access Error with the reader's words when it is no picture, and a file-too-large Error above 256
+/// megapixels.
 Picture ReadMapPicture(const std::string &path, std::optional<ShortFile> *shortFile = nullptr);
 
 }  // namespace vtr
