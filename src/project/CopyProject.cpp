@@ -32,9 +32,6 @@ void CheckThatItIsEmpty(const std::string &folder) {
         throw Error(ErrorKind::FileAccess, {.file = folder}, "an empty folder", "one that holds something");
 }
 
-/// No file of the game comes near it.
-constexpr std::size_t mostMebibytes = 64;
-
 /// The names of the project's files in the copy, the project file's last.
 std::vector<std::string> NamesOf(const ProjectPaths &paths) {
     const std::string projectFile = paths.ProjectDir + paths.ProjectFile;
@@ -88,8 +85,9 @@ ProjectCopy FillFolder(const Campaign &campaign, const std::vector<std::string> 
     const std::string map = Utf8OfProjectText(paths.Map);
     for (const std::string &name : names)
         if (name != paths.ProjectFile && FileExists(paths.ProjectDir + name))
-            AtomicWrite(folder + name, ReadFileOfAtMost(name == map ? mostMapMebibytes : mostMebibytes,
-                                                        paths.ProjectDir + name));
+            AtomicWrite(folder + name,
+                        ReadFileOfAtMost(name == map ? mostMapMebibytes : mostGameFileMebibytes,
+                                         paths.ProjectDir + name));
     const auto moved = std::make_unique<Campaign>(campaign);
     moved->paths.ProjectDir = folder;
     SaveBoxes every{};

@@ -154,6 +154,15 @@ PreferencesRead ReadPreferences(const PreferencesPaths &paths) {
     return read;
 }
 
+std::string KeepUnreadPreferences(const PreferencesPaths &paths) {
+    std::string kept = paths.writeTo + ".bad";
+    std::error_code error;
+    if (paths.readFrom != paths.writeTo)
+        return {};
+    std::filesystem::rename(FilesystemPath(PathOnDisk(paths.readFrom)), FilesystemPath(kept), error);
+    return error ? std::string() : kept;
+}
+
 void WritePreferences(const PreferencesPaths &paths, const Preferences &preferences) {
     MakeFolderOf(paths.writeTo);
     AtomicWrite(paths.writeTo, EncodePreferences(preferences));

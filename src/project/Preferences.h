@@ -66,6 +66,9 @@ PreferencesPaths FindPreferences(const std::string &programFolder, const std::st
 /// "prefs.cfg.bad" where it will be written. Throws file-access Errors when there is a file that cannot be
 /// read, and a file-too-large Error above 1 MiB.
 PreferencesRead ReadPreferences(const PreferencesPaths &paths);
+/// Keeps a prefs.cfg that is too large to be read under the name "prefs.cfg.bad", which it gives. Nothing
+/// when it cannot be moved, or need not because another one is written.
+std::string KeepUnreadPreferences(const PreferencesPaths &paths);
 /// Replaces prefs.cfg, makes its folder if need be. Throws the Errors of AtomicWrite.
 void WritePreferences(const PreferencesPaths &paths, const Preferences &preferences);
 

@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <memory>
 #include <random>
 
+#include "ErrorThrownBy.h"
 #include "GridData.h"
 #include "LiteralGrid.h"
 #include "ReorderTargets.h"
+#include "SystemCalls.h"
 #include "TemporaryFolder.h"
 
 namespace vtr {
@@ -275,6 +278,15 @@ TEST_F(GridDataFile, KeepsWhatAnExistingFileHasBeyond6400Bytes) {
     folder.Make("GRIDDATA.DAT", std::string(6400, '\xAA') + tail);
     EXPECT_EQ(WriteGridData(path, *campaign), std::nullopt);
     EXPECT_EQ(folder.Content("GRIDDATA.DAT"), Expected() + tail);
+}
+
+TEST_F(GridDataFile, WhoseTailIsTooLargeToBeTrueIsRefusedBeforeItIsRead) {
+    folder.Make("GRIDDATA.DAT", "old");
+    std::filesystem::resize_file(path, std::uintmax_t{4} << 30);
+    const SystemCalls calls;
+    EXPECT_EQ(KindThrownBy([this] { WriteGridData(path, *campaign); }), ErrorKind::FileTooLarge);
+    EXPECT_EQ(calls.BytesRead(), 0U);
+    EXPECT_EQ(std::filesystem::file_size(path), std::uintmax_t{4} << 30);
 }
 
 TEST_F(GridDataFile, KeepsTheTailOfAFileNamedInAnotherLetterCase) {

@@ -220,6 +220,22 @@ TEST(Preferences, AboveOneMiBAreAnErrorOfTheFile) {
     EXPECT_EQ(KindThrownBy([&path] { ReadPreferences({path, path}); }), ErrorKind::FileTooLarge);
 }
 
+TEST(Preferences, ThatAreNotReadAreMovedOutOfTheWayOfTheNewOnes) {
+    const Folders folders;
+    folders.folder.Make("program/PREFS.CFG", wholeFile);
+    folders.folder.Make("program/prefs.cfg.bad", "an older one");
+    EXPECT_EQ(KeepUnreadPreferences(FindPreferences(folders.program, folders.user)),
+              folders.program + "prefs.cfg.bad");
+    EXPECT_EQ(folders.folder.Content("program/prefs.cfg.bad"), wholeFile);
+    EXPECT_FALSE(fs::exists(folders.program + "PREFS.CFG"));
+    // Nothing is there any more.
+    EXPECT_EQ(KeepUnreadPreferences(FindPreferences(folders.program, folders.user)), "");
+    // What is not written over stays where it is.
+    folders.folder.Make("program/prefs.cfg", wholeFile);
+    EXPECT_EQ(KeepUnreadPreferences({folders.program + "prefs.cfg", folders.user + "prefs.cfg"}), "");
+    EXPECT_EQ(folders.folder.Content("program/prefs.cfg"), wholeFile);
+}
+
 TEST(RecentProjects, ProjectsAThenBThenAGiveABA) {
     Preferences preferences;
     UpdateRecentProjects(preferences, "A", "/a.prj");

@@ -130,6 +130,21 @@ TEST_F(PreferencesCommandsTest, AFileThatCannotBeReadStartsWithTheShippedValuesA
     EXPECT_EQ(session->preferences, ShippedPreferences());
 }
 
+TEST_F(PreferencesCommandsTest, AFileThatIsTooLargeIsKeptAndTheProgramStartsWithTheShippedValues) {
+    folder.Make("program/prefs.cfg", allSet);
+    std::filesystem::resize_file(FileName(), std::uintmax_t{4} << 30);
+    const ShownBox box = BoxShownBy([this] { Start(); });
+    EXPECT_EQ(box.icon, QMessageBox::Warning);
+    EXPECT_TRUE(box.text.startsWith(QLatin1String("Reading the preferences failed.")));
+    EXPECT_TRUE(box.text.endsWith(
+        QStringLiteral("The file is kept as \"%1.bad\".").arg(QString::fromStdString(FileName()))))
+        << box.text.toStdString();
+    EXPECT_EQ(session->preferences, ShippedPreferences());
+    window().close();
+    EXPECT_EQ(OnDisk(), shipped);
+    EXPECT_EQ(std::filesystem::file_size(FileName() + ".bad"), std::uintmax_t{4} << 30);
+}
+
 TEST_F(PreferencesCommandsTest, AFailureToWriteThemIsShownAndTheWindowClosesAllTheSame) {
     Start();
     PutAFolderInItsPlace();

@@ -10,6 +10,9 @@
 
 namespace vtr {
 
+/// No file of the game comes near it.
+constexpr std::size_t mostGameFileMebibytes = 64;
+
 /// One of the files that a project names: the map picture and the game's own files.
 struct CampaignFile {
     std::string_view key;        ///< as a new project file spells it; letter case does not count

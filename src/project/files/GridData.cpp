@@ -5,6 +5,8 @@
 
 #include "Arithmetic.h"
 #include "AtomicWrite.h"
+#include "CampaignFiles.h"
+#include "Paths.h"
 #include "WholeFile.h"
 
 namespace vtr {
@@ -128,7 +130,7 @@ std::optional<int> WriteGridData(const std::string &path, const Campaign &campai
     if (path.empty() || result.misfit)
         return result.misfit;
     Bytes bytes = EncodeGrid(result.grid);
-    const Bytes old = ReadWholeFileIfThere(path);
+    const Bytes old = FileExists(path) ? ReadFileOfAtMost(mostGameFileMebibytes, path) : Bytes();
     if (old.size() > bytes.size())
         bytes.insert(bytes.end(), old.begin() + static_cast<std::ptrdiff_t>(bytes.size()), old.end());
     AtomicWrite(path, bytes);

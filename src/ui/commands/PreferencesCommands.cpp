@@ -45,11 +45,17 @@ void PreferencesCommands::Read() {
     } catch (const Error &error) {
         // Nothing worth ending the program for: it starts as it was shipped.
         read_.preferences = ShippedPreferences();
+        if (error.Kind() == ErrorKind::FileTooLarge)
+            read_.keptAs = KeepUnreadPreferences(paths_);
         ShowMessage(
             nullptr, QMessageBox::Warning,
-            ErrorReport(QString::fromStdString(session_.operation), error,
-                        tr("The program starts with its shipped preferences and writes them over the file "
-                           "when it ends. To keep the file, copy it now.")));
+            ErrorReport(
+                QString::fromStdString(session_.operation), error,
+                read_.keptAs.empty()
+                    ? tr("The program starts with its shipped preferences and writes them over the "
+                         "file when it ends. To keep the file, copy it now.")
+                    : tr("The program starts with its shipped preferences. The file is kept as \"%1\".")
+                          .arg(QString::fromStdString(read_.keptAs))));
     }
     session_.preferences = read_.preferences;
     widgets_.menu.ShowRecentProjects(session_.preferences.RecentProjectNames);
