@@ -20,6 +20,8 @@ std::string Utf8OfProjectText(std::string_view bytes);
 /// text, or so much of its beginning and "..." when it is longer than longest bytes: nobody reads the whole
 /// of a line of a million letters, and laying it out takes minutes.
 std::string Shortened(std::string_view text, std::size_t longest = 200);
+/// The longest that a path in a message may be: a usual one is shown whole.
+constexpr std::size_t longestShownPath = 600;
 /// The single-byte characters that Utf8OfProjectText reads back as text (UTF-8); nothing when there are none.
 std::optional<std::string> SingleByteProjectText(std::string_view text);
 /// The bytes that stand for text (UTF-8) in a project file: those single-byte ones, else text itself.

@@ -24,8 +24,21 @@ TEST(ErrorReport, TellsAFailedStepAsAStepWithTheSystemsReason) {
 
 TEST(ErrorReport, TellsWhatWasExpectedAndFoundInAFile) {
     EXPECT_EQ(ReportOf({ErrorKind::Overflow, {.file = "/c/TARGET.DAT", .offset = 12}, "a byte", "256"}),
-              "Saving the files failed.\n\nOverflow.\nFile: /c/TARGET.DAT\nPlace: offset 12\n"
+              "Saving the files failed.\n\nSomething does not fit where it is to go.\nFile: "
+              "/c/TARGET.DAT\nPlace: offset 12\n"
               "Expected: a byte\nFound: 256\n\nAll is well.");
+}
+
+TEST(ErrorReport, TellsWhatIsWrongInAPlayersWords) {
+    const auto isSaid = [](ErrorKind kind, const std::string &sentence) {
+        EXPECT_EQ(ReportOf({kind, {}, "a", "b"}),
+                  "Saving the files failed.\n\n" + sentence + "\nExpected: a\nFound: b\n\nAll is well.");
+    };
+    isSaid(ErrorKind::FileTooShort, "File too short.");
+    isSaid(ErrorKind::FileTooLarge, "File too large.");
+    isSaid(ErrorKind::Overflow, "Something does not fit where it is to go.");
+    isSaid(ErrorKind::IndexOutOfRange, "A number stands for something that does not exist.");
+    isSaid(ErrorKind::TypeMismatch, "The file does not hold what is expected there.");
 }
 
 TEST(ErrorReport, SaysOfAFileThatIsNotThereThatItIsNotFound) {

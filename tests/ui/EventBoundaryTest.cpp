@@ -40,8 +40,8 @@ TEST_F(EventBoundaryTest, AnErrorEndsTheProgramWithOneCriticalMessageThatSaysAll
     EXPECT_EQ(shown.icon, QMessageBox::Critical);
     EXPECT_EQ(shown.title, "VTR Target Editor");
     EXPECT_EQ(shown.text,
-              "Loading the project failed.\n\nIndex out of range.\nFile: /c/TARGET.DAT\nPlace: offset 20, "
-              "target 5\n"
+              "Loading the project failed.\n\nA number stands for something that does not exist.\n"
+              "File: /c/TARGET.DAT\nPlace: offset 20, target 5\n"
               "Expected: an index from 0 to 307\nFound: 308\n\n"
               "The program ends now. Put right what is said above, if you can, and start it again.");
 }

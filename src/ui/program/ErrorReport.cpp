@@ -8,18 +8,29 @@ namespace vtr {
 
 namespace {
 
-/// A path may be long; what was found in a file may be a line of a million letters.
-constexpr std::size_t longestShown = 600;
-
 QString WithCapital(QString text) {
     text[0] = text[0].toUpper();
     return text;
 }
 
+/// What was found that is not as it should be, as a player would say it.
+QString WhatIsWrong(ErrorKind kind) {
+    switch (kind) {
+        case ErrorKind::Overflow:
+            return QStringLiteral("Something does not fit where it is to go.");
+        case ErrorKind::IndexOutOfRange:
+            return QStringLiteral("A number stands for something that does not exist.");
+        case ErrorKind::TypeMismatch:
+            return QStringLiteral("The file does not hold what is expected there.");
+        default:
+            return WithCapital(QString::fromUtf8(ErrorKindText(kind))) + QLatin1Char('.');
+    }
+}
+
 QString WhatWentWrong(const Error &error) {
-    const std::string kind(ErrorKindText(error.Kind()));
     if (error.Step().empty())
-        return WithCapital(QString::fromStdString(kind)) + QStringLiteral(".");
+        return WhatIsWrong(error.Kind());
+    const std::string kind(ErrorKindText(error.Kind()));
     // Which step met a missing file does not matter to anybody.
     const std::string failure = error.Kind() == ErrorKind::FileMissing ? kind : error.Step() + " failed";
     return WithCapital(QString::fromStdString(failure + ": " + error.Reason()));
@@ -45,7 +56,7 @@ QString ErrorReport(const QString &operation, const Error &error, const QString 
         if (!value.empty())
             lines << QStringLiteral("%1: %2").arg(
                 QLatin1String(label),
-                QString::fromStdString(Utf8OfProjectText(Shortened(value, longestShown))));
+                QString::fromStdString(Utf8OfProjectText(Shortened(value, longestShownPath))));
     };
     add("File", error.File());
     add("Place", error.PlaceText());
