@@ -139,6 +139,17 @@ TEST_F(SaveCommand, ShowsTheProjectsNameAndFolderAndBesideEachBoxWhatWillHappen)
         EXPECT_EQ(Note(box), "never written");
 }
 
+TEST_F(SaveCommand, ShowsTheBeginningOfAVeryLongFolder) {
+    StartWithSample();
+    session->campaign.paths.ProjectDir = "/" + std::string(3000, 'm') + "/";
+    OpenSaveDialog();
+    const QString shown = Find<QLabel>(*SaveDialog(), "lbl_folder").text();
+    EXPECT_TRUE(shown.startsWith(QStringLiteral("/mmm")));
+    EXPECT_TRUE(shown.endsWith(QStringLiteral("...")));
+    EXPECT_LT(shown.size(), 300);
+    EXPECT_LT(SaveDialog()->height(), 700);
+}
+
 TEST_F(SaveCommand, AfterASaveTheStatusBarNamesTheFiles) {
     StartWithSample();
     OpenSaveDialog();
@@ -197,6 +208,27 @@ TEST_F(SaveCommand, ALinkOutOfTheFolderIsFollowedOnlyAfterAQuestion) {
     EXPECT_EQ(elsewhere.Content("real.dat").size(), 12000U);
     EXPECT_TRUE(std::filesystem::is_symlink(folder.Path() + "FRNTLINE.DAT"));
     EXPECT_FALSE(DialogIsOpen());
+}
+
+TEST_F(SaveCommand, OfWhereALinkLeadsOnlyTheBeginningIsShownWhenItIsVeryLong) {
+    StartWithSample();
+    const TemporaryFolder elsewhere;
+    std::string deep = elsewhere.Path();
+    for (int level = 0; level < 9; ++level) {
+        deep += std::string(200, 'm') + '/';
+        std::filesystem::create_directory(deep);
+    }
+    std::filesystem::remove(folder.Path() + "FRNTLINE.DAT");
+    std::filesystem::create_symlink(deep + "real.dat", folder.Path() + "FRNTLINE.DAT");
+    OpenSaveDialog();
+    Tick(4);
+    ShownBox question;
+    AnswerNextBox(question, QMessageBox::No);
+    PressSave();
+    EXPECT_TRUE(question.text.startsWith(QStringLiteral("FRNTLINE.DAT leads to /")));
+    EXPECT_TRUE(question.text.endsWith(QStringLiteral("mmm.... Write there?")))
+        << question.text.toStdString();
+    EXPECT_LT(question.text.size(), 700);
 }
 
 TEST_F(SaveCommand, AfterAProjectWithoutAMapTheLineWarnsThatTheTablesAreThoseOfAnother) {

@@ -9,6 +9,7 @@
 #include "ProgramVersion.h"
 #include "ShowMessage.h"
 #include "StatusBar.h"
+#include "Text.h"
 #include "frm_save.h"
 
 namespace vtr {
@@ -90,7 +91,8 @@ QString SaveCommands::Warning() const {
     if (session_.tablesProject == project)
         return {};
     return tr("The campaign in the editor was loaded from %1. A save writes it over the files of %2.")
-        .arg(QString::fromStdString(session_.tablesProject), QString::fromStdString(project));
+        .arg(QString::fromStdString(Shortened(session_.tablesProject, longestShownPath)),
+             QString::fromStdString(Shortened(project, longestShownPath)));
 }
 
 bool SaveCommands::Save(const SaveBoxes &ticked) {
@@ -139,11 +141,11 @@ bool SaveCommands::MayFollowLinks(const SaveBoxes &ticked) {
         const SaveBoxFile file = FileOfSaveBox(session_.campaign.paths, box);
         if (file.linkedTo.empty())
             continue;
-        QMessageBox question(
-            QMessageBox::Question, programTitle,
-            tr("%1 leads to %2. Write there?")
-                .arg(QString::fromStdString(file.name), QString::fromStdString(file.linkedTo)),
-            QMessageBox::Yes | QMessageBox::No, frm_save_);
+        QMessageBox question(QMessageBox::Question, programTitle,
+                             tr("%1 leads to %2. Write there?")
+                                 .arg(QString::fromStdString(Shortened(file.name)),
+                                      QString::fromStdString(Shortened(file.linkedTo, longestShownPath))),
+                             QMessageBox::Yes | QMessageBox::No, frm_save_);
         question.setTextFormat(Qt::PlainText);
         question.setDefaultButton(QMessageBox::No);
         if (question.exec() != QMessageBox::Yes)

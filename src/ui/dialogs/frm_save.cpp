@@ -108,8 +108,8 @@ frm_save::frm_save(Save save, QWidget *parent)
 
 void frm_save::ShowProject(const ProjectPaths &paths) {
     project_->setText(ShownProjectName(paths.Name));
-    folder_->setText(QString::fromStdString(paths.ProjectDir));
-    folder_->setToolTip(folder_->text());  // also where it is too long for a line
+    folder_->setText(QString::fromStdString(Shortened(paths.ProjectDir)));
+    folder_->setToolTip(QString::fromStdString(Shortened(paths.ProjectDir, longestShownPath)));
     for (std::size_t index = 0; index < saveBoxTotal; ++index) {
         if (boxes_[index] == nullptr)
             continue;
