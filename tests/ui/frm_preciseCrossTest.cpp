@@ -56,6 +56,21 @@ TEST_F(PreciseCross, TheArrowKeysLeaveTheOtherAxisAndEndAtTheEdges) {
     ExpectMetres(4083.984375, 0);
 }
 
+TEST_F(PreciseCross, TheReadOutFollowsTheArrowKeysAsItFollowsTheMouse) {
+    const auto expectReadOut = [this](const char *x, const char *y) {
+        EXPECT_EQ(LabelText("lbl_x"), x);
+        EXPECT_EQ(LabelText("lbl_y"), y);
+    };
+    expectReadOut("0.00 m", "0.00 m");
+    QTest::keyClick(&Tile(), Qt::Key_Left);
+    expectReadOut("2033.9844 m", "1025 m");
+    QTest::mouseMove(&Tile(), QPoint(64, 100));
+    QCoreApplication::processEvents();
+    expectReadOut("1025 m", "1601.5625 m");
+    QTest::keyClick(&Tile(), Qt::Key_Down);
+    expectReadOut("2033.9844 m", "1041.0156 m");
+}
+
 TEST_F(PreciseCross, TheArrowKeysMoveItOverATurnedTileThatIsNotReadAgain) {
     EXPECT_TRUE(QFile::remove(folder.filePath("BNGrass.pcx")));
     for (int i = 0; i < 20; ++i)

@@ -340,6 +340,20 @@ TEST_F(PreciseDialog, WhyATileIsEmptyIsToldWithTheFileAndWithWhatToDo) {
     EXPECT_FALSE(Find<QLabel>(*dialog, "lbl_advice").isVisible());
 }
 
+TEST_F(PreciseDialog, AVeryLongFolderIsShownShortened) {
+    const std::string beginning = "/" + std::string(190, 'm') + "/";
+    for (const std::size_t length : {300U, 1U << 20}) {
+        dialog = std::make_unique<frm_precise>(beginning + std::string(length, 'W'));
+        dialog->ShowTile(1, Orientation::North);
+        dialog->show();
+        for (const QString &text : {Reason(), LabelText("lbl_advice")})
+            EXPECT_LT(text.size(), 300);
+        const QString shown = Reason() + LabelText("lbl_advice");
+        EXPECT_TRUE(shown.contains(QString::fromStdString(beginning))) << shown.toStdString();
+        EXPECT_LE(dialog->width(), 900);
+    }
+}
+
 TEST_F(PreciseDialog, TheTileTakesThePicturesSizeWithScrollBarsOnlyAbove512) {
     const auto &scroll = *dialog->findChild<QScrollArea *>();
     dialog->show();

@@ -18,6 +18,7 @@
 #include "GamePosition.h"
 #include "PictureRotate.h"
 #include "ShowMessage.h"
+#include "Text.h"
 #include "TileTypes.h"
 #include "modPcxReader.h"
 
@@ -64,8 +65,9 @@ LoadedTile LoadTile(const std::string &folder, int type) {
                               .arg(tileTypeCount - 1)};
     const std::string path = TilePicturePath(folder, type);
     const QString file = QString::fromStdString(TilePictureFile(type)) + QLatin1Char(' ');
-    const QString replaceIt =
-        QStringLiteral("Copy the game's own file over it: %1").arg(QString::fromStdString(path));
+    const std::string shownFolder = Shortened(folder);
+    const QString replaceIt = QStringLiteral("Copy the game's own file over it: %1")
+                                  .arg(QString::fromStdString(TilePicturePath(shownFolder, type)));
     try {
         PcxResult result = LoadPcx(path);
         if (auto *const loaded = std::get_if<PcxPicture>(&result))
@@ -81,11 +83,9 @@ LoadedTile LoadTile(const std::string &folder, int type) {
     } catch (const Error &error) {
         if (error.Kind() != ErrorKind::FileMissing)
             return {.reason = file + DamageText(error), .advice = replaceIt};
-        return {
-            .reason =
-                file +
-                QStringLiteral("is not in the folder of the tiles, %1").arg(QString::fromStdString(folder)),
-            .advice = QStringLiteral("\"Tiles Folder...\" in the menu \"Project\" sets that folder.")};
+        return {.reason = file + QStringLiteral("is not in the folder of the tiles, %1")
+                                     .arg(QString::fromStdString(shownFolder)),
+                .advice = QStringLiteral("\"Tiles Folder...\" in the menu \"Project\" sets that folder.")};
     }
 }
 
@@ -108,6 +108,10 @@ QLabel *MakeText(const QString &text) {
     auto *const label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
+    // A long name without a place to break it would make the dialog wider than the screen.
+    QSizePolicy policy = label->sizePolicy();
+    policy.setHorizontalPolicy(QSizePolicy::Ignored);
+    label->setSizePolicy(policy);
     return label;
 }
 
@@ -328,9 +332,15 @@ std::array<double, 2> frm_precise::FractionAt(QPoint pixel) const {
             std::clamp(pixel.y(), 0, size.height()) / double(size.height())};
 }
 
+void frm_precise::ShowReadOut(const std::array<double, 2> &fraction) {
+    for (std::size_t axis = 0; axis < fraction.size(); ++axis)
+        readOut_[axis]->setText(MetresText(fraction[axis] * tileMetres));
+}
+
 void frm_precise::MoveCross(int dx, int dy) {
     const std::array<double, 2> to = FractionAt(Cross() + QPoint(dx, dy));
     fraction_[dx != 0 ? 0 : 1] = to[dx != 0 ? 0 : 1];
+    ShowReadOut(fraction_);
     if (busy_)
         return;  // the cross is drawn when the tile has turned
     DrawCross();
@@ -361,8 +371,7 @@ bool frm_precise::eventFilter(QObject *watched, QEvent *event) {
     const std::array<double, 2> fraction = FractionAt(
         picture_->mapFrom(this, qobject_cast<QWidget *>(watched)->mapTo(
                                     this, static_cast<const QMouseEvent *>(event)->position().toPoint())));
-    for (std::size_t axis = 0; axis < fraction.size(); ++axis)
-        readOut_[axis]->setText(MetresText(fraction[axis] * tileMetres));
+    ShowReadOut(fraction);
     if (released) {
         fraction_ = fraction;
         ShowTile(tile_.type, tile_.orientation);

@@ -56,6 +56,7 @@ class frm_precise : public QDialog {
     void DrawCross();
     QPoint Cross() const;
     std::array<double, 2> FractionAt(QPoint pixel) const;
+    void ShowReadOut(const std::array<double, 2> &fraction);
     void MoveCross(int dx, int dy);
     void ScrollToCross();
 
