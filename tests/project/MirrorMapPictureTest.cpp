@@ -66,6 +66,20 @@ TEST_F(MapPicture, LargerThanAnyThatIsShownIsNotRead) {
     EXPECT_EQ(calls.BytesRead(), 0U);
 }
 
+TEST_F(MapPicture, WhoseWriteFailsIsLeftAsItIs) {
+    const std::string before = folder.Content("worldmap.bmp");
+    const auto names = folder.Names();
+    for (const Fault &fault : {Fault{.call = "write", .error = ENOSPC}, Fault{.call = "fsync", .error = EIO},
+                               Fault{.call = "renameat", .error = EIO}}) {
+        const SystemCalls calls({fault});
+        const Error error = ErrorThrownBy([this] { MirrorMapPicture(paths); });
+        EXPECT_EQ(error.File(), folder.Path() + "WorldMap.bmp") << fault.call;
+        EXPECT_EQ(error.AfterTheFailure(), FileAfterwards::AsBefore) << fault.call;
+        EXPECT_TRUE(folder.Content("worldmap.bmp") == before) << fault.call;
+        EXPECT_EQ(folder.Names(), names) << fault.call;
+    }
+}
+
 TEST_F(MapPicture, OutsideTheProjectsFolderIsLeftAsItIs) {
     const TemporaryFolder project;
     const std::string before = folder.Content("worldmap.bmp");

@@ -157,5 +157,44 @@ TEST_F(FatalSecondLoadTest, LetsTheFilesBeSavedFirst) {
     EXPECT_NE(folder.Content("TARGET.DAT"), before);
 }
 
+TEST_F(FatalSecondLoadTest, ComesBackToTheReportAfterASaveThatFailed) {
+    ShownBox failure;
+    int reports = 1;
+    const auto saveFirst = [](QMessageBox &report) {
+        for (QAbstractButton *button : report.buttons())
+            if (button->text() == QStringLiteral("Save Files First..."))
+                button->click();
+    };
+    const int status = ExitStatusAfterAnswer([&](QMessageBox &report) {
+        std::filesystem::remove(folder.Path() + "TARGET.DAT");
+        std::filesystem::create_directory(folder.Path() + "TARGET.DAT");
+        WhenModalOpens<frm_save>([&](frm_save &dialog) {
+            Find<QCheckBox>(dialog, QStringLiteral("chk_save(0)")).setChecked(true);
+            AcceptNextBox(failure);
+            Press<QPushButton>(dialog, QStringLiteral("cmd_save"));
+            EXPECT_TRUE(dialog.isVisible());
+            WhenModalOpens<QMessageBox>([&](QMessageBox &again) {
+                ++reports;
+                EXPECT_EQ(again.text(), text);
+                std::filesystem::remove(folder.Path() + "TARGET.DAT");
+                WhenModalOpens<frm_save>([&](frm_save &second) {
+                    EXPECT_TRUE(Find<QLabel>(second, QStringLiteral("lbl_message")).text().isEmpty());
+                    Find<QCheckBox>(second, QStringLiteral("chk_save(0)")).setChecked(true);
+                    WhenModalOpens<QMessageBox>(
+                        [](QMessageBox &last) { last.button(QMessageBox::Ok)->click(); });
+                    Press<QPushButton>(second, QStringLiteral("cmd_save"));
+                });
+                saveFirst(again);
+            });
+            Press<QPushButton>(dialog, QStringLiteral("cmd_close"));
+        });
+        saveFirst(report);
+    });
+    EXPECT_EQ(status, 1);
+    EXPECT_TRUE(failure.text.startsWith(QStringLiteral("Saving the files failed.")));
+    EXPECT_EQ(reports, 2);
+    EXPECT_EQ(folder.Content("TARGET.DAT").size(), 9668U);
+}
+
 }  // namespace
 }  // namespace vtr

@@ -118,6 +118,26 @@ TEST_F(ProjectDrop, CancelInTheSaveDialogCancelsTheLoad) {
     EXPECT_FALSE(SampleWasLoadedAgain());
 }
 
+TEST_F(ProjectDrop, ASaveThatFailsAndIsThenGivenUpCancelsTheLoad) {
+    StartWithChangedSample();
+    std::filesystem::remove(folder.Path() + "GRIDDATA.DAT");
+    std::filesystem::create_directory(folder.Path() + "GRIDDATA.DAT");
+    ShownBox question;
+    ShownBox failure;
+    AnswerNextBox(question, QMessageBox::Yes);
+    EXPECT_TRUE(Drop(window(), {LocalUrl(SamplePath())}));
+    WhenModalOpens<frm_save>([&](frm_save &dialog) {
+        Find<QCheckBox>(dialog, QStringLiteral("chk_save(2)")).setChecked(true);
+        AcceptNextBox(failure);
+        Press<QPushButton>(dialog, QStringLiteral("cmd_save"));
+        EXPECT_TRUE(dialog.isVisible());
+        Press<QPushButton>(dialog, QStringLiteral("cmd_close"));
+    });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(failure.count, 1);
+    EXPECT_FALSE(SampleWasLoadedAgain());
+}
+
 TEST_F(ProjectDrop, OfAnythingElseIsRefused) {
     WriteSample();
     window().Start(QString());
