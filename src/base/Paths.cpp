@@ -44,10 +44,6 @@ constexpr bool systemHasDriveLetters = true;
 constexpr bool systemHasDriveLetters = false;
 #endif
 
-bool IsSeparator(char character) {
-    return separators.find(character) != std::string_view::npos;
-}
-
 std::string AbsolutePath(std::string_view path) {
     // '\' is no separator to a system without drive letters, but it is one to us.
     const bool rooted = !path.empty() && IsSeparator(path.front());
@@ -87,6 +83,10 @@ std::string CleanAbsolutePath(std::string_view path) {
         rest.remove_prefix(end + 1);
     }
     return clean + std::string(FileNameOf(absolute));
+}
+
+bool IsSeparator(char character) {
+    return separators.find(character) != std::string_view::npos;
 }
 
 std::string_view FileNameOf(std::string_view path) {
@@ -146,6 +146,15 @@ std::string FollowLinks(const std::string &path) {
         file = file.parent_path() / next;
     }
     return PathText(file);
+}
+
+std::string RealPathOutside(const std::string &folder, const std::string &path) {
+    const std::string target = FollowLinks(PathOnDisk(path));
+    std::error_code unknown;
+    const fs::path real = fs::weakly_canonical(FilesystemPath(target), unknown);
+    const fs::path root = fs::canonical(FilesystemPath(PathOnDisk(folder)), unknown);
+    const bool isWithin = !unknown && std::ranges::mismatch(root, real).in1 == root.end();
+    return isWithin ? std::string() : real.empty() ? target : PathText(real);
 }
 
 }  // namespace vtr

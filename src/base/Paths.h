@@ -13,6 +13,8 @@ namespace vtr {
 std::string_view FileNameOf(std::string_view path);
 /// The part up to and including the last separator; empty when there is none.
 std::string_view FolderOf(std::string_view path);
+/// True for both.
+bool IsSeparator(char character);
 /// The separator that path uses: its last one, else the system's own.
 char SeparatorOf(std::string_view path);
 
@@ -29,6 +31,9 @@ std::string CleanAbsolutePath(std::string_view path);
 /// path, or, when it is a symbolic link, the file at the end of the chain of links, which need not exist.
 /// Throws a file-access Error when the links go round in a circle.
 std::string FollowLinks(const std::string &path);
+/// Where the file at path, which need not exist, really is when that is not in the real folder or below it,
+/// or cannot be told; else empty. Throws what FollowLinks throws.
+std::string RealPathOutside(const std::string &folder, const std::string &path);
 /// path for the standard library's file functions, and back.
 std::filesystem::path FilesystemPath(std::string_view path);
 std::string PathText(const std::filesystem::path &path);

@@ -19,6 +19,9 @@ constexpr std::size_t roadPathTotal = 297;
 constexpr std::size_t railPathTotal = 99;
 constexpr std::size_t waypointTotal = 12;
 
+/// The game treats this target as an airfield whatever its record says.
+constexpr std::size_t targetThatIsAlwaysAnAirfield = 81;
+
 /// What the game's files store for "set" in a word that is a flag.
 constexpr std::uint16_t flagSet = 65535;
 

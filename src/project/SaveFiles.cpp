@@ -44,20 +44,14 @@ std::string ObjectionTo(const ProjectPaths &paths, const CampaignFile &file) {
 
 /// Where a link at path leads, when that is outside folder or cannot be told.
 std::string LinkOutOf(const std::string &folder, const std::string &path) {
-    const std::string onDisk = PathOnDisk(path);
     std::error_code failed;
-    if (!std::filesystem::is_symlink(FilesystemPath(onDisk), failed))
+    if (!std::filesystem::is_symlink(FilesystemPath(PathOnDisk(path)), failed))
         return {};
-    std::string target;
     try {
-        target = FollowLinks(onDisk);
+        return RealPathOutside(folder, path);
     } catch (const Error &) {  // round in a circle: writing the file fails and says so
         return {};
     }
-    const auto real = std::filesystem::weakly_canonical(FilesystemPath(target), failed);
-    const auto root = std::filesystem::canonical(FilesystemPath(PathOnDisk(folder)), failed);
-    const bool isWithin = !failed && std::ranges::mismatch(root, real).in1 == root.end();
-    return isWithin ? std::string() : real.empty() ? target : PathText(real);
 }
 
 std::optional<int> Write(const CampaignFile &file, const Campaign &campaign,

@@ -38,10 +38,6 @@ bool IsTextOf16Bits(ConstByteSpan bytes) {
 
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 
-bool IsSeparator(char character) {
-    return character == '\\' || character == '/';
-}
-
 /// Only a drive letter makes a path absolute; where the system has none, a leading "/" does.
 bool IsAbsoluteTilesDir(std::string_view path) {
     if (path.substr(std::min<std::size_t>(path.size(), 1), 2) == ":\\")

@@ -31,9 +31,6 @@ enum TargetOffset : std::size_t {
 static_assert(kept8 == 8);
 static_assert(recordEnd == targetRecordSize);
 
-/// The game treats this target as an airfield whatever its record says.
-constexpr std::size_t targetThatIsAlwaysAnAirfield = 81;
-
 constexpr RecordFile<targetRecordSize> targetFile{"target", targetTotal, 1};
 
 struct ByteRange {

@@ -29,10 +29,6 @@ bool IsFolder(const QString &path) {
     return !path.isEmpty() && QFileInfo(path).isDir();
 }
 
-std::string NativePath(const QString &path) {
-    return QDir::toNativeSeparators(path).toStdString();
-}
-
 }  // namespace
 
 frm_newproject::frm_newproject(std::string programFolder, QWidget *parent)

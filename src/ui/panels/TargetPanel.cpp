@@ -177,12 +177,13 @@ void TargetPanel::StoreName() {
 }
 
 void TargetPanel::StoreIsAirfield() {
-    session_.Do(
-        "Change Airfield Box of Target " + std::to_string(Target()), {RowOf(Table::Targets, Target())},
-        [this](Campaign &campaign) { SetTargetIsAirfield(campaign, Target(), isAirfield_->isChecked()); });
-    // The file holds the reference alone: one of 0 is read as no airfield, but every load marks target 81.
-    if (isAirfield_->isChecked() && Target() != 81 &&
-        campaign_.TargetTable[static_cast<std::size_t>(Target())].airfield_ref == 0)
+    const int target = Target();
+    session_.Do("Change Airfield Box of Target " + std::to_string(target), {RowOf(Table::Targets, target)},
+                [&](Campaign &campaign) { SetTargetIsAirfield(campaign, target, isAirfield_->isChecked()); });
+    // The file holds the reference alone: one of 0 is read as no airfield.
+    if (const auto row = static_cast<std::size_t>(target); isAirfield_->isChecked() &&
+                                                           row != targetThatIsAlwaysAnAirfield &&
+                                                           campaign_.TargetTable[row].airfield_ref == 0)
         Q_EMIT StatusMessage(QStringLiteral(
             "This tick will not be saved: the target has no airfield record of its own (its number is 0)."));
     TellAirfield();

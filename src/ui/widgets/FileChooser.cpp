@@ -21,10 +21,6 @@ QString Chosen(QFileDialog &chooser) {
     return chooser.exec() == QDialog::Accepted ? chooser.selectedFiles().value(0) : QString();
 }
 
-std::string NativePath(const QString &path) {
-    return QDir::toNativeSeparators(path).toStdString();
-}
-
 /// True when there is no file at path or the user wants to replace it; a folder cannot be replaced.
 bool MayReplace(QWidget *parent, const std::string &path) {
     if (!FileExists(path))
@@ -57,6 +53,10 @@ QString ChosenToSave(QFileDialog &chooser, const QString &suffix) {
 }
 
 }  // namespace
+
+std::string NativePath(const QString &path) {
+    return QDir::toNativeSeparators(path).toStdString();
+}
 
 std::string ChooseFile(QWidget *parent, QFileDialog::AcceptMode mode, const QString &title,
                        std::string_view filter, const std::string &preset) {

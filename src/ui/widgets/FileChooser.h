@@ -6,6 +6,9 @@
 
 namespace vtr {
 
+/// A path of Qt's with the system's own separators (UTF-8).
+std::string NativePath(const QString &path);
+
 /// The filter of the editor's project files.
 inline constexpr std::string_view projectFilter = "Target Editor Projects|*.prj";
 
