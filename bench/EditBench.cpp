@@ -1,6 +1,7 @@
 // From a value set in a field of the main window to the finished map surface, beside setting a bare spin box
-// and one full redraw.
+// and one full redraw, and beside the same field when its edits cannot be undone. Undoing beside one redraw.
 
+#include <QAction>
 #include <QApplication>
 #include <QMainWindow>
 #include <QSpinBox>
@@ -10,6 +11,7 @@
 #include <vector>
 
 #include "Comparison.h"
+#include "EditCampaign.h"
 #include "MapRedraw.h"
 #include "NumberField.h"
 #include "SampleCampaign.h"
@@ -54,6 +56,33 @@ int Run(int argc, char **argv, const std::string &folder) {
     };
     ReportAtMost("a value set in a field", Compare(2000, setField, setBareField), "QSpinBox and one redraw",
                  1.5);
+
+    NumberField forgetfulField(QStringLiteral("forgetful"), mapWidth - 1);
+    QObject::connect(&forgetfulField, &NumberField::NumberChanged, &window, [&](int column) {
+        SetTargetPixel(session->campaign, 1, Axis::X, column);
+        window.Redraw();
+    });
+    int forgetfulX = 0;
+    const auto setForgetfulField = [&] {
+        forgetfulX = 1 - forgetfulX;
+        forgetfulField.SetNumber(100 + forgetfulX);
+    };
+    // Each value is an edit of its own, as those of a player are.
+    const auto setAndEnd = [&] {
+        session->history.EndMerging();
+        setField();
+    };
+    ReportAtMost("a value set in a field", CompareMedians(2000, setAndEnd, setForgetfulField),
+                 "the same without the history", 1.15);
+
+    QAction &undo = *window.findChild<QAction *>(QStringLiteral("mnu_e_undo"));
+    const auto undoOne = [&] {
+        if (!undo.isEnabled())
+            std::abort();
+        undo.trigger();
+    };
+    ReportAtMost("an edit undone", CompareMedians(1000, undoOne, [&] { window.Redraw(); }), "one redraw",
+                 1.2);
     return 0;
 }
 

@@ -6,9 +6,6 @@
 
 namespace vtr {
 
-namespace {
-
-/// The mode in which that table is edited.
 EditMode ModeOf(Table table) {
     switch (table) {
         case Table::FrontlinePoints:
@@ -23,8 +20,6 @@ EditMode ModeOf(Table table) {
     }
     return EditMode::Target;
 }
-
-}  // namespace
 
 void Session::Do(std::string name, const std::vector<TableRows> &rows,
                  const std::function<void(Campaign &)> &edit, std::string field) {
@@ -53,23 +48,31 @@ void Session::TakeOver(std::string name, const Differences &differences) {
     tablesChanged();
 }
 
-void Session::Undo() {
+const Edit &Session::Undo() {
     const Edit &edit = history.Undo();
     Apply(edit.differences, Direction::Backwards, campaign);
     savedTables.Change(edit.differences, Direction::Backwards);
-    Show(edit, edit.before);
+    Show(ModeOf(edit.differences.front().In()), edit.before);
+    return edit;
 }
 
-void Session::Redo() {
+const Edit &Session::Redo() {
     const Edit &edit = history.Redo();
     Apply(edit.differences, Direction::Forwards, campaign);
     savedTables.Change(edit.differences, Direction::Forwards);
-    Show(edit, edit.after);
+    Show(ModeOf(edit.differences.front().In()), edit.after);
+    return edit;
 }
 
-void Session::Show(const Edit &edit, const Selection &selected) {
-    selection = selected;
-    const EditMode itsMode = ModeOf(edit.differences.front().In());
+void Session::Show(EditMode itsMode, const Selection &selected) {
+    if (itsMode == EditMode::Target) {
+        selection.target = selected.target;
+    } else if (itsMode == EditMode::Frontline) {
+        selection.frontline = selected.frontline;
+        selection.frontlinePoint = selected.frontlinePoint;
+    } else {
+        selection.railwayLine = selected.railwayLine;
+    }
     if (itsMode != mode)
         SwitchMode(*this, itsMode);
     layers.*layersOfModes[static_cast<std::size_t>(itsMode)] = true;

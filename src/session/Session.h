@@ -50,9 +50,9 @@ struct Session {
     /// Makes those differences, as one edit.
     void TakeOver(std::string name, const Differences &differences);
     /// Takes the last edit back, or makes it again; the item that it was done to is selected in its mode.
-    /// Call them only when the history has one.
-    void Undo();
-    void Redo();
+    /// Call them only when the history has one, which they return.
+    const Edit &Undo();
+    const Edit &Redo();
     /// The campaign has just been loaded.
     void CampaignLoaded();
     /// The files of those usual names have been written.
@@ -62,7 +62,7 @@ struct Session {
     bool HasUnsavedEdits() const { return !EditedFiles().empty(); }
 
   private:
-    void Show(const Edit &edit, const Selection &selected);
+    void Show(EditMode itsMode, const Selection &selected);
 };
 
 /// All edits that are made while this lives are one.
@@ -82,6 +82,8 @@ constexpr std::array<bool ShownLayers::*, editModeTotal> layersOfModes{
     &ShownLayers::mnu_v_targets, &ShownLayers::mnu_v_frontlines, &ShownLayers::mnu_v_railways,
     &ShownLayers::mnu_v_roadint, &ShownLayers::mnu_v_railint};
 
+/// The mode in which that table is edited.
+EditMode ModeOf(Table table);
 /// Switches to mode; whether its layer is shown stays as it was.
 void SwitchMode(Session &session, EditMode mode);
 /// A pixel of the whole map.

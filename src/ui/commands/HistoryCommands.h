@@ -15,11 +15,13 @@ class HistoryCommands : public QObject {
     HistoryCommands(Session &session, MainWidgets &widgets, QMainWindow *window,
                     std::function<void()> redraw);
 
-    /// Shows the tables in the panels and on the map after anything may have changed in them; the selected
-    /// item is brought into view.
+    /// Shows all tables anew in the panels and on the map.
     void ShowTables();
 
   private:
+    /// Shows the tables that edit changed, with its item in view.
+    void Show(const Edit &edit);
+
     Session &session_;
     MainWidgets &widgets_;
     std::function<void()> redraw_;

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <algorithm>
+#include <utility>
 
 #include "AirfieldLists.h"
 #include "ChoiceField.h"
@@ -37,7 +38,7 @@ AirfieldPanel::AirfieldPanel(Session &session, QWidget *parent)
     Bind();
     for (QWidget *child : findChildren<QWidget *>())
         child->installEventFilter(this);
-    ShowAirfield(std::nullopt);
+    Refresh();
 }
 
 void AirfieldPanel::Build() {
@@ -117,6 +118,8 @@ void AirfieldPanel::Store(const std::string &what, const std::function<void(Camp
 }
 
 void AirfieldPanel::ShowAirfield(std::optional<int> airfield) {
+    if (!airfield && !airfield_ && !missing_)
+        return ShowToolTip();  // it shows none already
     const bool exists = airfield && *airfield < static_cast<int>(airfieldTotal);
     missing_ = exists ? std::nullopt : airfield;
     airfield_ = exists ? airfield : std::nullopt;
@@ -125,6 +128,9 @@ void AirfieldPanel::ShowAirfield(std::optional<int> airfield) {
 }
 
 void AirfieldPanel::ShowToolTip() {
+    const ToolTipState state{airfield_, missing_, session_.targetFrameEnabled, isEnabled()};
+    if (std::exchange(shownToolTip_, state) == state)
+        return;
     constexpr int last = airfieldTotal - 1;
     const QString whyMissing = QStringLiteral(
                                    "The target refers to airfield %1, but the last one is %2: there is no "

@@ -43,6 +43,18 @@ class AirfieldPanel : public Panel {
 
     std::optional<int> airfield_;  ///< the record being edited
     std::optional<int> missing_;   ///< what the target refers to and no record has
+
+    /// What the tooltip goes by.
+    struct ToolTipState {
+        std::optional<int> airfield;
+        std::optional<int> missing;
+        bool targetFrameEnabled = false;
+        bool isEnabled = false;
+
+        bool operator==(const ToolTipState &) const = default;
+    };
+    std::optional<ToolTipState> shownToolTip_;
+
     QLineEdit *code_ = nullptr;
     NumberField *orientation_ = nullptr;
     ChoiceField *country_ = nullptr;

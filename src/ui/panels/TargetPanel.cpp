@@ -152,8 +152,10 @@ void TargetPanel::Refresh() {
     y_->ShowRecordValue(target.y);
     xMetres_->ShowRecordValue(RoundToInt32(campaign_.TargetTable[index].fineOffsets[0]));
     yMetres_->ShowRecordValue(RoundToInt32(campaign_.TargetTable[index].fineOffsets[1]));
-    name_->setText(ShownText(target.name));
-    name_->setCursorPosition(0);
+    if (const QString name = ShownText(target.name); name != name_->text()) {
+        name_->setText(name);
+        name_->setCursorPosition(0);
+    }
     count_->ShowRecordValue(target.count);
     isAirfield_->setChecked(target.airfield_mark != 0);
     TellAirfield();

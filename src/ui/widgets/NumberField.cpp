@@ -126,8 +126,11 @@ bool NumberField::SetNumber(int number) {
 }
 
 void NumberField::ShowRecordValue(int number) {
-    if (number == value() && text().contains(u'.'))
-        return;  // a fraction is being typed, and its number is this one
+    // It is shown already, or a fraction is being typed, whose number it is.
+    if (number == value() && (text() == textFromValue(number) || text().contains(u'.'))) {
+        told_ = number;
+        return;
+    }
     const QSignalBlocker blocker(this);
     WidenTo(number);
     setValue(number);
