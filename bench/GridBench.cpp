@@ -8,8 +8,8 @@
 #include <random>
 #include <vector>
 
-#include "../tests/project/LiteralGrid.h"
-#include "../tests/project/LiteralSweep.h"
+#include "../tests/project/PlainGrid.h"
+#include "../tests/project/PlainSweep.h"
 #include "Comparison.h"
 #include "GridData.h"
 #include "ReorderTargets.h"
@@ -59,7 +59,7 @@ int main() {
     double progress = 0;
     const auto scatter = forAll([&seed](Campaign &campaign) { Scatter(campaign, ++seed); });
     const auto sweep =
-        forAll([](Campaign &campaign) { benchmark::DoNotOptimize(LiteralSweep(campaign.TargetTable)); });
+        forAll([](Campaign &campaign) { benchmark::DoNotOptimize(PlainSweep(campaign.TargetTable)); });
     const auto reorder = forAll([&progress](Campaign &campaign) {
         benchmark::DoNotOptimize(ReorderTargets(campaign, [&progress](double step) { progress += step; }));
     });
@@ -68,7 +68,7 @@ int main() {
     ReportAtLeast("reorder 16 campaigns", {reorderTime, sweepTime}, "step by step", 4000);
 
     const auto passes =
-        forAll([](Campaign &campaign) { benchmark::DoNotOptimize(LiteralBuildGrid(campaign.TargetTable)); });
+        forAll([](Campaign &campaign) { benchmark::DoNotOptimize(PlainBuildGrid(campaign.TargetTable)); });
     const auto build =
         forAll([](Campaign &campaign) { benchmark::DoNotOptimize(BuildGrid(campaign.TargetTable)); });
     const auto keep = [] {};

@@ -17,7 +17,7 @@ extern "C" {
 #include <SDL_image.h>
 #endif
 
-#include "../tests/imagery/LiteralRotation.h"
+#include "../tests/imagery/PlainRotation.h"
 #include "Comparison.h"
 #include "PictureRotate.h"
 #include "modPcxReader.h"
@@ -188,14 +188,13 @@ bool CompareTurns() {
     for (const double rotation : {-0.5, -1.0, 0.5}) {
         const double angle = AngleOfHalfTurns(rotation);
         Picture ours = source;
-        Picture literal = source;
+        Picture plain = source;
         const Comparison times = Compare(
-            100, [&] { RotatePicture(source, ours, angle); },
-            [&] { RotateLiterally(source, literal, angle); });
-        if (ours.pixels != literal.pixels)
+            100, [&] { RotatePicture(source, ours, angle); }, [&] { RotatePlainly(source, plain, angle); });
+        if (ours.pixels != plain.pixels)
             return false;
         const std::string name = "turn by " + std::to_string(rotation) + " half turns";
-        ReportAtLeast(name.c_str(), times, "literally", 5);
+        ReportAtLeast(name.c_str(), times, "plainly", 5);
     }
     return true;
 }

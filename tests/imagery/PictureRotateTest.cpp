@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "LiteralRotation.h"
 #include "PictureRotate.h"
+#include "PlainRotation.h"
 
 namespace vtr {
 namespace {
@@ -31,35 +31,35 @@ struct Size {
 const Size sizes[] = {{1, 1},  {2, 2},  {3, 3},   {4, 4},   {5, 5},   {8, 3},     {3, 8},     {16, 16},
                       {17, 9}, {9, 17}, {64, 63}, {101, 7}, {128, 1}, {256, 256}, {301, 199}, {640, 480}};
 
-void ExpectTurnsLiterally(Size source, Size destination, double angle) {
+void ExpectTurnsPlainly(Size source, Size destination, double angle) {
     const Picture from = Numbered(source.width, source.height, 0xFF000000);
     Picture turned = Numbered(destination.width, destination.height, 0xFF800000);
     Picture expected = turned;
-    RotateLiterally(from, expected, angle);
+    RotatePlainly(from, expected, angle);
     RotatePicture(from, turned, angle);
     EXPECT_EQ(turned.pixels, expected.pixels)
         << source.width << " x " << source.height << " into " << destination.width << " x "
         << destination.height << " by " << angle;
 }
 
-TEST(PictureRotate, QuarterTurnsAreThoseOfTheLiteralArithmetic) {
+TEST(PictureRotate, QuarterTurnsAreThoseOfThePlainArithmetic) {
     for (const Size size : sizes)
         for (const double angle : {north, east, south, west, -south})
-            ExpectTurnsLiterally(size, size, angle);
+            ExpectTurnsPlainly(size, size, angle);
 }
 
 TEST(PictureRotate, APictureOfAnotherSizeThanTheDestinationTurnsAboutBothCentres) {
     for (const double angle : {north, east, south, west}) {
-        ExpectTurnsLiterally({16, 12}, {40, 21}, angle);
-        ExpectTurnsLiterally({40, 21}, {16, 12}, angle);
-        ExpectTurnsLiterally({7, 50}, {50, 7}, angle);
+        ExpectTurnsPlainly({16, 12}, {40, 21}, angle);
+        ExpectTurnsPlainly({40, 21}, {16, 12}, angle);
+        ExpectTurnsPlainly({7, 50}, {50, 7}, angle);
     }
 }
 
-TEST(PictureRotate, OtherAnglesAreThoseOfTheLiteralArithmetic) {
+TEST(PictureRotate, OtherAnglesAreThoseOfThePlainArithmetic) {
     for (const Size size : {Size{1, 1}, Size{5, 5}, Size{17, 9}, Size{64, 63}})
         for (const double angle : {0.1, -0.7, 1.0, 2.5, 3.14159265359 / 4, 1.5707, 100.0})
-            ExpectTurnsLiterally(size, size, angle);
+            ExpectTurnsPlainly(size, size, angle);
 }
 
 TEST(PictureRotate, TheSourceOfAQuarterTurnIsTheExactOneAtEveryRadiusUpToThatOfATallestPicture) {

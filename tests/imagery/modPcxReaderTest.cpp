@@ -5,7 +5,7 @@
 #include <random>
 
 #include "ErrorThrownBy.h"
-#include "LiteralPcx.h"
+#include "PlainPcx.h"
 #include "PcxFiles.h"
 #include "TemporaryFolder.h"
 
@@ -106,11 +106,11 @@ Outcome OutcomeOf(const Bytes &file) {
     }
 }
 
-Outcome LiteralOutcomeOf(const Bytes &file) {
+Outcome PlainOutcomeOf(const Bytes &file) {
     try {
-        LiteralPcx literal(file);
-        if (literal.decoded)
-            return {"picture", literal.width, literal.height, std::move(literal.pixels)};
+        PlainPcx plain(file);
+        if (plain.decoded)
+            return {"picture", plain.width, plain.height, std::move(plain.pixels)};
         return {.kind = "refusal"};
     } catch (const std::length_error &) {
         return {.kind = std::string(ErrorKindText(ErrorKind::FileTooShort))};
@@ -121,7 +121,7 @@ Outcome LiteralOutcomeOf(const Bytes &file) {
     }
 }
 
-TEST(Pcx, WithRandomDamageGivesWhatTheLiteralDecoderGives) {
+TEST(Pcx, WithRandomDamageGivesWhatThePlainDecoderGives) {
     std::mt19937 random(5);
     const auto below = [&random](std::size_t end) { return random() % end; };
     Bytes data;
@@ -144,7 +144,7 @@ TEST(Pcx, WithRandomDamageGivesWhatTheLiteralDecoderGives) {
         if (below(4) == 0 && !file.empty())
             file.back() = static_cast<std::uint8_t>(0xC0 + below(3));
         const Outcome outcome = OutcomeOf(file);
-        ASSERT_TRUE(outcome == LiteralOutcomeOf(file)) << round << ' ' << outcome.kind;
+        ASSERT_TRUE(outcome == PlainOutcomeOf(file)) << round << ' ' << outcome.kind;
         ++outcomes[outcome.kind];
     }
     EXPECT_GT(outcomes["picture"], 1000);

@@ -6,7 +6,7 @@
 
 #include "ErrorThrownBy.h"
 #include "GridData.h"
-#include "LiteralGrid.h"
+#include "PlainGrid.h"
 #include "ReorderTargets.h"
 #include "SystemCalls.h"
 #include "TemporaryFolder.h"
@@ -57,31 +57,29 @@ struct Outcomes {
     int overflows = 0;
 };
 
-void ExpectLikeLiteral(const Targets &targets, Outcomes &outcomes) {
-    const LiteralGrid literal = LiteralBuildGrid(targets);
+void ExpectLikePlain(const Targets &targets, Outcomes &outcomes) {
+    const PlainGrid plain = PlainBuildGrid(targets);
     try {
         const GridResult result = BuildGrid(targets);
-        ASSERT_FALSE(literal.overflow);
-        ASSERT_EQ(result.misfit, literal.misfit);
+        ASSERT_FALSE(plain.overflow);
+        ASSERT_EQ(result.misfit, plain.misfit);
         if (result.misfit) {
             ASSERT_EQ(MessageOfMisfit(*result.misfit),
-                      "Failed to create GRIDDATA.DAT.  Target #" + std::to_string(*literal.misfit) +
+                      "Failed to create GRIDDATA.DAT.  Target #" + std::to_string(*plain.misfit) +
                           " did not fit.  Please try a different arrangement and try again.");
         }
         for (int row = 1; row <= gridRows; ++row)
             for (int column = 1; column <= gridColumns; ++column) {
                 const auto r = static_cast<std::size_t>(row);
                 const auto c = static_cast<std::size_t>(column);
-                ASSERT_EQ(CellAt(result.grid, row, column).first, literal.first[r][c])
-                    << row << ", " << column;
-                ASSERT_EQ(CellAt(result.grid, row, column).count, literal.count[r][c])
-                    << row << ", " << column;
+                ASSERT_EQ(CellAt(result.grid, row, column).first, plain.first[r][c]) << row << ", " << column;
+                ASSERT_EQ(CellAt(result.grid, row, column).count, plain.count[r][c]) << row << ", " << column;
             }
         ++(result.misfit ? outcomes.misfits : outcomes.built);
     } catch (const Error &error) {
         ASSERT_EQ(error.Kind(), ErrorKind::Overflow);
-        ASSERT_TRUE(literal.overflow);
-        ASSERT_EQ(error.Item(), "target " + std::to_string(*literal.overflow));
+        ASSERT_TRUE(plain.overflow);
+        ASSERT_EQ(error.Item(), "target " + std::to_string(*plain.overflow));
         ++outcomes.overflows;
     }
 }
@@ -114,7 +112,7 @@ TEST(GridData, Of1000RandomTablesIsWhatTheStepsOneByOneGive) {
                     targets[random() % targetTotal].x = 10;
                 break;
         }
-        ExpectLikeLiteral(targets, outcomes);
+        ExpectLikePlain(targets, outcomes);
     }
     EXPECT_GT(outcomes.built, 100);
     EXPECT_GT(outcomes.misfits, 100);
@@ -130,7 +128,7 @@ TEST(GridData, OfATargetAtEveryColumnAndRowIsWhatTheStepsOneByOneGive) {
             targets[t].x = pixel;
             targets[t].y = static_cast<std::int16_t>(pixel / 2);
         }
-        ExpectLikeLiteral(targets, outcomes);
+        ExpectLikePlain(targets, outcomes);
     }
     EXPECT_GT(outcomes.built, 500);
     EXPECT_GT(outcomes.misfits, 0);
@@ -251,7 +249,7 @@ class GridDataFile : public ::testing::Test {
     GridDataFile() { campaign->TargetTable = SpreadTargets(); }
 
     std::string Expected() const {
-        const LiteralGrid grid = LiteralBuildGrid(campaign->TargetTable);
+        const PlainGrid grid = PlainBuildGrid(campaign->TargetTable);
         std::string bytes;
         for (std::size_t row = 1; row <= 20; ++row)
             for (std::size_t column = 1; column <= 40; ++column) {

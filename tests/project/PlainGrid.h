@@ -10,7 +10,7 @@
 
 namespace vtr {
 
-struct LiteralGrid {
+struct PlainGrid {
     std::array<std::array<int, gridColumns + 1>, gridRows + 1> first{};  ///< rows and columns from 1
     std::array<std::array<int, gridColumns + 1>, gridRows + 1> count{};
     std::optional<int> misfit;
@@ -25,7 +25,7 @@ struct Window {
 /// The numbers, from 1 upwards, of the first three windows that hold value; 1000 for those that are not
 /// there.
 template <std::size_t Size>
-std::array<int, 3> LiteralCandidates(const std::array<Window, Size> &windows, int value) {
+std::array<int, 3> PlainCandidates(const std::array<Window, Size> &windows, int value) {
     std::array<int, 3> slots{1000, 1000, 1000};
     std::size_t used = 0;
     for (std::size_t i = 1; i < Size; ++i)
@@ -43,8 +43,8 @@ void FillWindows(std::array<Window, Size> &windows, Window last) {
     windows[Size - 1] = last;
 }
 
-inline LiteralGrid LiteralBuildGrid(const std::array<TargetRecord, targetTotal> &targets) {
-    LiteralGrid grid;
+inline PlainGrid PlainBuildGrid(const std::array<TargetRecord, targetTotal> &targets) {
+    PlainGrid grid;
     std::array<Window, gridColumns + 1> columnWindows{};
     std::array<Window, gridRows + 1> rowWindows{};
     FillWindows(columnWindows, {608, 640});
@@ -52,8 +52,8 @@ inline LiteralGrid LiteralBuildGrid(const std::array<TargetRecord, targetTotal> 
 
     for (int t = 0; t < static_cast<int>(targetTotal); ++t) {
         const TargetRecord &target = targets[static_cast<std::size_t>(t)];
-        const std::array<int, 3> columns = LiteralCandidates(columnWindows, target.x);
-        const std::array<int, 3> rows = LiteralCandidates(rowWindows, target.y);
+        const std::array<int, 3> columns = PlainCandidates(columnWindows, target.x);
+        const std::array<int, 3> rows = PlainCandidates(rowWindows, target.y);
         bool placed = false;
         for (const bool extend : {true, false})
             for (const int row : rows)

@@ -1,8 +1,8 @@
-#include "LiteralSweep.h"
+#include "PlainSweep.h"
 
 namespace vtr {
 
-std::vector<std::size_t> LiteralSweep(const std::array<TargetRecord, targetTotal> &targets) {
+std::vector<std::size_t> PlainSweep(const std::array<TargetRecord, targetTotal> &targets) {
     std::vector<std::size_t> order;
     std::array<bool, targetTotal> taken{};
     for (int x = 0; x <= 639; ++x)

@@ -13,7 +13,7 @@ auto &PixelAt(AnyPicture &picture, int x, int y) {
 
 /// A picture turned by the trigonometry of its definition, pixel by pixel, without any shortcut: what
 /// RotatePicture has to agree with.
-inline void RotateLiterally(const Picture &source, Picture &destination, double angle) {
+inline void RotatePlainly(const Picture &source, Picture &destination, double angle) {
     const auto copy = [&](int toX, int toY, int fromX, int fromY) {
         const bool valid = fromX >= 0 && fromY >= 0 && fromX < source.width && fromY < source.height;
         const bool inside = toX >= 0 && toY >= 0 && toX < destination.width && toY < destination.height;

@@ -9,9 +9,9 @@ namespace vtr {
 /// A PCX picture decoded the plainest way, a byte at a time into buffers that tell when they are left: what
 /// DecodePcx has to agree with. Throws std::overflow_error, std::out_of_range and, for a file too short for
 /// its header or palette, std::length_error.
-class LiteralPcx {
+class PlainPcx {
   public:
-    explicit LiteralPcx(std::vector<std::uint8_t> file) : file_(std::move(file)) {
+    explicit PlainPcx(std::vector<std::uint8_t> file) : file_(std::move(file)) {
         if (file_.size() < 128)
             throw std::length_error("header");
         if (file_[3] == 8 && file_[65] == 1)
