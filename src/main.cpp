@@ -23,6 +23,7 @@ int main(int argc, char **argv) {
     // In the event loop, where a failure meets the event boundary.
     const auto start = [&] {
         session->programFolder = vtr::ProgramFolder();
+        session->dataFolder = vtr::UserDataFolder();
         window.Start(commandLine);
     };
     QMetaObject::invokeMethod(&window, start, Qt::QueuedConnection);

@@ -42,6 +42,8 @@ std::string PathText(const std::filesystem::path &path);
 std::string ProgramFolder();
 /// The user's configuration folder for the editor, ending in a separator; not created.
 std::string UserConfigFolder();
+/// The user's data folder for the editor, ending in a separator; not created.
+std::string UserDataFolder();
 /// True when folder exists and a file could be made or replaced in it.
 bool FolderIsWritable(const std::string &folder);
 

@@ -18,6 +18,20 @@ std::string AbsolutePathVariable(const char *name) {
     return value != nullptr && value[0] == '/' ? value : "";
 }
 
+/// The editor's folder in the one that the variable names, or else in byDefault of the user's home.
+std::string UserFolder(const char *variable, const char *byDefault) {
+    std::string folder = AbsolutePathVariable(variable);
+    if (folder.empty()) {
+        std::string home = AbsolutePathVariable("HOME");
+        if (home.empty()) {
+            const passwd *user = getpwuid(geteuid());
+            home = user != nullptr ? user->pw_dir : "/";
+        }
+        folder = home + byDefault;
+    }
+    return folder + "/vtr-target-editor/";
+}
+
 }  // namespace
 
 std::string ProgramFolder() {
@@ -30,16 +44,11 @@ std::string ProgramFolder() {
 }
 
 std::string UserConfigFolder() {
-    std::string folder = AbsolutePathVariable("XDG_CONFIG_HOME");
-    if (folder.empty()) {
-        std::string home = AbsolutePathVariable("HOME");
-        if (home.empty()) {
-            const passwd *user = getpwuid(geteuid());
-            home = user != nullptr ? user->pw_dir : "/";
-        }
-        folder = home + "/.config";
-    }
-    return folder + "/vtr-target-editor/";
+    return UserFolder("XDG_CONFIG_HOME", "/.config");
+}
+
+std::string UserDataFolder() {
+    return UserFolder("XDG_DATA_HOME", "/.local/share");
 }
 
 bool FolderIsWritable(const std::string &folder) {

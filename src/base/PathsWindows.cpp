@@ -9,6 +9,16 @@
 
 namespace vtr {
 
+namespace {
+
+/// The editor's folder in the one that the variable names.
+std::string UserFolder(const wchar_t *variable) {
+    const wchar_t *folder = _wgetenv(variable);
+    return PathText(folder != nullptr ? folder : L".") + "\\vtr-target-editor\\";
+}
+
+}  // namespace
+
 std::string ProgramFolder() {
     std::array<wchar_t, 32768> name;
     const DWORD length = GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()));
@@ -20,8 +30,11 @@ std::string ProgramFolder() {
 }
 
 std::string UserConfigFolder() {
-    const wchar_t *folder = _wgetenv(L"APPDATA");
-    return PathText(folder != nullptr ? folder : L".") + "\\vtr-target-editor\\";
+    return UserFolder(L"APPDATA");
+}
+
+std::string UserDataFolder() {
+    return UserFolder(L"LOCALAPPDATA");
 }
 
 bool FolderIsWritable(const std::string &folder) {

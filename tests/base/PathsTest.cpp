@@ -143,6 +143,18 @@ TEST(Paths, TheUsersConfigurationFolderFollowsTheEnvironment) {
     }
 }
 
+TEST(Paths, SoDoesTheUsersDataFolder) {
+    const Variable home("HOME", "/home/ann");
+    {
+        const Variable data("XDG_DATA_HOME", "/data");
+        EXPECT_EQ(UserDataFolder(), "/data/vtr-target-editor/");
+    }
+    for (const char *unusable : {"", "relative", static_cast<const char *>(nullptr)}) {
+        const Variable data("XDG_DATA_HOME", unusable);
+        EXPECT_EQ(UserDataFolder(), "/home/ann/.local/share/vtr-target-editor/");
+    }
+}
+
 TEST(Paths, AFileExistsInAnyLetterCaseAndWhereItsLinkLeadsToSomething) {
     const TemporaryFolder folder;
     folder.Make("TARGET.DAT", "");

@@ -24,7 +24,7 @@ for file in vtr-target-editor prefs.cfg map.dat; do
 done
 "$makeSampleCampaign" "$here/my campaign" >/dev/null
 cd "$here/elsewhere"
-export QT_QPA_PLATFORM=offscreen HOME=$here/home XDG_CONFIG_HOME=$here/home
+export QT_QPA_PLATFORM=offscreen HOME=$here/home XDG_CONFIG_HOME=$here/home XDG_DATA_HOME=$here/home
 
 # A path with a blank comes in two arguments.
 "$here/copied program/vtr-target-editor" "$here/my" campaign/sample.prj &
