@@ -155,7 +155,7 @@ void VisitOffsets(Fields &fields, Offsets &offsets) {
 /// The fields of a file in their order, for writing and for reading.
 template <typename Fields, typename Work, typename Tables>
 void VisitAll(Fields &fields, Work &work, Tables &tables) {
-    fields(work.project, work.editedAt);
+    fields(work.project, work.keptAt);
     VisitFiles(fields, work.files);
     for (auto &name : tables.TargetNameTable)
         fields(name);

@@ -20,8 +20,8 @@ struct StampedFile {
 
 /// What is kept beside the tables of a campaign that has unsaved edits.
 struct UnsavedWork {
-    std::string project;        ///< the path of the project file (UTF-8)
-    std::int64_t editedAt = 0;  ///< seconds since 1970
+    std::string project;      ///< the path of the project file (UTF-8)
+    std::int64_t keptAt = 0;  ///< seconds since 1970
     std::vector<StampedFile> files;
 
     bool operator==(const UnsavedWork &) const = default;

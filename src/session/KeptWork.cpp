@@ -1,0 +1,102 @@
+#include "KeptWork.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <filesystem>
+#include <random>
+#include <system_error>
+#include <utility>
+
+#include "Errors.h"
+#include "Hash.h"
+#include "Paths.h"
+#include "TemporaryNames.h"
+
+namespace vtr {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view workEnding = ".unsaved";
+constexpr std::string_view markEnding = ".owner";
+
+std::string Hexadecimal(std::uint64_t number) {
+    std::array<char, 16> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, 16).ptr;
+    const std::string shown(digits.data(), end);
+    return std::string(digits.size() - shown.size(), '0') + shown;
+}
+
+/// What the names of all work of the project begin with.
+std::string NameStart(const std::string &project) {
+    const std::string path = RealProjectPath(project);
+    return Hexadecimal(HashOf(Bytes(path.begin(), path.end()))) + "-";
+}
+
+std::string WorkFolder(const std::string &dataFolder) {
+    return dataFolder + "unsaved" + SeparatorOf(dataFolder);
+}
+
+/// A path that no work has had before: the number of a process comes again, and so does a moment when the
+/// clock is set back.
+std::string NewWorkPath(const std::string &dataFolder, const std::string &project) {
+    const std::string folder = WorkFolder(dataFolder);
+    std::error_code error;
+    fs::create_directories(FilesystemPath(folder), error);
+    if (error)
+        throw Error(ErrorKind::FileAccess, {.file = folder}, {"making the folder", error.message()});
+    std::random_device random;
+    return folder + NameStart(project) + Hexadecimal(std::uint64_t{random()} << 32 | random()) +
+           std::string(workEnding);
+}
+
+std::string MarkOf(const std::string &work) {
+    return work + std::string(markEnding);
+}
+
+}  // namespace
+
+KeptWork::KeptWork(const std::string &dataFolder, const std::string &project)
+    : path_(NewWorkPath(dataFolder, project)), mark_(MarkOf(path_)) {}
+
+std::string RealProjectPath(const std::string &project) {
+    const std::string clean = CleanAbsolutePath(PathOnDisk(project));
+    std::error_code error;
+    const fs::path real = fs::weakly_canonical(FilesystemPath(clean), error);
+    return error ? clean : PathText(real);
+}
+
+std::vector<std::string> AbandonedWork(const std::string &dataFolder, const std::string &project) {
+    const std::string folder = WorkFolder(dataFolder);
+    const std::string start = NameStart(project);
+    RemoveAbandonedTemporaries(folder);
+    std::vector<std::pair<fs::file_time_type, std::string>> found;
+    std::error_code error;
+    for (fs::directory_iterator entry(FilesystemPath(folder), error), end; !error && entry != end;
+         entry.increment(error)) {
+        const std::string name = PathText(entry->path().filename());
+        const std::string path = folder + name;
+        std::error_code ignored;
+        if (name.ends_with(markEnding) && !OwnerMark::IsHeld(path))
+            fs::remove(entry->path(), ignored);
+        else if (name.starts_with(start) && name.ends_with(workEnding) && !OwnerMark::IsHeld(MarkOf(path)))
+            found.emplace_back(entry->last_write_time(ignored), path);
+    }
+    std::ranges::sort(found, std::greater());
+    std::vector<std::string> paths;
+    for (const auto &[time, path] : found)
+        paths.push_back(path);
+    return paths;
+}
+
+std::string SetAside(const std::string &path) {
+    const std::string aside = path + ".damaged";
+    std::error_code error;
+    fs::rename(FilesystemPath(path), FilesystemPath(aside), error);
+    return error ? path : aside;
+}
+
+}  // namespace vtr

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "OwnerMark.h"
+
+namespace vtr {
+
+/// A file of unsaved work that is this process's own as long as this lives.
+class KeptWork {
+  public:
+    /// Chooses a name of its own for the work of the project in dataFolder and marks it; the file is not
+    /// made. Throws file-access Errors.
+    KeptWork(const std::string &dataFolder, const std::string &project);
+
+    const std::string &Path() const { return path_; }
+
+  private:
+    std::string path_;
+    OwnerMark mark_;
+};
+
+/// The path that a project has whichever way leads to it.
+std::string RealProjectPath(const std::string &project);
+
+/// The files of unsaved work of the project that are nobody's own: their processes have ended, or have loaded
+/// another project. The newest first. Marks of ended processes are removed.
+std::vector<std::string> AbandonedWork(const std::string &dataFolder, const std::string &project);
+
+/// Renames a file that cannot be read so that nobody is told of it again; its new path, or path when that
+/// fails.
+std::string SetAside(const std::string &path);
+
+}  // namespace vtr
