@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 
@@ -5,22 +6,30 @@
 #include "Hash.h"
 #include "UnsavedWork.h"
 
-// Whatever reads as unsaved work is written as the same bytes. The input stands for the fields: the size and
-// the checksum around them are right, so that it gets past those.
+namespace {
+
+void PutNumber(vtr::Bytes &file, std::size_t offset, std::uint64_t number) {
+    for (std::size_t i = 0; i < 8; ++i)
+        file[offset + i] = static_cast<std::uint8_t>(number >> (8 * i));
+}
+
+}  // namespace
+
+// The input stands in place of the first fields of a whole file, or of all of them. Its size and checksum are
+// put right, so that what is fuzzed gets past those. What reads is written and reads again.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     static const auto campaign = std::make_unique<vtr::Campaign>();
-    static const vtr::Bytes start = vtr::EncodeUnsavedWork({}, *campaign);
-    vtr::Bytes file(start.begin(), start.begin() + 20);
-    file.insert(file.end(), data, data + size);
-    const auto putNumber = [&file](std::size_t offset, std::uint64_t number) {
-        file.resize(std::max(file.size(), offset + 8));
-        for (std::size_t i = 0; i < 8; ++i)
-            file[offset + i] = static_cast<std::uint8_t>(number >> (8 * i));
-    };
-    putNumber(12, file.size() + 8);
-    putNumber(file.size(), vtr::HashOf(file));
+    static const vtr::Bytes whole = vtr::EncodeUnsavedWork({}, *std::make_unique<vtr::Campaign>());
+    constexpr std::size_t firstField = 20;
+    vtr::Bytes file = whole;
+    file.resize(std::max(file.size(), firstField + size + 8));
+    std::copy_n(data, size, file.begin() + firstField);
+    PutNumber(file, 12, file.size());
+    PutNumber(file, file.size() - 8, vtr::HashOf(vtr::ConstByteSpan(file).first(file.size() - 8)));
     try {
-        vtr::DecodeUnsavedWork(file, "fuzzed", *campaign);
+        const vtr::UnsavedWork work = vtr::DecodeUnsavedWork(file, "fuzzed", *campaign);
+        if (vtr::DecodeUnsavedWork(vtr::EncodeUnsavedWork(work, *campaign), "", *campaign) != work)
+            std::abort();
     } catch (const vtr::Error &) {
     }
     return 0;

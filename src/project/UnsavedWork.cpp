@@ -47,6 +47,14 @@ class FieldWriter {
     Bytes bytes;
 };
 
+template <std::integral Number>
+Number NumberAt(ConstByteSpan bytes, std::size_t offset) {
+    std::uint64_t number = 0;
+    for (std::size_t i = 0; i < sizeof(Number); ++i)
+        number |= std::uint64_t{bytes[offset + i]} << (8 * i);
+    return static_cast<Number>(number);
+}
+
 class FieldReader {
   public:
     FieldReader(ConstByteSpan fields, const std::string &path) : fields_(fields), path_(path) {}
@@ -61,13 +69,7 @@ class FieldReader {
 
     template <std::integral Number>
     void Get(Number &value) {
-        std::make_unsigned_t<Number> number = 0;
-        int shift = 0;
-        for (const std::uint8_t byte : Take(sizeof(Number))) {
-            number = static_cast<decltype(number)>(number | static_cast<std::uint64_t>(byte) << shift);
-            shift += 8;
-        }
-        value = static_cast<Number>(number);
+        value = NumberAt<Number>(Take(sizeof(Number)), 0);
     }
     void Get(double &value) {
         std::uint64_t bits = 0;
@@ -190,29 +192,30 @@ ConstByteSpan FieldsOf(ConstByteSpan bytes, const std::string &path) {
         throw Error(kind, {.file = path, .offset = static_cast<std::int64_t>(offset)}, std::move(expected),
                     std::move(found));
     };
-    const auto numberAt = [&]<typename Number>(std::size_t offset, Number number) {
-        FieldReader(bytes.subspan(offset, sizeof number), path).Get(number);
-        return number;
-    };
     const std::string found = std::to_string(bytes.size()) + " bytes";
     if (bytes.size() < firstField + hashSize)
         fail(ErrorKind::FileTooShort, 0, "a file of unsaved work", found);
     if (!std::ranges::equal(bytes.first(signature.size()), signature))
         fail(ErrorKind::TypeMismatch, 0, "a file of unsaved work", "something else");
-    if (const auto version = numberAt(versionOffset, std::uint32_t{}); version != formatVersion)
+    if (const auto version = NumberAt<std::uint32_t>(bytes, versionOffset); version != formatVersion)
         fail(ErrorKind::TypeMismatch, versionOffset,
              "unsaved work of this version of the editor (format " + std::to_string(formatVersion) + ")",
              "format " + std::to_string(version) + ", which another version of the editor wrote");
-    if (const auto size = numberAt(sizeOffset, std::uint64_t{}); size != bytes.size())
+    if (const auto size = NumberAt<std::uint64_t>(bytes, sizeOffset); size != bytes.size())
         fail(size > bytes.size() ? ErrorKind::FileTooShort : ErrorKind::FileTooLarge, sizeOffset,
              std::to_string(size) + " bytes", found);
     const std::size_t hashOffset = bytes.size() - hashSize;
-    if (numberAt(hashOffset, std::uint64_t{}) != HashOf(bytes.first(hashOffset)))
+    if (NumberAt<std::uint64_t>(bytes, hashOffset) != HashOf(bytes.first(hashOffset)))
         fail(ErrorKind::TypeMismatch, hashOffset, "the checksum of its content", "another: it is damaged");
     return bytes.subspan(firstField, hashOffset - firstField);
 }
 
 }  // namespace
+
+bool IsOfAnotherVersion(ConstByteSpan bytes) {
+    return bytes.size() >= firstField && std::ranges::equal(bytes.first(signature.size()), signature) &&
+           NumberAt<std::uint32_t>(bytes, versionOffset) != formatVersion;
+}
 
 Bytes EncodeUnsavedWork(const UnsavedWork &work, const Campaign &campaign) {
     FieldWriter fields;

@@ -31,6 +31,9 @@ struct UnsavedWork {
 /// own files cannot hold every edit; this one can.
 Bytes EncodeUnsavedWork(const UnsavedWork &work, const Campaign &campaign);
 
+/// True for a file of unsaved work that is not damaged as far as one can see, but has another format.
+bool IsOfAnotherVersion(ConstByteSpan bytes);
+
 /// Takes the tables over into campaign and gives the rest; path is for messages. Throws an Error, with
 /// campaign as it was, when bytes is not whole or of another version.
 UnsavedWork DecodeUnsavedWork(ConstByteSpan bytes, const std::string &path, Campaign &campaign);

@@ -31,9 +31,8 @@ std::string Hexadecimal(std::uint64_t number) {
 }
 
 /// What the names of all work of the project begin with.
-std::string NameStart(const std::string &project) {
-    const std::string path = RealProjectPath(project);
-    return Hexadecimal(HashOf(Bytes(path.begin(), path.end()))) + "-";
+std::string NameStart(const std::string &realProject) {
+    return Hexadecimal(HashOf(Bytes(realProject.begin(), realProject.end()))) + "-";
 }
 
 std::string WorkFolder(const std::string &dataFolder) {
@@ -42,14 +41,14 @@ std::string WorkFolder(const std::string &dataFolder) {
 
 /// A path that no work has had before: the number of a process comes again, and so does a moment when the
 /// clock is set back.
-std::string NewWorkPath(const std::string &dataFolder, const std::string &project) {
+std::string NewWorkPath(const std::string &dataFolder, const std::string &realProject) {
     const std::string folder = WorkFolder(dataFolder);
     std::error_code error;
     fs::create_directories(FilesystemPath(folder), error);
     if (error)
         throw Error(ErrorKind::FileAccess, {.file = folder}, {"making the folder", error.message()});
     std::random_device random;
-    return folder + NameStart(project) + Hexadecimal(std::uint64_t{random()} << 32 | random()) +
+    return folder + NameStart(realProject) + Hexadecimal(std::uint64_t{random()} << 32 | random()) +
            std::string(workEnding);
 }
 
@@ -60,7 +59,7 @@ std::string MarkOf(const std::string &work) {
 }  // namespace
 
 KeptWork::KeptWork(const std::string &dataFolder, const std::string &project)
-    : path_(NewWorkPath(dataFolder, project)), mark_(MarkOf(path_)) {}
+    : project_(RealProjectPath(project)), path_(NewWorkPath(dataFolder, project_)), mark_(MarkOf(path_)) {}
 
 std::string RealProjectPath(const std::string &project) {
     const std::string clean = CleanAbsolutePath(PathOnDisk(project));
@@ -71,7 +70,7 @@ std::string RealProjectPath(const std::string &project) {
 
 std::vector<std::string> AbandonedWork(const std::string &dataFolder, const std::string &project) {
     const std::string folder = WorkFolder(dataFolder);
-    const std::string start = NameStart(project);
+    const std::string start = NameStart(RealProjectPath(project));
     RemoveAbandonedTemporaries(folder);
     std::vector<std::pair<fs::file_time_type, std::string>> found;
     std::error_code error;

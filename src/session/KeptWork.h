@@ -15,8 +15,11 @@ class KeptWork {
     KeptWork(const std::string &dataFolder, const std::string &project);
 
     const std::string &Path() const { return path_; }
+    /// The project's RealProjectPath.
+    const std::string &Project() const { return project_; }
 
   private:
+    std::string project_;
     std::string path_;
     OwnerMark mark_;
 };

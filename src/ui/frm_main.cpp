@@ -49,7 +49,8 @@ frm_main::frm_main(Session &session)
       historyCommands_(session, widgets_, this, [this] { Redraw(); }),
       preferencesCommands_(session, widgets_, this),
       saveCommands_(session, widgets_, this),
-      projectCommands_(session, widgets_, saveCommands_, this, [this] { Redraw(); }),
+      workKeeper_(session),
+      projectCommands_(session, widgets_, saveCommands_, workKeeper_, this, [this] { Redraw(); }),
       projectFileCommands_(session, widgets_, this, [this] { Redraw(); }),
       tmr_TargetFlash_(this) {
     setObjectName(QStringLiteral("frm_main"));
@@ -62,7 +63,12 @@ frm_main::frm_main(Session &session)
     WireMenus();
     WireMap();
     WirePanels();
-    session.tablesChanged = [this] { widgets_.ShowEdits(); };
+    session.tablesChanged = [this] {
+        widgets_.ShowEdits();
+        workKeeper_.TablesChanged();
+    };
+    connect(&workKeeper_, &WorkKeeper::CannotKeep, this,
+            [this](const QString &message) { widgets_.sb_status->showMessage(message, 20000); });
     // What is typed in a field after another one was entered is another edit.
     connect(qApp, &QApplication::focusChanged, this, [this] { session_.history.EndMerging(); });
 }
@@ -184,8 +190,14 @@ void frm_main::moveEvent(QMoveEvent *event) {
     FitFrame();
 }
 
+void frm_main::CloseInSilence() {
+    closesInSilence_ = true;
+    close();
+}
+
 void frm_main::closeEvent(QCloseEvent *event) {
-    preferencesCommands_.Write();
+    KeepWork();
+    preferencesCommands_.Write(!closesInSilence_);
     event->accept();
 }
 

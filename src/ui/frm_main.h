@@ -12,6 +12,7 @@
 #include "ProjectCommands.h"
 #include "ProjectFileCommands.h"
 #include "SaveCommands.h"
+#include "WorkKeeper.h"
 #include "ZoomCommands.h"
 
 namespace vtr {
@@ -31,6 +32,11 @@ class frm_main : public QMainWindow {
 
     /// Lets the user save the open campaign and waits until that is over.
     void SaveFilesAndWait() { saveCommands_.ShowAndWait(); }
+
+    /// Keeps the unsaved edits, in case that the program ends.
+    Kept KeepWork() { return workKeeper_.KeepAndWait(); }
+    /// Closes the window whatever is open over it, without a question or a message.
+    void CloseInSilence();
 
     /// Redraws the map, once, and shows it.
     void Redraw();
@@ -57,10 +63,12 @@ class frm_main : public QMainWindow {
     HistoryCommands historyCommands_;
     PreferencesCommands preferencesCommands_;
     SaveCommands saveCommands_;
+    WorkKeeper workKeeper_;
     ProjectCommands projectCommands_;
     ProjectFileCommands projectFileCommands_;
     QTimer tmr_TargetFlash_;
     bool framed_ = false;
+    bool closesInSilence_ = false;
 };
 
 }  // namespace vtr

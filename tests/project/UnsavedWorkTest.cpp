@@ -153,10 +153,13 @@ TEST(UnsavedWork, EverySingleDamagedByteIsSeen) {
 
 TEST(UnsavedWork, AnotherVersionsFileIsRefusedByItsNumber) {
     Bytes file = EncodeUnsavedWork(someWork, *RandomTables(6));
+    EXPECT_FALSE(IsOfAnotherVersion(file));
+    EXPECT_FALSE(IsOfAnotherVersion({}));
     for (const unsigned version : {0U, 2U}) {
         file[8] = static_cast<std::uint8_t>(version);
         Seal(file);
         const Error error = ErrorOf(file);
+        EXPECT_TRUE(IsOfAnotherVersion(file));
         EXPECT_THAT(error.Expected(), HasSubstr("this version of the editor (format 1)"));
         EXPECT_THAT(error.Found(),
                     HasSubstr("format " + std::to_string(version) + ", which another version"));

@@ -41,6 +41,15 @@ class EditorWindow : public ::testing::Test {
         return *window_;
     }
 
+    /// Ends the program without closing its window and makes it anew.
+    void EndAndMakeAnew() {
+        window_.reset();
+        auto next = std::make_unique<Session>();
+        next->programFolder = session->programFolder;
+        next->dataFolder = session->dataFolder;
+        session = std::move(next);
+    }
+
     NumberField &Number(const char *name) { return Find<NumberField>(window(), QLatin1String(name)); }
     QAction &Entry(const char *name) { return *window().findChild<QAction *>(QLatin1String(name)); }
     /// Does open and, in the dialog of that name that must come up modal over the window, act; true when one

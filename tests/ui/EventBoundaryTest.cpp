@@ -23,7 +23,10 @@ int ExitStatusAfter(const Error &error, ShownBox &shown) {
 class EventBoundaryTest : public ::testing::Test {
   protected:
     void SetUp() override { SetTo(false, QStringLiteral("Loading the project")); }
-    void TearDown() override { SetTo(false, QStringLiteral("Your last action")); }
+    void TearDown() override {
+        SetTo(false, QStringLiteral("Your last action"));
+        dynamic_cast<EventBoundary &>(*qApp).KeepWorkFirst([] { return Kept::NothingUnsaved; });
+    }
     static void SetTo(bool projectLoaded, const QString &operation) {
         BoundarySession().campaign.ProjectLoaded = projectLoaded;
         BoundarySession().operation = operation.toStdString();
@@ -66,13 +69,29 @@ TEST_F(EventBoundaryTest, AnErrorOfTheLibrariesEndsTheProgramTheSameWay) {
               "The program ends now. Put right what is said above, if you can, and start it again.");
 }
 
-TEST_F(EventBoundaryTest, WithAProjectOpenTheMessageSaysWhatBecameOfTheEdits) {
+TEST_F(EventBoundaryTest, TheMessageSaysWhatBecameOfUnsavedEdits) {
     SetTo(true, QStringLiteral("Drawing the map"));
-    ShownBox shown;
-    EXPECT_EQ(ExitStatusAfter(Error(ErrorKind::Overflow, {}, "a", "b"), shown), 1);
-    EXPECT_THAT(shown.text.toStdString(),
-                HasSubstr("Edits that you had not saved, if any, are lost; the files that you saved "
-                          "are as you saved them."));
+    auto &application = dynamic_cast<EventBoundary &>(*qApp);
+    const auto textWith = [&application](Kept edits) {
+        bool isKept = false;
+        application.KeepWorkFirst([&] {
+            EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+            isKept = true;
+            return edits;
+        });
+        ShownBox shown;
+        EXPECT_EQ(ExitStatusAfter(Error(ErrorKind::Overflow, {}, "a", "b"), shown), 1);
+        EXPECT_TRUE(isKept);
+        return shown.text.section(QStringLiteral("\n\n"), -1).toStdString();
+    };
+    EXPECT_EQ(textWith(Kept::Kept),
+              "The program ends now. Your unsaved edits are kept; the editor offers them when you load the "
+              "project again. Put right what is said above, if you can, and start it again.");
+    EXPECT_EQ(textWith(Kept::Failed),
+              "The program ends now. Your unsaved edits could not be kept and are lost; the files that you "
+              "saved are as you saved them. Put right what is said above, if you can, and start it again.");
+    EXPECT_EQ(textWith(Kept::NothingUnsaved),
+              "The program ends now. Put right what is said above, if you can, and start it again.");
 }
 
 TEST_F(EventBoundaryTest, AWriteBeyondTheSizeLimitDoesNotEndTheProgramWithoutAWord) {

@@ -382,6 +382,7 @@ TEST_F(HistoryCommandsTest, TheNameFieldTakesItsOwnTypingBackBeforeTheProgramUnd
 }
 
 TEST_F(HistoryCommandsTest, ALoadForgetsTheEdits) {
+    session->dataFolder.clear();  // so that nobody asks whether to take them back
     Number("upd_tar_x").SetNumber(10);
     window().Start(QString::fromStdString(SamplePath()));
     EXPECT_FALSE(Entry("mnu_e_undo").isEnabled());

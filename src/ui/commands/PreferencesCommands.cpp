@@ -86,13 +86,14 @@ void PreferencesCommands::TellBadLines() {
     ShowMessage(window_, QMessageBox::Warning, text);
 }
 
-void PreferencesCommands::Write() {
+void PreferencesCommands::Write(bool tellsFailure) {
     const QString operation = tr("Saving the preferences");
     try {
         WritePreferences(paths_, session_.preferences);
     } catch (const Error &error) {
-        ShowMessage(window_, QMessageBox::Warning,
-                    ErrorReport(operation, error, NextStart(error.AfterTheFailure())));
+        if (tellsFailure)
+            ShowMessage(window_, QMessageBox::Warning,
+                        ErrorReport(operation, error, NextStart(error.AfterTheFailure())));
     }
 }
 

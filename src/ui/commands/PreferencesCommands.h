@@ -17,8 +17,8 @@ class PreferencesCommands : public QObject {
     void Read();
     /// Lists the lines that Read passed over, if there were any.
     void TellBadLines();
-    /// A failure is shown and then let be: the program is ending.
-    void Write();
+    /// A failure is shown, if it is to be told, and then let be: the program is ending.
+    void Write(bool tellsFailure);
 
   private:
     Session &session_;

@@ -20,18 +20,21 @@
 #include "ShowMessage.h"
 #include "StatusBar.h"
 #include "TargetPanel.h"
+#include "UnsavedWorkQuestion.h"
 #include "WaypointPanel.h"
+#include "WorkKeeper.h"
 #include "frm_newproject.h"
 #include "frm_progress.h"
 
 namespace vtr {
 
 ProjectCommands::ProjectCommands(Session &session, MainWidgets &widgets, SaveCommands &saveCommands,
-                                 QMainWindow *window, std::function<void()> redraw)
+                                 WorkKeeper &workKeeper, QMainWindow *window, std::function<void()> redraw)
     : QObject(window),
       session_(session),
       widgets_(widgets),
       saveCommands_(saveCommands),
+      workKeeper_(workKeeper),
       window_(window),
       redraw_(std::move(redraw)),
       frm_progress_(new frm_progress(window)) {
@@ -53,6 +56,7 @@ void ProjectCommands::Load(const std::string &path) {
     const QString nameBefore = widgets_.sb_status->project->text();
     session_.loadFailed = false;
     isHandedOver_ = false;
+    workKeeper_.Keep();
     try {
         LoadProject(path, session_.campaign, *this);
     } catch (...) {
@@ -62,6 +66,11 @@ void ProjectCommands::Load(const std::string &path) {
         throw;
     }
     saveCommands_.ProjectChanged();
+    if (isHandedOver_)
+        OfferUnsavedWork(session_, workKeeper_, window_, [this] {
+            widgets_.ShowSelections();
+            redraw_();
+        });
 }
 
 ProjectCommands::Answer ProjectCommands::AskForExport() {
@@ -165,6 +174,7 @@ void ProjectCommands::LoadMapPicture(const std::string &path, LoadListener &list
 void ProjectCommands::ShowCampaign() {
     const ProjectPaths &paths = session_.campaign.paths;
     isHandedOver_ = true;
+    workKeeper_.LetGo();
     session_.tablesProject = paths.ProjectDir + paths.ProjectFile;
     session_.map = std::move(readMap_);
     session_.mapIsUpsideDown = false;

@@ -10,14 +10,15 @@ namespace vtr {
 
 class frm_progress;
 class SaveCommands;
+class WorkKeeper;
 
 /// The commands of the project menu that load, make and save projects.
 class ProjectCommands : public QObject, private LoadProjectWindow {
     Q_OBJECT
 
   public:
-    ProjectCommands(Session &session, MainWidgets &widgets, SaveCommands &saveCommands, QMainWindow *window,
-                    std::function<void()> redraw);
+    ProjectCommands(Session &session, MainWidgets &widgets, SaveCommands &saveCommands,
+                    WorkKeeper &workKeeper, QMainWindow *window, std::function<void()> redraw);
 
     /// Loads the project at path (UTF-8). An empty path or a folder is refused in a warning; any other
     /// failure is left to the event boundary, which ends the program.
@@ -47,6 +48,7 @@ class ProjectCommands : public QObject, private LoadProjectWindow {
     Session &session_;
     MainWidgets &widgets_;
     SaveCommands &saveCommands_;
+    WorkKeeper &workKeeper_;
     QMainWindow *window_;
     std::function<void()> redraw_;
     frm_progress *frm_progress_;

@@ -17,18 +17,20 @@ bool CampaignIsWhole(const Session &session) {
     return session.loadFailed && session.campaign.ProjectLoaded;
 }
 
-QString EndOfTheProgram(const Session &session) {
-    if (CampaignIsWhole(session))
-        return QStringLiteral(
-            "The program ends now. The campaign that was open still is, with all its edits: press \"Save "
-            "Files "
-            "First...\" if you have not saved them.");
-    QString text = QStringLiteral("The program ends now. ");
-    if (session.campaign.ProjectLoaded)
-        text += QStringLiteral(
-            "Edits that you had not saved, if any, are lost; the files that you saved are as you saved "
-            "them. ");
-    return text + QStringLiteral("Put right what is said above, if you can, and start it again.");
+QString FateOf(Kept edits) {
+    switch (edits) {
+        case Kept::Kept:
+            return QStringLiteral(
+                "Your unsaved edits are kept; the editor offers them when you load the project again. ");
+        case Kept::Failed:
+            return QStringLiteral(
+                "Your unsaved edits could not be kept and are lost; the files that you saved are as you "
+                "saved "
+                "them. ");
+        case Kept::NothingUnsaved:
+            break;
+    }
+    return {};
 }
 
 }  // namespace
@@ -47,13 +49,24 @@ bool EventBoundary::notify(QObject *receiver, QEvent *event) {
     try {
         return QApplication::notify(receiver, event);
     } catch (const Error &error) {
-        Fail(ErrorReport(QString::fromStdString(session_.operation), error, EndOfTheProgram(session_)));
+        Fail(ErrorReport(QString::fromStdString(session_.operation), error, EndOfTheProgram()));
     } catch (const std::exception &error) {
         Fail(QStringLiteral("%1 failed.\n\n%2\n\n%3")
                  .arg(QString::fromStdString(session_.operation), QString::fromUtf8(error.what()),
-                      EndOfTheProgram(session_)));
+                      EndOfTheProgram()));
     }
     return false;
+}
+
+QString EventBoundary::EndOfTheProgram() const {
+    const Kept edits = keepWork_();
+    if (CampaignIsWhole(session_))
+        return QStringLiteral(
+            "The program ends now. The campaign that was open still is, with all its edits: press \"Save "
+            "Files "
+            "First...\" if you have not saved them.");
+    return QStringLiteral("The program ends now. ") + FateOf(edits) +
+           QStringLiteral("Put right what is said above, if you can, and start it again.");
 }
 
 void EventBoundary::Fail(const QString &report) {

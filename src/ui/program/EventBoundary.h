@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "Session.h"
+#include "WorkKeeper.h"
 
 namespace vtr {
 
@@ -19,15 +20,20 @@ class EventBoundary : public QApplication {
     /// before the program ends; closeWindow is called at that end.
     void OfferSavingFirst(std::function<void()> saveFiles, std::function<void()> closeWindow);
 
+    /// keepWork is called before each report, which tells what became of the unsaved edits.
+    void KeepWorkFirst(std::function<Kept()> keepWork) { keepWork_ = std::move(keepWork); }
+
     bool notify(QObject *receiver, QEvent *event) override;
 
   private:
+    QString EndOfTheProgram() const;
     void Fail(const QString &report);
     void ShowReport(const QString &report);
 
     const Session &session_;
     std::function<void()> saveFiles_;
     std::function<void()> closeWindow_;
+    std::function<Kept()> keepWork_ = [] { return Kept::NothingUnsaved; };
     bool reporting_ = false;  ///< one message is enough
 };
 

@@ -1,0 +1,81 @@
+#include "WorkKeeper.h"
+
+#include <QDateTime>
+#include <chrono>
+
+#include "UnsavedWork.h"
+
+namespace vtr {
+
+WorkKeeper::WorkKeeper(Session &session, QObject *parent)
+    : QObject(parent), session_(session), writer_([this](const std::optional<Error> &failure) {
+          hasFailed_ = failure && !failure->FileReplaced();
+          QMetaObject::invokeMethod(
+              this, [this, failure] { Written(failure); }, Qt::QueuedConnection);
+      }) {
+    using namespace std::chrono_literals;
+    afterLastEdit_.setInterval(2s);
+    afterFirstEdit_.setInterval(4s);
+    for (QTimer *timer : {&afterLastEdit_, &afterFirstEdit_}) {
+        timer->setSingleShot(true);
+        connect(timer, &QTimer::timeout, this, [this] { Keep(); });
+    }
+}
+
+void WorkKeeper::TablesChanged() {
+    if (session_.dataFolder.empty())
+        return;
+    if (session_.HasUnsavedEdits()) {
+        afterLastEdit_.start();
+        if (!afterFirstEdit_.isActive())
+            afterFirstEdit_.start();
+        return;
+    }
+    afterLastEdit_.stop();
+    afterFirstEdit_.stop();
+    if (std::exchange(isKept_, false))
+        writer_.Remove(own_->Path());
+}
+
+void WorkKeeper::Keep(const std::vector<std::string> &outdated) {
+    afterLastEdit_.stop();
+    afterFirstEdit_.stop();
+    if (session_.dataFolder.empty() || !session_.HasUnsavedEdits())
+        return;
+    try {
+        if (own_ == nullptr)
+            own_ = std::make_unique<KeptWork>(session_.dataFolder, session_.tablesProject);
+        const UnsavedWork work{own_->Project(), QDateTime::currentSecsSinceEpoch(), {}};
+        writer_.Write(own_->Path(), EncodeUnsavedWork(work, session_.campaign), outdated);
+        isKept_ = true;
+    } catch (const Error &error) {
+        hasFailed_ = true;
+        Written(error);
+    }
+}
+
+Kept WorkKeeper::KeepAndWait() {
+    const bool isUnsaved = session_.HasUnsavedEdits();
+    hasFailed_ = session_.dataFolder.empty();
+    Keep();
+    writer_.Wait();
+    return !isUnsaved ? Kept::NothingUnsaved : hasFailed_ ? Kept::Failed : Kept::Kept;
+}
+
+void WorkKeeper::LetGo() {
+    afterLastEdit_.stop();
+    afterFirstEdit_.stop();
+    own_.reset();
+    isKept_ = false;
+}
+
+void WorkKeeper::Written(const std::optional<Error> &failure) {
+    const bool wasTold = std::exchange(isTold_, failure.has_value());
+    if (failure && !wasTold)
+        Q_EMIT CannotKeep(
+            tr("Your unsaved edits cannot be kept in %1: %2. Save the files, or they are lost when "
+               "the editor fails.")
+                .arg(QString::fromStdString(session_.dataFolder), QString::fromStdString(failure->Reason())));
+}
+
+}  // namespace vtr
