@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 #include "EditorWindow.h"
 #include "MapFrame.h"
@@ -283,10 +284,23 @@ TEST_F(HistoryCommandsTest, SteppingAndTheWheelMergeWithTyping) {
     column.selectAll();
     QTest::keyClicks(&column, "12");
     QTest::keyClick(&column, Qt::Key_Up);
-    column.stepBy(3);
+    QWheelEvent wheel(QPointF(5, 5), column.mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, 360),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&column, &wheel);
     EXPECT_EQ(campaign().TargetTable[0].x, 16);
     Undo();
     EXPECT_EQ(campaign().TargetTable[0].x, 5);
+}
+
+TEST_F(HistoryCommandsTest, TypingANameIsOneEdit) {
+    auto &name = Focused<QLineEdit>("txt_tar_name");
+    const std::string before = campaign().TargetTable[0].name;
+    name.selectAll();
+    QTest::keyClicks(&name, "Wexlinmere");
+    EXPECT_EQ(campaign().TargetTable[0].name, "Wexlinmere");
+    Undo();
+    EXPECT_EQ(campaign().TargetTable[0].name, before);
+    EXPECT_EQ(name.text().toStdString(), before);
 }
 
 TEST_F(HistoryCommandsTest, ArrowKeysOnTheMapAreOneEditForEachDirectionTheyGo) {
