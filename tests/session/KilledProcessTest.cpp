@@ -30,7 +30,7 @@ namespace fs = std::filesystem;
 void SetAll(Campaign &campaign, int number) {
     const auto byte = static_cast<std::uint8_t>(number);
     for (std::string &name : campaign.TargetNameTable)
-        name = std::to_string(number);
+        name = std::to_string(1000 + number);  // always as long, and so is the file
     for (TargetRecord &target : campaign.TargetTable) {
         target.count = byte;
         target.name = campaign.TargetNameTable[target.code];
