@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "Bytes.h"
@@ -14,6 +15,9 @@ namespace vtr {
 /// it was, or replaced although a later step failed, or, when it could not get its old bytes back, perhaps
 /// damaged. The temporary is removed. What exists and is no regular file is refused.
 void AtomicWrite(const std::string &path, ConstByteSpan bytes);
+
+/// Gives the file at path its bytes: AtomicWrite, or what stands for it.
+using FileWrite = std::function<void(const std::string &path, ConstByteSpan bytes)>;
 
 /// From now on a write beyond the size that a file may have for this process fails like any other, instead of
 /// ending the program without a word.

@@ -26,21 +26,34 @@ class LoadSteps : public LoadListener {
     }
     void AddProgress(double step) override { SetProgress(value_ + step); }
     void FoundShortFile(const ShortFile &file) override { shortFiles_.push_back(file); }
+    void HaveRead(const std::string &path, ConstByteSpan bytes) override {
+        stamps_[box_] = KnownFileOf(path, bytes);
+    }
+    /// The file of that save box is the next that is read.
+    void SetSaveBox(std::size_t box) { box_ = box; }
+    FileStamps &Stamps() { return stamps_; }
     const std::vector<ShortFile> &ShortFiles() const { return shortFiles_; }
 
   private:
     LoadProjectWindow &window_;
     double value_ = 0;
     std::vector<ShortFile> shortFiles_;
+    std::size_t box_ = 0;
+    FileStamps stamps_;
 };
 
 void ReadCampaignFiles(Campaign &campaign, LoadSteps &steps) {
     campaign.RailwayLineCount = 0;
     campaign.firstDisabledRailwayLine = 0;  // it spoke of the lines of the project before
     for (const CampaignFile *file : filesInReadingOrder) {
+        steps.SetSaveBox(file->SaveBox());
         file->read(campaign.paths.PathOf(campaign.paths.*file->name), campaign, steps);
         steps.SetProgress(file->progressAfter);
     }
+    for (const CampaignFile &file : campaignFiles)
+        if (file.write != nullptr && file.read == nullptr)
+            steps.Stamps()[file.SaveBox()] =
+                KnownFileBySizeAndTime(campaign.paths.PathOf(campaign.paths.*file.name));
 }
 
 std::vector<std::string> KeysWithoutFile(const ProjectPaths &paths) {
@@ -63,7 +76,7 @@ std::optional<Error> RefusalOfProjectPath(const std::string &path) {
     return std::nullopt;
 }
 
-void LoadProject(const std::string &path, Campaign &open, LoadProjectWindow &window) {
+void LoadProject(const std::string &path, Campaign &open, LoadProjectWindow &window, FileStamps *stamps) {
     LoadSteps steps(window);
     const auto loaded = std::make_unique<Campaign>(open);
     ProjectPaths &paths = loaded->paths;
@@ -102,6 +115,8 @@ void LoadProject(const std::string &path, Campaign &open, LoadProjectWindow &win
     loaded->ProjectLoaded = true;
     ReadCampaignFiles(*loaded, steps);
     open = std::move(*loaded);
+    if (stamps != nullptr)
+        *stamps = std::move(steps.Stamps());
     window.ShowCampaign();
     steps.SetProgress(100);
     window.CloseProgress();

@@ -6,6 +6,7 @@
 
 #include "Campaign.h"
 #include "Errors.h"
+#include "FileStamps.h"
 #include "LoadListener.h"
 #include "ProjectFile.h"
 
@@ -46,7 +47,9 @@ std::optional<Error> RefusalOfProjectPath(const std::string &path);
 
 /// Loads the project at path (UTF-8) in place of open and shows it in the window. What the project lacks
 /// stays as it is in open; of a project without a map ("NONE") only the paths and the name are taken over.
-/// Throws the Errors of the files; open is then as it was, and the progress window is open.
-void LoadProject(const std::string &path, Campaign &open, LoadProjectWindow &window);
+/// When the campaign is handed over, stamps (which may be null) get what its files were. Throws the Errors of
+/// the files; open is then as it was, and the progress window is open.
+void LoadProject(const std::string &path, Campaign &open, LoadProjectWindow &window,
+                 FileStamps *stamps = nullptr);
 
 }  // namespace vtr

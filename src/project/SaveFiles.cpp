@@ -54,8 +54,39 @@ std::string LinkOutOf(const std::string &folder, const std::string &path) {
     }
 }
 
-std::optional<int> Write(const CampaignFile &file, const Campaign &campaign,
-                         const std::string &programFolder) {
+/// Replaces files, each of which must be as it is expected to be (null: as it likes), and keeps what they are
+/// then.
+class Replacer {
+  public:
+    Replacer(const FileStamps *expected, FileStamps &stamps) : expected_(expected), stamps_(stamps) {}
+
+    FileWrite WriteFor(std::size_t box) const {
+        return [this, box](const std::string &path, ConstByteSpan bytes) { Replace(box, path, bytes); };
+    }
+
+  private:
+    void Replace(std::size_t box, const std::string &path, ConstByteSpan bytes) const {
+        if (expected_ != nullptr && HasChanged((*expected_)[box], path))
+            throw Error(ErrorKind::FileAccess, {.file = path}, "the file as it was when this save began",
+                        "one that another program has changed since");
+        try {
+            AtomicWrite(path, bytes);
+        } catch (const Error &error) {
+            if (error.FileReplaced())
+                stamps_[box] = KnownFileOf(path, bytes);
+            else if (error.AfterTheFailure() == FileAfterwards::MayBeDamaged)
+                stamps_[box] = KnownFileBySizeAndTime(path);
+            throw;
+        }
+        stamps_[box] = KnownFileOf(path, bytes);
+    }
+
+    const FileStamps *expected_;
+    FileStamps &stamps_;
+};
+
+std::optional<int> Write(const CampaignFile &file, const Campaign &campaign, const std::string &programFolder,
+                         const Replacer &replacer) {
     const std::string &name = campaign.paths.*file.name;
     const std::string path = campaign.paths.PathOf(name);
     if (const std::string objection = name.empty() ? "" : ObjectionTo(campaign.paths, file);
@@ -64,7 +95,11 @@ std::optional<int> Write(const CampaignFile &file, const Campaign &campaign,
                     "a file in the project's folder that only " + UpperAscii(file.key) + " names",
                     "\"" + Utf8OfProjectText(name) + "\", which " + objection);
     // Without a file too: the grid data is checked all the same.
-    return file.write(path, campaign, programFolder);
+    return file.write(path, campaign, programFolder, replacer.WriteFor(file.SaveBox()));
+}
+
+bool IsTicked(const CampaignFile &file, const SaveBoxes &ticked) {
+    return file.write != nullptr && ticked[file.SaveBox()];
 }
 
 }  // namespace
@@ -87,24 +122,31 @@ SaveBoxFile FileOfSaveBox(const ProjectPaths &paths, std::size_t box) {
     return found;
 }
 
-SaveOutcome SaveFiles(const Campaign &campaign, const SaveBoxes &ticked, const std::string &programFolder) {
+std::vector<const CampaignFile *> FilesToSave(const ProjectPaths &paths, const SaveBoxes &ticked) {
+    std::vector<const CampaignFile *> files;
+    for (const CampaignFile &file : campaignFiles)
+        if (IsTicked(file, ticked) && !(paths.*file.name).empty() && ObjectionTo(paths, file).empty())
+            files.push_back(&file);
+    return files;
+}
+
+SaveOutcome SaveFiles(const Campaign &campaign, const SaveBoxes &ticked, const std::string &programFolder,
+                      const FileStamps *expected) {
     RemoveAbandonedTemporaries(campaign.paths.ProjectDir);
     SaveOutcome outcome;
-    const auto isTicked = [&ticked](const CampaignFile &file) {
-        return file.write != nullptr && ticked[static_cast<std::size_t>(file.saveBox)];
-    };
+    const Replacer replacer(expected, outcome.stamps);
     const auto isNamed = [&campaign](const CampaignFile &file) {
         return !(campaign.paths.*file.name).empty();
     };
     for (const CampaignFile &file : campaignFiles)
-        if (isTicked(file) && isNamed(file))
+        if (IsTicked(file, ticked) && isNamed(file))
             outcome.notWritten.push_back(file.usualName);
     for (const CampaignFile &file : campaignFiles) {
-        if (!isTicked(file))
+        if (!IsTicked(file, ticked))
             continue;
         std::optional<int> misfit;
         try {
-            misfit = Write(file, campaign, programFolder);
+            misfit = Write(file, campaign, programFolder, replacer);
         } catch (const Error &error) {
             outcome.failure = error;
         } catch (const std::bad_alloc &) {

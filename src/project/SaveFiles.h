@@ -7,13 +7,14 @@
 #include <vector>
 
 #include "Campaign.h"
+#include "CampaignFiles.h"
 #include "Errors.h"
+#include "FileStamps.h"
 
 namespace vtr {
 
 /// The files of the save dialog, by the index of their check boxes; there is no box 3, whose caption is
 /// empty. Boxes 7 to 10 are shown, but those files are never written.
-constexpr std::size_t saveBoxTotal = 11;
 constexpr std::size_t firstUnwrittenBox = 7;
 
 using SaveBoxes = std::array<bool, saveBoxTotal>;
@@ -29,6 +30,9 @@ struct SaveBoxFile {
 };
 SaveBoxFile FileOfSaveBox(const ProjectPaths &paths, std::size_t box);
 
+/// The ticked files that a save replaces or makes, in its order.
+std::vector<const CampaignFile *> FilesToSave(const ProjectPaths &paths, const SaveBoxes &ticked);
+
 /// How a save ended. A file that the project does not name, or that may be damaged now (failure tells), is
 /// neither written nor not written.
 struct SaveOutcome {
@@ -36,12 +40,15 @@ struct SaveOutcome {
     std::vector<std::string_view> notWritten;  ///< those that still stand as they were
     std::optional<int> misfit;                 ///< the target that the grid data has no cell for
     std::optional<Error> failure;              ///< what stopped the save
+    FileStamps stamps;                         ///< of the files that are no longer as they were before it
 
     bool Succeeded() const { return !misfit && !failure; }
 };
 
 /// Writes the ticked files in place, in the order targets, target names, grid data, frontlines, airfields,
-/// railway. The first file that fails stops the save; a target without a cell does not.
-SaveOutcome SaveFiles(const Campaign &campaign, const SaveBoxes &ticked, const std::string &programFolder);
+/// railway. The first file that fails stops the save; a target without a cell does not. A file that is no
+/// longer as expected (which may be null) says fails.
+SaveOutcome SaveFiles(const Campaign &campaign, const SaveBoxes &ticked, const std::string &programFolder,
+                      const FileStamps *expected = nullptr);
 
 }  // namespace vtr

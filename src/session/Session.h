@@ -7,6 +7,7 @@
 
 #include "Campaign.h"
 #include "EditMode.h"
+#include "FileStamps.h"
 #include "History.h"
 #include "MapDisplay.h"
 #include "MapView.h"
@@ -20,6 +21,7 @@ namespace vtr {
 /// All that the editor holds while it runs: made once by the program's start and handed down by reference.
 struct Session {
     Campaign campaign;
+    FileStamps fileStamps;  ///< what its files were when they were last read or written
     Preferences preferences;
     MapView view;
     ShownLayers layers;

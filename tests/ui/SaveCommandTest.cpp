@@ -231,6 +231,53 @@ TEST_F(SaveCommand, OfWhereALinkLeadsOnlyTheBeginningIsShownWhenItIsVeryLong) {
     EXPECT_LT(question.text.size(), 700);
 }
 
+TEST_F(SaveCommand, AFileThatAnotherProgramChangedIsOverwrittenOnlyAfterAQuestion) {
+    StartWithSample();
+    Number("upd_tar_x").SetNumber(321);
+    folder.Make("TARGET.DAT", "theirs");
+    OpenSaveDialog();
+    Tick(0);
+    Tick(4);
+    ShownBox question;
+    AnswerNextBox(question, QMessageBox::No);
+    PressSave();
+    EXPECT_EQ(question.text,
+              "TARGET.DAT has been changed by another program since it was loaded. Overwrite it?");
+    EXPECT_EQ(question.title, "VTR Target Editor");
+    EXPECT_EQ(question.buttons, QMessageBox::Yes | QMessageBox::No);
+    EXPECT_EQ(folder.Content("TARGET.DAT"), "theirs");
+    EXPECT_TRUE(DialogIsOpen());
+    EXPECT_TRUE(Box(0).isChecked());
+    EXPECT_EQ(Line().text(), "Nothing was written. All your edits are still in the editor.");
+    EXPECT_EQ(session->campaign.TargetTable[0].x, 321);
+
+    AnswerNextBox(question, QMessageBox::Yes);
+    PressSave();
+    EXPECT_EQ(question.count, 2);
+    EXPECT_EQ(folder.Content("TARGET.DAT").size(), 9668U);
+    EXPECT_FALSE(DialogIsOpen());
+}
+
+TEST_F(SaveCommand, SeveralFilesThatAnotherProgramChangedAreOneQuestionWhichNoAnswersByDefault) {
+    StartWithSample();
+    for (const char *name : {"VTR_RRD.DAT", "TARGET.DAT", "AIRFIELD.DAT"})
+        folder.Make(name, "theirs");
+    OpenSaveDialog();
+    Find<QCheckBox>(*SaveDialog(), QStringLiteral("chk_saveall")).click();
+    QString text;
+    WhenModalOpens<QMessageBox>([&text](QMessageBox &box) {
+        text = box.text();
+        EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    PressSave();
+    EXPECT_EQ(text,
+              "TARGET.DAT, AIRFIELD.DAT and VTR_RRD.DAT have been changed by another program since they were "
+              "loaded. Overwrite them?");
+    EXPECT_TRUE(DialogIsOpen());
+    EXPECT_EQ(folder.Content("AIRFIELD.DAT"), "theirs");
+}
+
 TEST_F(SaveCommand, AfterAProjectWithoutAMapTheLineWarnsThatTheTablesAreThoseOfAnother) {
     StartWithSample();
     TemporaryFolder other;

@@ -2,7 +2,6 @@
 
 #include "AirfieldLists.h"
 #include "Arithmetic.h"
-#include "AtomicWrite.h"
 #include "GamePosition.h"
 #include "RecordFile.h"
 #include "WholeFile.h"
@@ -79,9 +78,9 @@ Bytes EncodeAirfields(const Campaign &campaign, const std::string &path) {
     });
 }
 
-void WriteAirfields(const std::string &path, const Campaign &campaign) {
+void WriteAirfields(const std::string &path, const Campaign &campaign, const FileWrite &write) {
     if (!path.empty())
-        AtomicWrite(path, EncodeAirfields(campaign, path));
+        write(path, EncodeAirfields(campaign, path));
 }
 
 }  // namespace vtr

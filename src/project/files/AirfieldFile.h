@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AtomicWrite.h"
 #include "Campaign.h"
 #include "LoadListener.h"
 
@@ -26,6 +27,6 @@ void ReadAirfields(const std::string &path, Campaign &campaign, LoadListener &li
 /// The whole airfield file; path is for messages.
 Bytes EncodeAirfields(const Campaign &campaign, const std::string &path = {});
 /// Writes the airfield file; an empty path writes nothing.
-void WriteAirfields(const std::string &path, const Campaign &campaign);
+void WriteAirfields(const std::string &path, const Campaign &campaign, const FileWrite &write = AtomicWrite);
 
 }  // namespace vtr

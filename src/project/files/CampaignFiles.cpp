@@ -21,19 +21,21 @@ void ReadTerrain(const std::string &path, Campaign &campaign, LoadListener &list
 }
 
 std::optional<int> WriteTargetFile(const std::string &path, const Campaign &campaign,
-                                   const std::string &programFolder) {
-    WriteTargets(path, campaign, programFolder);
+                                   const std::string &programFolder, const FileWrite &write) {
+    WriteTargets(path, campaign, programFolder, write);
     return std::nullopt;
 }
 
-std::optional<int> WriteGridFile(const std::string &path, const Campaign &campaign, const std::string &) {
-    return WriteGridData(path, campaign);
+std::optional<int> WriteGridFile(const std::string &path, const Campaign &campaign, const std::string &,
+                                 const FileWrite &write) {
+    return WriteGridData(path, campaign, write);
 }
 
 /// A writer that needs nothing but the tables and always finds room.
-template <void (*Write)(const std::string &path, const Campaign &campaign)>
-std::optional<int> WriteTables(const std::string &path, const Campaign &campaign, const std::string &) {
-    Write(path, campaign);
+template <void (*Write)(const std::string &path, const Campaign &campaign, const FileWrite &write)>
+std::optional<int> WriteTables(const std::string &path, const Campaign &campaign, const std::string &,
+                               const FileWrite &write) {
+    Write(path, campaign, write);
     return std::nullopt;
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "AtomicWrite.h"
 #include "Campaign.h"
 #include "LoadListener.h"
 
@@ -12,6 +13,8 @@ namespace vtr {
 
 /// No file of the game comes near it.
 constexpr std::size_t mostGameFileMebibytes = 64;
+/// Of the save dialog; there is no box 3.
+constexpr std::size_t saveBoxTotal = 11;
 
 /// One of the files that a project names: the map picture and the game's own files.
 struct CampaignFile {
@@ -24,10 +27,12 @@ struct CampaignFile {
     void (*read)(const std::string &path, Campaign &campaign, LoadListener &listener) = nullptr;
     double progressAfter = 0;  ///< the value of the load's bar after reading
 
-    /// Writes the tables to path. The target that the grid data has no cell for, if there is one; nothing is
-    /// written then. nullptr: a save leaves the file alone.
+    /// Writes the tables to path by write. The target that the grid data has no cell for, if there is one;
+    /// nothing is written then. nullptr: a save leaves the file alone.
     std::optional<int> (*write)(const std::string &path, const Campaign &campaign,
-                                const std::string &programFolder) = nullptr;
+                                const std::string &programFolder, const FileWrite &write) = nullptr;
+
+    std::size_t SaveBox() const { return static_cast<std::size_t>(saveBox); }
 };
 
 /// In the order of a new project file's lines, which is also the order of saving.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "AtomicWrite.h"
 #include "ByteReader.h"
 #include "GamePosition.h"
 #include "WholeFile.h"
@@ -65,6 +64,7 @@ void EncodeFrontlinePoint(const FrontlinePoint &point, std::span<std::uint8_t, f
 
 void DecodeFrontlines(ConstByteSpan bytes, const std::string &path, Campaign &campaign,
                       LoadListener &listener) {
+    listener.HaveRead(path, bytes);
     ByteReader reader(bytes);
     for (std::size_t slot = 0; slot < frontlineTotal; ++slot) {
         const std::string item = ItemOfPointsOf(slot);
@@ -110,9 +110,9 @@ Bytes EncodeFrontlines(const Campaign &campaign, const std::string &path) {
     return file;
 }
 
-void WriteFrontlines(const std::string &path, const Campaign &campaign) {
+void WriteFrontlines(const std::string &path, const Campaign &campaign, const FileWrite &write) {
     if (!path.empty())
-        AtomicWrite(path, EncodeFrontlines(campaign, path));
+        write(path, EncodeFrontlines(campaign, path));
 }
 
 }  // namespace vtr

@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "AtomicWrite.h"
 #include "Campaign.h"
 #include "LoadListener.h"
 
@@ -28,6 +29,6 @@ void ReadFrontlines(const std::string &path, Campaign &campaign, LoadListener &l
 /// The whole frontline file; path is for messages. Throws overflow Errors.
 Bytes EncodeFrontlines(const Campaign &campaign, const std::string &path = {});
 /// Writes the frontline file; an empty path writes nothing.
-void WriteFrontlines(const std::string &path, const Campaign &campaign);
+void WriteFrontlines(const std::string &path, const Campaign &campaign, const FileWrite &write = AtomicWrite);
 
 }  // namespace vtr

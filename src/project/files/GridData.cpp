@@ -4,7 +4,6 @@
 #include <bit>
 
 #include "Arithmetic.h"
-#include "AtomicWrite.h"
 #include "CampaignFiles.h"
 #include "Paths.h"
 #include "WholeFile.h"
@@ -125,7 +124,7 @@ Bytes EncodeGrid(const Grid &grid) {
     return bytes;
 }
 
-std::optional<int> WriteGridData(const std::string &path, const Campaign &campaign) {
+std::optional<int> WriteGridData(const std::string &path, const Campaign &campaign, const FileWrite &write) {
     const GridResult result = BuildGrid(campaign.TargetTable, path);
     if (path.empty() || result.misfit)
         return result.misfit;
@@ -133,7 +132,7 @@ std::optional<int> WriteGridData(const std::string &path, const Campaign &campai
     const Bytes old = FileExists(path) ? ReadFileOfAtMost(mostGameFileMebibytes, path) : Bytes();
     if (old.size() > bytes.size())
         bytes.insert(bytes.end(), old.begin() + static_cast<std::ptrdiff_t>(bytes.size()), old.end());
-    AtomicWrite(path, bytes);
+    write(path, bytes);
     return std::nullopt;
 }
 

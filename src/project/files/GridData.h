@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "AtomicWrite.h"
 #include "Bytes.h"
 #include "Campaign.h"
 
@@ -36,7 +37,8 @@ Bytes EncodeGrid(const Grid &grid);
 
 /// Builds the grid and writes it, keeping what an existing file has beyond its 6400 bytes; an empty path only
 /// builds. Returns the target that did not fit, in which case nothing is written.
-std::optional<int> WriteGridData(const std::string &path, const Campaign &campaign);
+std::optional<int> WriteGridData(const std::string &path, const Campaign &campaign,
+                                 const FileWrite &write = AtomicWrite);
 
 /// What the user is told about the target that did not fit.
 std::string MessageOfMisfit(int target);

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <string>
 
+#include "Bytes.h"
+
 namespace vtr {
 
 /// A file that ended before its reader was done with it; what was missing counted as zero.
@@ -19,6 +21,8 @@ class LoadListener {
     /// Raises the progress value (0 to 100) by step.
     virtual void AddProgress(double step) = 0;
     virtual void FoundShortFile(const ShortFile &file) = 0;
+    /// These bytes, which the file at path begins with, have been read of a file that a save replaces.
+    virtual void HaveRead(const std::string &, ConstByteSpan) {}
 };
 
 }  // namespace vtr

@@ -1,7 +1,6 @@
 #include "RailwayFile.h"
 
 #include "Arithmetic.h"
-#include "AtomicWrite.h"
 #include "GamePosition.h"
 #include "RecordFile.h"
 #include "WholeFile.h"
@@ -81,9 +80,9 @@ Bytes EncodeRailway(const Campaign &campaign, const std::string &path) {
     });
 }
 
-void WriteRailway(const std::string &path, const Campaign &campaign) {
+void WriteRailway(const std::string &path, const Campaign &campaign, const FileWrite &write) {
     if (!path.empty())
-        AtomicWrite(path, EncodeRailway(campaign, path));
+        write(path, EncodeRailway(campaign, path));
 }
 
 }  // namespace vtr

@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "AtomicWrite.h"
 #include "Campaign.h"
 #include "LoadListener.h"
 
@@ -27,6 +28,6 @@ void ReadRailway(const std::string &path, Campaign &campaign, LoadListener &list
 /// The whole railway file; path is for messages. Throws an overflow Error.
 Bytes EncodeRailway(const Campaign &campaign, const std::string &path = {});
 /// Writes the railway file; an empty path writes nothing.
-void WriteRailway(const std::string &path, const Campaign &campaign);
+void WriteRailway(const std::string &path, const Campaign &campaign, const FileWrite &write = AtomicWrite);
 
 }  // namespace vtr

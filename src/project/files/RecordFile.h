@@ -35,6 +35,7 @@ struct RecordFile {
     template <typename DecodeRecord>
     void Decode(ConstByteSpan bytes, const std::string &path, LoadListener &listener,
                 DecodeRecord decode) const {
+        listener.HaveRead(path, bytes);
         ByteReader reader(bytes);
         reader.Skip(recordCountSize);
         for (std::size_t i = 0; i < total; ++i) {

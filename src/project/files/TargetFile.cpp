@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "Arithmetic.h"
-#include "AtomicWrite.h"
 #include "ByteReader.h"
 #include "GamePosition.h"
 #include "RecordFile.h"
@@ -124,13 +123,14 @@ Bytes EncodeTargets(const Campaign &campaign, ConstByteSpan templateBytes, Const
     });
 }
 
-void WriteTargets(const std::string &path, const Campaign &campaign, const std::string &programFolder) {
+void WriteTargets(const std::string &path, const Campaign &campaign, const std::string &programFolder,
+                  const FileWrite &write) {
     if (path.empty())
         return;
     const Bytes templateBytes = ReadStartOfFileIfThere(programFolder + "targetbase.dat", templateSize);
     const bool needsReplaced = !templateBytes.empty() && templateBytes.size() < templateSize;
     const Bytes replaced = needsReplaced ? ReadStartOfFileIfThere(path, targetFile.Size()) : Bytes();
-    AtomicWrite(path, EncodeTargets(campaign, templateBytes, replaced, path));
+    write(path, EncodeTargets(campaign, templateBytes, replaced, path));
 }
 
 }  // namespace vtr

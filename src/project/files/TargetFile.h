@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AtomicWrite.h"
 #include "Campaign.h"
 #include "LoadListener.h"
 
@@ -29,6 +30,7 @@ Bytes EncodeTargets(const Campaign &campaign, ConstByteSpan templateBytes, Const
 
 /// Writes the targets file with the template "targetbase.dat" of programFolder (ending in a separator), which
 /// may be missing; an empty path writes nothing.
-void WriteTargets(const std::string &path, const Campaign &campaign, const std::string &programFolder);
+void WriteTargets(const std::string &path, const Campaign &campaign, const std::string &programFolder,
+                  const FileWrite &write = AtomicWrite);
 
 }  // namespace vtr

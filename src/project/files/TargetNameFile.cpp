@@ -1,7 +1,6 @@
 #include "TargetNameFile.h"
 
 #include "Arithmetic.h"
-#include "AtomicWrite.h"
 #include "ByteReader.h"
 #include "GamePosition.h"
 #include "WholeFile.h"
@@ -39,6 +38,7 @@ std::string NextName(ByteReader &reader) {
 
 void DecodeTargetNames(ConstByteSpan bytes, const std::string &path, Campaign &campaign,
                        LoadListener &listener) {
+    listener.HaveRead(path, bytes);
     ByteReader reader(bytes);
     reader.Skip(countField);
     const std::size_t count = ThreeByteValue(reader, 256);
@@ -84,9 +84,9 @@ Bytes EncodeTargetNames(const Campaign &campaign, const std::string &path) {
     return file;
 }
 
-void WriteTargetNames(const std::string &path, const Campaign &campaign) {
+void WriteTargetNames(const std::string &path, const Campaign &campaign, const FileWrite &write) {
     if (!path.empty())
-        AtomicWrite(path, EncodeTargetNames(campaign, path));
+        write(path, EncodeTargetNames(campaign, path));
 }
 
 }  // namespace vtr

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AtomicWrite.h"
 #include "Campaign.h"
 #include "LoadListener.h"
 
@@ -21,6 +22,7 @@ void ReadTargetNames(const std::string &path, Campaign &campaign, LoadListener &
 Bytes EncodeTargetNames(const Campaign &campaign, const std::string &path = {});
 
 /// Writes the target-name file; an empty path writes nothing.
-void WriteTargetNames(const std::string &path, const Campaign &campaign);
+void WriteTargetNames(const std::string &path, const Campaign &campaign,
+                      const FileWrite &write = AtomicWrite);
 
 }  // namespace vtr

@@ -58,7 +58,7 @@ void ProjectCommands::Load(const std::string &path) {
     isHandedOver_ = false;
     workKeeper_.Keep();
     try {
-        LoadProject(path, session_.campaign, *this);
+        LoadProject(path, session_.campaign, *this, &session_.fileStamps);
     } catch (...) {
         if (!isHandedOver_)
             widgets_.sb_status->project->setText(nameBefore);

@@ -16,11 +16,22 @@ namespace vtr {
 
 namespace {
 
-QString JoinedCaptions(const std::vector<std::string_view> &captions) {
+QStringList TextsOf(const std::vector<std::string_view> &captions) {
     QStringList texts;
     for (const std::string_view caption : captions)
         texts << QString::fromUtf8(caption);
-    return texts.isEmpty() ? QStringLiteral("none") : texts.join(QStringLiteral(", "));
+    return texts;
+}
+
+QString JoinedCaptions(const std::vector<std::string_view> &captions) {
+    return captions.empty() ? QStringLiteral("none") : TextsOf(captions).join(QStringLiteral(", "));
+}
+
+/// "TARGET.DAT, TARNAMES.STR and VTR_RRD.DAT", for more than one.
+QString ListOf(const std::vector<std::string_view> &captions) {
+    QStringList texts = TextsOf(captions);
+    const QString last = texts.takeLast();
+    return texts.join(QStringLiteral(", ")) + QStringLiteral(" and ") + last;
 }
 
 std::string PathOfProject(const ProjectPaths &paths) {
@@ -101,11 +112,13 @@ bool SaveCommands::Save(const SaveBoxes &ticked) {
         Say(tr("Tick the files to be saved."));
         return false;
     }
-    if (!MayFollowLinks(ticked)) {
+    const std::optional<SaveOutcome> saved =
+        MayFollowLinks(ticked) ? SaveCampaign(session_, ticked, *this) : std::nullopt;
+    if (!saved) {
         Say(tr("Nothing was written. All your edits are still in the editor."));
         return false;
     }
-    const SaveOutcome outcome = SaveFiles(session_.campaign, ticked, session_.programFolder);
+    const SaveOutcome &outcome = *saved;
     session_.FilesSaved(outcome.written);
     const QString written = JoinedCaptions(outcome.written);
     if (outcome.misfit) {
@@ -141,17 +154,29 @@ bool SaveCommands::MayFollowLinks(const SaveBoxes &ticked) {
         const SaveBoxFile file = FileOfSaveBox(session_.campaign.paths, box);
         if (file.linkedTo.empty())
             continue;
-        QMessageBox question(QMessageBox::Question, programTitle,
-                             tr("%1 leads to %2. Write there?")
-                                 .arg(QString::fromStdString(Shortened(file.name)),
-                                      QString::fromStdString(Shortened(file.linkedTo, longestShownPath))),
-                             QMessageBox::Yes | QMessageBox::No, frm_save_);
-        question.setTextFormat(Qt::PlainText);
-        question.setDefaultButton(QMessageBox::No);
-        if (question.exec() != QMessageBox::Yes)
+        if (!AskYesNo(tr("%1 leads to %2. Write there?")
+                          .arg(QString::fromStdString(Shortened(file.name)),
+                               QString::fromStdString(Shortened(file.linkedTo, longestShownPath)))))
             return false;
     }
     return true;
+}
+
+bool SaveCommands::MayOverwrite(const std::vector<std::string_view> &changed) {
+    return AskYesNo(changed.size() == 1 ? tr("%1 has been changed by another program since it was loaded. "
+                                             "Overwrite it?")
+                                              .arg(QString::fromUtf8(changed.front()))
+                                        : tr("%1 have been changed by another program since they were "
+                                             "loaded. Overwrite them?")
+                                              .arg(ListOf(changed)));
+}
+
+bool SaveCommands::AskYesNo(const QString &text) {
+    QMessageBox question(QMessageBox::Question, programTitle, text, QMessageBox::Yes | QMessageBox::No,
+                         frm_save_);
+    question.setTextFormat(Qt::PlainText);
+    question.setDefaultButton(QMessageBox::No);
+    return question.exec() == QMessageBox::Yes;
 }
 
 }  // namespace vtr

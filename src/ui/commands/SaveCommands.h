@@ -3,14 +3,14 @@
 #include <QObject>
 
 #include "MainWidgets.h"
-#include "SaveFiles.h"
+#include "SaveCampaign.h"
 
 namespace vtr {
 
 class frm_save;
 
 /// "&Save Files..." and whatever else lets the user save.
-class SaveCommands : public QObject {
+class SaveCommands : public QObject, private SaveQuestions {
     Q_OBJECT
 
   public:
@@ -34,6 +34,9 @@ class SaveCommands : public QObject {
     /// Says text in the dialog, and behind it what the user should know before saving.
     void Say(const QString &text);
     bool MayFollowLinks(const SaveBoxes &ticked);
+    bool MayOverwrite(const std::vector<std::string_view> &changed) override;
+    /// Asks over the dialog; No is the default.
+    bool AskYesNo(const QString &text);
     /// What the user should know before saving; empty: nothing.
     QString Warning() const;
 
