@@ -12,7 +12,7 @@
 namespace vtr {
 
 FileStamp StampBySizeAndTime(const std::string &path) {
-    const std::filesystem::path file = FilesystemPath(PathOnDisk(path));
+    const std::filesystem::path file = FilesystemPath(path);
     std::error_code failed;
     const auto size = std::filesystem::file_size(file, failed);
     if (failed)

@@ -1,5 +1,8 @@
 #include "FileStamps.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include "Errors.h"
 #include "Paths.h"
 #include "WholeFile.h"
@@ -9,6 +12,10 @@ namespace vtr {
 namespace {
 
 std::string RealPathOf(const std::string &path) {
+    std::error_code unknown;
+    if (std::filesystem::symlink_status(FilesystemPath(path), unknown).type() ==
+        std::filesystem::file_type::regular)
+        return path;
     const std::string onDisk = PathOnDisk(path);
     try {
         return FollowLinks(onDisk);
