@@ -15,6 +15,10 @@ namespace vtr {
 /// it was, or replaced although a later step failed, or, when it could not get its old bytes back, perhaps
 /// damaged. The temporary is removed. What exists and is no regular file is refused.
 void AtomicWrite(const std::string &path, ConstByteSpan bytes);
+/// The same, but the folder is flushed by whoever writes several files into it.
+void AtomicWriteWithoutFolder(const std::string &path, ConstByteSpan bytes);
+/// Brings what has been made, renamed and removed in folder to the disk. Throws an Error when that fails.
+void FlushFolder(const std::string &folder);
 
 /// Gives the file at path its bytes: AtomicWrite, or what stands for it.
 using FileWrite = std::function<void(const std::string &path, ConstByteSpan bytes)>;

@@ -41,11 +41,24 @@ class TemporaryName {
     bool renamed_ = false;
 };
 
+bool Flush(int file) {
+    int result = 0;
+    do {
+        result = fsync(file);
+    } while (result != 0 && errno == EINTR);
+    return result == 0;
+}
+
+bool FlushOpenFolder(int folder) {
+    // Some file systems have no flush for folders and say so.
+    return Flush(folder) || errno == EINVAL;
+}
+
 /// One replacement of one file: the steps, each of which throws an Error naming itself when it fails.
 class Replacement {
   public:
-    Replacement(const std::string &path, ConstByteSpan bytes)
-        : path_(path), bytes_(bytes), target_(FollowLinks(PathOnDisk(path))) {}
+    Replacement(const std::string &path, ConstByteSpan bytes, bool flushesFolder)
+        : path_(path), bytes_(bytes), flushesFolder_(flushesFolder), target_(FollowLinks(PathOnDisk(path))) {}
 
     void Run() {
         LookAtTarget();
@@ -108,8 +121,8 @@ class Replacement {
         (void)!flock(file.Number(), LOCK_EX | LOCK_NB);
         if (!FillAndRename(file, TemporaryName(folder, name)))
             return false;
-        // Some file systems have no flush for folders and say so.
-        Check(Flush(folder) || errno == EINVAL, "flushing the folder to disk", FileAfterwards::Replaced);
+        Check(!flushesFolder_ || FlushOpenFolder(folder), "flushing the folder to disk",
+              FileAfterwards::Replaced);
         return true;
     }
 
@@ -163,16 +176,9 @@ class Replacement {
         return true;
     }
 
-    static bool Flush(int file) {
-        int result = 0;
-        do {
-            result = fsync(file);
-        } while (result != 0 && errno == EINTR);
-        return result == 0;
-    }
-
     const std::string &path_;
     const ConstByteSpan bytes_;
+    const bool flushesFolder_;
     const std::string target_;
     std::optional<struct stat> existing_;
 };
@@ -180,7 +186,18 @@ class Replacement {
 }  // namespace
 
 void AtomicWrite(const std::string &path, ConstByteSpan bytes) {
-    Replacement(path, bytes).Run();
+    Replacement(path, bytes, true).Run();
+}
+
+void AtomicWriteWithoutFolder(const std::string &path, ConstByteSpan bytes) {
+    Replacement(path, bytes, false).Run();
+}
+
+void FlushFolder(const std::string &folder) {
+    const Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!opened.IsOpen() || !FlushOpenFolder(opened.Number()))
+        throw Error(ErrorKind::FileAccess, {.file = folder},
+                    FailedStep{"flushing the folder to disk", std::generic_category().message(errno)});
 }
 
 void LetWritesBeyondTheSizeLimitFail() {

@@ -142,6 +142,14 @@ void AtomicWrite(const std::string &path, ConstByteSpan bytes) {
     }
 }
 
+void AtomicWriteWithoutFolder(const std::string &path, ConstByteSpan bytes) {
+    AtomicWrite(path, bytes);
+}
+
+void FlushFolder(const std::string &) {
+    // Each change of a folder is written through.
+}
+
 void LetWritesBeyondTheSizeLimitFail() {
     // They never do anything else here.
 }

@@ -122,6 +122,13 @@ SaveBoxFile FileOfSaveBox(const ProjectPaths &paths, std::size_t box) {
     return found;
 }
 
+bool SaveOutcome::LeavesMixture() const {
+    if (!failure)
+        return false;
+    return failure->AfterTheFailure() == FileAfterwards::MayBeDamaged ||
+           (!written.empty() && !notWritten.empty());
+}
+
 std::vector<const CampaignFile *> FilesToSave(const ProjectPaths &paths, const SaveBoxes &ticked) {
     std::vector<const CampaignFile *> files;
     for (const CampaignFile &file : campaignFiles)

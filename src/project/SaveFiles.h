@@ -43,6 +43,8 @@ struct SaveOutcome {
     FileStamps stamps;                         ///< of the files that are no longer as they were before it
 
     bool Succeeded() const { return !misfit && !failure; }
+    /// True when some files are new and others old, or damaged: they do not belong together.
+    bool LeavesMixture() const;
 };
 
 /// Writes the ticked files in place, in the order targets, target names, grid data, frontlines, airfields,

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "Campaign.h"
+#include "EarlierVersions.h"
 #include "EditMode.h"
 #include "FileStamps.h"
 #include "History.h"
@@ -21,7 +22,8 @@ namespace vtr {
 /// All that the editor holds while it runs: made once by the program's start and handed down by reference.
 struct Session {
     Campaign campaign;
-    FileStamps fileStamps;  ///< what its files were when they were last read or written
+    KeptVersions keptVersions;  ///< of its files, since it was loaded
+    FileStamps fileStamps;      ///< what its files were when they were last read or written
     Preferences preferences;
     MapView view;
     ShownLayers layers;

@@ -54,6 +54,23 @@ TEST(AtomicWrite, ReplacesALongerFileWholeAndKeepsItsPermissions) {
     EXPECT_THAT(folder.Names(), ElementsAre("a.dat"));
 }
 
+TEST(AtomicWrite, LeavesTheFlushOfTheFolderToWhoeverWritesSeveralFiles) {
+    const TemporaryFolder folder;
+    {
+        const SystemCalls calls;
+        AtomicWriteWithoutFolder(folder.Path() + "a.dat", BytesOf("new"));
+        EXPECT_EQ(std::ranges::count(calls.Made(), "fsync"), 1);
+    }
+    EXPECT_EQ(folder.Content("a.dat"), "new");
+    {
+        const SystemCalls calls;
+        FlushFolder(folder.Path());
+        EXPECT_THAT(calls.Made(), ElementsAre("open", "fsync", "close"));
+    }
+    const SystemCalls calls({{"fsync", 1, EIO}});
+    EXPECT_EQ(ErrorThrownBy([&] { FlushFolder(folder.Path()); }).Step(), "flushing the folder to disk");
+}
+
 TEST(AtomicWrite, ReplacesAFileThatIsNamedInAnotherLetterCase) {
     const TemporaryFolder folder;
     folder.Make("TARGET.DAT", "old");

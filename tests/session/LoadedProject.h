@@ -20,11 +20,16 @@ constexpr SaveBoxes allBoxes{true, true, true, false, true, true, true};
 struct Answers : SaveQuestions {
     bool yes = true;
     std::vector<std::vector<std::string_view>> askedToOverwrite;
+    std::vector<Error> notKept;
     std::function<void()> meanwhile = [] {};  ///< done while a question is asked
 
     bool MayOverwrite(const std::vector<std::string_view> &changed) override {
         askedToOverwrite.push_back(changed);
         meanwhile();
+        return yes;
+    }
+    bool MaySaveWithoutEarlierVersion(const Error &failure) override {
+        notKept.push_back(failure);
         return yes;
     }
 };
@@ -41,6 +46,7 @@ class LoadedProject : public ::testing::Test {
 
     void Load(Session &loading) {
         LoadProject(folder.Path() + "sample.prj", loading.campaign, window, &loading.fileStamps);
+        loading.keptVersions = {};
     }
     /// Changes one byte of a file of the project, as another program would.
     void ChangeBehindOurBack(const std::string &name, std::size_t at = 20) {
@@ -50,6 +56,22 @@ class LoadedProject : public ::testing::Test {
     }
     std::optional<SaveOutcome> Save(const SaveBoxes &ticked) {
         return SaveCampaign(*session, ticked, answers);
+    }
+
+    std::string VersionsFolder() const {
+        return VersionsFolderOf(session->dataFolder, session->campaign.paths);
+    }
+    std::vector<VersionSet> Sets() const { return VersionSetsIn(VersionsFolder()); }
+    static std::vector<std::string_view> NamesOf(const VersionSet &set) {
+        std::vector<std::string_view> names;
+        for (const CampaignFile *file : set.files)
+            names.push_back(file->usualName);
+        return names;
+    }
+    static std::string ContentOf(const std::string &path) {
+        std::ifstream file(path, std::ios::binary);
+        EXPECT_TRUE(file.is_open()) << path;
+        return {std::istreambuf_iterator<char>(file), {}};
     }
 
     TemporaryFolder folder;

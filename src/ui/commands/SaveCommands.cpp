@@ -171,6 +171,11 @@ bool SaveCommands::MayOverwrite(const std::vector<std::string_view> &changed) {
                                               .arg(ListOf(changed)));
 }
 
+bool SaveCommands::MaySaveWithoutEarlierVersion(const Error &failure) {
+    return AskYesNo(ErrorReport(tr("Keeping the earlier version"), failure,
+                                tr("Save without keeping the earlier version?")));
+}
+
 bool SaveCommands::AskYesNo(const QString &text) {
     QMessageBox question(QMessageBox::Question, programTitle, text, QMessageBox::Yes | QMessageBox::No,
                          frm_save_);

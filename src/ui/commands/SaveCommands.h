@@ -35,6 +35,7 @@ class SaveCommands : public QObject, private SaveQuestions {
     void Say(const QString &text);
     bool MayFollowLinks(const SaveBoxes &ticked);
     bool MayOverwrite(const std::vector<std::string_view> &changed) override;
+    bool MaySaveWithoutEarlierVersion(const Error &failure) override;
     /// Asks over the dialog; No is the default.
     bool AskYesNo(const QString &text);
     /// What the user should know before saving; empty: nothing.
