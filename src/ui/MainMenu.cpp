@@ -40,6 +40,7 @@ MainMenu::MainMenu(QMenuBar *bar) {
     AddSeparator(mnu_project, "mnu_p_div1");
     mnu_p_export = AddEntry(mnu_project, "mnu_p_export", "&Save Files...", QKeySequence::Save);
     mnu_p_copy = AddEntry(mnu_project, "mnu_p_copy", "Save &Copy of Project...");
+    mnu_p_versions = AddEntry(mnu_project, "mnu_p_versions", "&Earlier Versions...");
     AddSeparator(mnu_project, "mnu_p_div5");
     mnu_p_mirror = AddEntry(mnu_project, "mnu_p_mirror", "&Mirror Map Picture");
     mnu_p_tiles = AddEntry(mnu_project, "mnu_p_tiles", "&Tiles Folder...");

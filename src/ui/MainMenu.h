@@ -16,6 +16,7 @@ struct MainMenu {
     QAction *mnu_p_load;
     QAction *mnu_p_export;
     QAction *mnu_p_copy;
+    QAction *mnu_p_versions;
     QAction *mnu_p_mirror;
     QAction *mnu_p_tiles;
     QAction *mnu_p_prefs;

@@ -49,6 +49,7 @@ frm_main::frm_main(Session &session)
       historyCommands_(session, widgets_, this, [this] { Redraw(); }),
       preferencesCommands_(session, widgets_, this),
       saveCommands_(session, widgets_, this),
+      versionCommands_(session, widgets_, this, [this] { Redraw(); }),
       workKeeper_(session),
       projectCommands_(session, widgets_, saveCommands_, workKeeper_, this, [this] { Redraw(); }),
       projectFileCommands_(session, widgets_, this, [this] { Redraw(); }),

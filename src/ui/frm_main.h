@@ -12,6 +12,7 @@
 #include "ProjectCommands.h"
 #include "ProjectFileCommands.h"
 #include "SaveCommands.h"
+#include "VersionCommands.h"
 #include "WorkKeeper.h"
 #include "ZoomCommands.h"
 
@@ -63,6 +64,7 @@ class frm_main : public QMainWindow {
     HistoryCommands historyCommands_;
     PreferencesCommands preferencesCommands_;
     SaveCommands saveCommands_;
+    VersionCommands versionCommands_;
     WorkKeeper workKeeper_;
     ProjectCommands projectCommands_;
     ProjectFileCommands projectFileCommands_;

@@ -80,6 +80,7 @@ const std::vector<ExpectedMenu> expectedMenus{
       {"mnu_p_div1"},
       {"mnu_p_export", "&Save Files...", "Ctrl+S"},
       {"mnu_p_copy", "Save &Copy of Project..."},
+      {"mnu_p_versions", "&Earlier Versions..."},
       {"mnu_p_div5"},
       {"mnu_p_mirror", "&Mirror Map Picture"},
       {"mnu_p_tiles", "&Tiles Folder..."},
@@ -162,7 +163,7 @@ TEST_F(MainMenuTest, NoKeyStandsForTwoEntriesOfAMenuAlsoWhenTheRecentProjectsAre
 
 TEST_F(MainMenuTest, WhatWorksOnTheFilesOfAProjectNeedsOne) {
     window().Start(QString());
-    for (const char *name : {"mnu_p_export", "mnu_p_copy", "mnu_p_mirror", "mnu_p_tiles"})
+    for (const char *name : {"mnu_p_export", "mnu_p_copy", "mnu_p_versions", "mnu_p_mirror", "mnu_p_tiles"})
         EXPECT_FALSE(Entry(name).isEnabled()) << name;
     ASSERT_FALSE(session->campaign.ProjectLoaded);
     WriteSample();
@@ -171,7 +172,7 @@ TEST_F(MainMenuTest, WhatWorksOnTheFilesOfAProjectNeedsOne) {
     ASSERT_TRUE(DropOn(window(), file));
     QCoreApplication::processEvents();
     ASSERT_TRUE(session->campaign.ProjectLoaded);
-    for (const char *name : {"mnu_p_export", "mnu_p_copy", "mnu_p_mirror", "mnu_p_tiles"})
+    for (const char *name : {"mnu_p_export", "mnu_p_copy", "mnu_p_versions", "mnu_p_mirror", "mnu_p_tiles"})
         EXPECT_TRUE(Entry(name).isEnabled()) << name;
 }
 

@@ -5,7 +5,9 @@
 #include <QStatusBar>
 #include <QWindow>
 
+#include "EarlierVersions.h"
 #include "EditorWindow.h"
+#include "StoppedSave.h"
 #include "frm_save.h"
 
 namespace vtr {
@@ -276,6 +278,97 @@ TEST_F(SaveCommand, SeveralFilesThatAnotherProgramChangedAreOneQuestionWhichNoAn
               "loaded. Overwrite them?");
     EXPECT_TRUE(DialogIsOpen());
     EXPECT_EQ(folder.Content("AIRFIELD.DAT"), "theirs");
+}
+
+TEST_F(SaveCommand, AnEarlierVersionThatCannotBeKeptIsAQuestionWhichNoAnswersByDefault) {
+    StartWithSample();
+    Number("upd_tar_x").SetNumber(321);
+    const std::string before = folder.Content("TARGET.DAT");
+    folder.Make("data", "no folder can be made in a file");
+    OpenSaveDialog();
+    Tick(0);
+    QString text;
+    WhenModalOpens<QMessageBox>([&text](QMessageBox &box) {
+        text = box.text();
+        EXPECT_EQ(box.windowTitle(), "VTR Target Editor");
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
+        EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    PressSave();
+    EXPECT_THAT(text.toStdString(), ::testing::StartsWith("Keeping the earlier version failed.\n\nMaking the "
+                                                          "folder failed: "));
+    EXPECT_THAT(text.toStdString(), ::testing::EndsWith("\n\nSave without keeping the earlier version?"));
+    EXPECT_EQ(folder.Content("TARGET.DAT"), before);
+    EXPECT_TRUE(DialogIsOpen());
+    EXPECT_EQ(Line().text(), "Nothing was written. All your edits are still in the editor.");
+
+    ShownBox question;
+    AnswerNextBox(question, QMessageBox::Yes);
+    PressSave();
+    EXPECT_NE(folder.Content("TARGET.DAT"), before);
+    EXPECT_FALSE(DialogIsOpen());
+}
+
+TEST_F(SaveCommand, ASaveThatStopsHalfWaySaysThatTheFilesDoNotBelongTogetherAndOffersTheWayBack) {
+    StartWithSample();
+    std::filesystem::remove(folder.Path() + "AIRFIELD.DAT");
+    std::filesystem::create_directory(folder.Path() + "AIRFIELD.DAT");
+    OpenSaveDialog();
+    Find<QCheckBox>(*SaveDialog(), QStringLiteral("chk_saveall")).click();
+    std::string text;
+    bool shown = false;
+    WhenModalOpens<QMessageBox>([&](QMessageBox &box) {
+        text = box.text().toStdString();
+        for (QAbstractButton *button : box.buttons())
+            if (button->text() == "&Earlier Versions...") {
+                WhenModalOpens([&shown](QWidget &dialog) {
+                    shown = dialog.objectName() == "frm_versions";
+                    dialog.close();
+                });
+                button->click();
+            }
+    });
+    PressSave();
+    EXPECT_THAT(text, ::testing::HasSubstr("Written: TARGET.DAT, TARNAMES.STR, GRIDDATA.DAT, FRNTLINE.DAT."));
+    EXPECT_THAT(text, ::testing::HasSubstr("the campaign's files do not belong together"));
+    EXPECT_TRUE(shown);
+    EXPECT_TRUE(DialogIsOpen());
+}
+
+TEST_F(SaveCommand, ASaveThatFailsAtItsFirstFileLeavesNoMixture) {
+    StartWithSample();
+    std::filesystem::remove(folder.Path() + "TARGET.DAT");
+    std::filesystem::create_directory(folder.Path() + "TARGET.DAT");
+    OpenSaveDialog();
+    Tick(0);
+    Tick(4);
+    const ShownBox warning = BoxShownBy([this] { PressSave(); });
+    EXPECT_FALSE(warning.text.contains("belong together"));
+    std::filesystem::remove(folder.Path() + "TARGET.DAT");
+    PressSave();
+    EXPECT_FALSE(DialogIsOpen());
+}
+
+TEST_F(SaveCommand, ALoadTellsThatTheLastSaveStoppedHalfWayUntilItsFilesAreSaved) {
+    StartWithSample();
+    const std::string versions = VersionsFolderOf(session->dataFolder, session->campaign.paths);
+    MakeVersionsFolder(session->dataFolder, session->campaign.paths);
+    NoteSave(versions, {"FRNTLINE.DAT", "AIRFIELD.DAT"});
+    for (int load = 0; load < 2; ++load) {
+        const ShownBox box = BoxShownBy([this] { window().Start(QString::fromStdString(SamplePath())); });
+        EXPECT_EQ(box.icon, QMessageBox::Warning);
+        EXPECT_THAT(box.text.toStdString(),
+                    ::testing::HasSubstr("stopped half way, so the campaign's files do not belong together"));
+        EXPECT_THAT(box.text.toStdString(),
+                    ::testing::HasSubstr("Perhaps not written: FRNTLINE.DAT, AIRFIELD.DAT."));
+    }
+    OpenSaveDialog();
+    Tick(4);
+    Tick(5);
+    PressSave();
+    EXPECT_FALSE(DialogIsOpen());
+    EXPECT_EQ(FilesOfStoppedSave(versions), std::nullopt);
 }
 
 TEST_F(SaveCommand, AfterAProjectWithoutAMapTheLineWarnsThatTheTablesAreThoseOfAnother) {

@@ -1,6 +1,7 @@
 #include "SaveCommands.h"
 
 #include <QMessageBox>
+#include <QPushButton>
 #include <QStringList>
 #include <QWindow>
 
@@ -9,6 +10,7 @@
 #include "ProgramVersion.h"
 #include "ShowMessage.h"
 #include "StatusBar.h"
+#include "StoppedSave.h"
 #include "Text.h"
 #include "frm_save.h"
 
@@ -73,11 +75,16 @@ void SaveCommands::SetUsableBesideMainWindow(bool usable) {
 }
 
 void SaveCommands::ProjectChanged() {
-    if (!IsShown())
+    if (IsShown()) {
+        const bool isAnother = shownProject_ != PathOfProject(session_.campaign.paths);
+        ShowProject();
+        Say(isAnother ? tr("Another project is open now.") : QString());
+    }
+    // Not after a load that met "NONE": it read none of the files.
+    if (session_.tablesProject != PathOfProject(session_.campaign.paths))
         return;
-    const bool isAnother = shownProject_ != PathOfProject(session_.campaign.paths);
-    ShowProject();
-    Say(isAnother ? tr("Another project is open now.") : QString());
+    session_.keptVersions = {};
+    TellStoppedSave();
 }
 
 void SaveCommands::ShowProject() {
@@ -133,11 +140,7 @@ bool SaveCommands::Save(const SaveBoxes &ticked) {
                       .arg(*outcome.misfit));
     }
     if (outcome.failure)
-        ShowMessage(frm_save_, QMessageBox::Warning,
-                    ErrorReport(tr("Saving the files"), *outcome.failure,
-                                tr("Written: %1.\nNot written: %2.\nAll your edits are still in the editor. "
-                                   "Put right what is said above, then save again.")
-                                    .arg(written, JoinedCaptions(outcome.notWritten))));
+        TellFailure(outcome);
     if (outcome.Succeeded())
         widgets_.sb_status->showMessage(outcome.written.empty()
                                             ? tr("Nothing was written: the editor never writes these files, "
@@ -145,6 +148,49 @@ bool SaveCommands::Save(const SaveBoxes &ticked) {
                                             : tr("Saved: %1").arg(written),
                                         5000);
     return outcome.Succeeded();
+}
+
+void SaveCommands::TellFailure(const SaveOutcome &outcome) {
+    const QString text =
+        ErrorReport(tr("Saving the files"), *outcome.failure,
+                    tr("Written: %1.\nNot written: %2.\nAll your edits are still in the editor. "
+                       "Put right what is said above, then save again.")
+                        .arg(JoinedCaptions(outcome.written), JoinedCaptions(outcome.notWritten)));
+    if (outcome.LeavesMixture())
+        WarnOfMixture(frm_save_,
+                      text + tr("\n\nUntil then the campaign's files do not belong together: some "
+                                "are new and some are old. \"Earlier Versions...\" takes back what "
+                                "they were; then save them all."));
+    else
+        ShowMessage(frm_save_, QMessageBox::Warning, text);
+}
+
+void SaveCommands::TellStoppedSave() {
+    const ProjectPaths &paths = session_.campaign.paths;
+    const auto files = FilesOfStoppedSave(VersionsFolderOf(session_.dataFolder, paths));
+    if (!files)
+        return;
+    const QString names = files->empty()
+                              ? tr("all files")
+                              : JoinedCaptions(std::vector<std::string_view>(files->begin(), files->end()));
+    WarnOfMixture(window_,
+                  tr("The last save of this project stopped half way, so the campaign's files do not "
+                     "belong together: some are new and some are old.\n\nPerhaps not written: %1.\n\n"
+                     "\"Earlier Versions...\" takes back what the files were before; then save them "
+                     "all. Or look through the campaign and save these files as they are now. Until "
+                     "that is done you are told at every load.")
+                      .arg(names));
+}
+
+void SaveCommands::WarnOfMixture(QWidget *parent, const QString &text) {
+    QMessageBox box(QMessageBox::Warning, programTitle, text, QMessageBox::Ok, parent);
+    box.setTextFormat(Qt::PlainText);
+    const QPushButton *const versions = box.addButton(tr("&Earlier Versions..."), QMessageBox::ActionRole);
+    box.setDefaultButton(QMessageBox::Ok);
+    box.setEscapeButton(QMessageBox::Ok);
+    box.exec();
+    if (box.clickedButton() == versions)
+        widgets_.menu.mnu_p_versions->trigger();
 }
 
 bool SaveCommands::MayFollowLinks(const SaveBoxes &ticked) {

@@ -22,7 +22,8 @@ class SaveCommands : public QObject, private SaveQuestions {
     bool ShowAndWait();
     /// Whether an open dialog can be used while another window is modal to the main window.
     void SetUsableBesideMainWindow(bool usable);
-    /// Another project's paths are loaded: an open dialog shows them and says so.
+    /// A project's paths are loaded: an open dialog shows them, and says so when the project is another.
+    /// Tells when the project's last save stopped half way.
     void ProjectChanged();
 
   private:
@@ -36,6 +37,10 @@ class SaveCommands : public QObject, private SaveQuestions {
     bool MayFollowLinks(const SaveBoxes &ticked);
     bool MayOverwrite(const std::vector<std::string_view> &changed) override;
     bool MaySaveWithoutEarlierVersion(const Error &failure) override;
+    void TellStoppedSave();
+    void TellFailure(const SaveOutcome &outcome);
+    /// Shows a warning, beside whose OK stands the way to the earlier versions.
+    void WarnOfMixture(QWidget *parent, const QString &text);
     /// Asks over the dialog; No is the default.
     bool AskYesNo(const QString &text);
     /// What the user should know before saving; empty: nothing.
