@@ -103,6 +103,7 @@ class CampaignSave {
         for (const CampaignFile *file : files_)
             if (const KnownFile &now = outcome.stamps[file->SaveBox()]; !now.path.empty())
                 session_.fileStamps[file->SaveBox()] = now;
+        session_.FilesSaved(outcome.written);
         if (!versionsFolder_.empty())
             NoteRest(versionsFolder_, RestAfter(outcome));
         return outcome;

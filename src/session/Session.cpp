@@ -80,6 +80,7 @@ void Session::Show(EditMode itsMode, const Selection &selected) {
 }
 
 void Session::CampaignLoaded() {
+    keptVersions = {};
     history.Clear();
     savedTables.Load(campaign);
     tablesChanged();

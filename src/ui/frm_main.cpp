@@ -49,7 +49,7 @@ frm_main::frm_main(Session &session)
       historyCommands_(session, widgets_, this, [this] { Redraw(); }),
       preferencesCommands_(session, widgets_, this),
       saveCommands_(session, widgets_, this),
-      versionCommands_(session, widgets_, this, [this] { Redraw(); }),
+      versionCommands_(session, widgets_, this, [this] { historyCommands_.ShowTables(); }),
       workKeeper_(session),
       projectCommands_(session, widgets_, saveCommands_, workKeeper_, this, [this] { Redraw(); }),
       projectFileCommands_(session, widgets_, this, [this] { Redraw(); }),
@@ -66,6 +66,7 @@ frm_main::frm_main(Session &session)
     WirePanels();
     session.tablesChanged = [this] {
         widgets_.ShowEdits();
+        saveCommands_.EditsChanged();
         workKeeper_.TablesChanged();
     };
     connect(&workKeeper_, &WorkKeeper::CannotKeep, this,

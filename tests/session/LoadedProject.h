@@ -46,7 +46,7 @@ class LoadedProject : public ::testing::Test {
 
     void Load(Session &loading) {
         LoadProject(folder.Path() + "sample.prj", loading.campaign, window, &loading.fileStamps);
-        loading.keptVersions = {};
+        loading.CampaignLoaded();
     }
     /// Changes one byte of a file of the project, as another program would.
     void ChangeBehindOurBack(const std::string &name, std::size_t at = 20) {

@@ -371,6 +371,25 @@ TEST_F(SaveCommand, ALoadTellsThatTheLastSaveStoppedHalfWayUntilItsFilesAreSaved
     EXPECT_EQ(FilesOfStoppedSave(versions), std::nullopt);
 }
 
+TEST_F(SaveCommand, EditedFilesAreMarkedWhileTheDialogIsOpenAndAfterASaveNoMore) {
+    StartWithSample();
+    OpenSaveDialog();
+    const auto isMarked = [this](int index) {
+        return !Find<QLabel>(*SaveDialog(), QStringLiteral("lbl_edited(%1)").arg(index)).pixmap().isNull();
+    };
+    EXPECT_FALSE(isMarked(0));
+    Number("upd_tar_x").SetNumber(321);
+    EXPECT_TRUE(isMarked(0));
+    EXPECT_EQ(Note(0), "edited since it was saved");
+    EXPECT_FALSE(isMarked(4));
+    EXPECT_EQ(Note(4), "");
+    Tick(0);
+    PressSave();
+    OpenSaveDialog();
+    EXPECT_FALSE(isMarked(0));
+    EXPECT_EQ(Note(0), "");
+}
+
 TEST_F(SaveCommand, AfterAProjectWithoutAMapTheLineWarnsThatTheTablesAreThoseOfAnother) {
     StartWithSample();
     TemporaryFolder other;

@@ -8,6 +8,7 @@
 #include "EarlierVersions.h"
 #include "EditorWindow.h"
 #include "Paths.h"
+#include "RedrawCounter.h"
 #include "SaveCampaign.h"
 
 namespace vtr {
@@ -107,6 +108,28 @@ TEST_F(VersionsCommand, TakesTheChosenFileBackShowsItByOneRedrawAndWritesNoFile)
     EXPECT_EQ(session->campaign.FrontlineTable[0].points[0].x, 33);
     EXPECT_EQ(Number("upd_tar_x").value(), before->TargetTable[0].x);
     EXPECT_EQ(folder.Content("TARGET.DAT"), saved);
+    EXPECT_THAT(session->EditedFiles(), ::testing::Contains("TARGET.DAT"));
+    EXPECT_EQ(Entry("mnu_e_undo").text(), "&Undo Take Back Earlier Version");
+    Entry("mnu_e_undo").trigger();
+    EXPECT_EQ(session->campaign.TargetTable[0].x, 321);
+    EXPECT_THAT(session->EditedFiles(), ::testing::Not(::testing::Contains("TARGET.DAT")));
+}
+
+TEST_F(VersionsCommand, TakingBackRedrawsOnce) {
+    StartWithSample();
+    Number("upd_tar_x").SetNumber(321);
+    Save({true});
+    RedrawCounter counter;
+    InVersions([](QWidget &dialog) { TakeBack(dialog).click(); });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(counter.count, 1);
+}
+
+TEST_F(VersionsCommand, WhatWasTakenBackIsNamedInTheStatusBar) {
+    StartWithSample();
+    Number("upd_tar_x").SetNumber(321);
+    Save({true});
+    InVersions([](QWidget &dialog) { TakeBack(dialog).click(); });
     EXPECT_EQ(window().statusBar()->currentMessage(),
               "Taken back: TARGET.DAT. Save the files to write them.");
 }

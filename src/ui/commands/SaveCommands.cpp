@@ -81,15 +81,19 @@ void SaveCommands::ProjectChanged() {
         Say(isAnother ? tr("Another project is open now.") : QString());
     }
     // Not after a load that met "NONE": it read none of the files.
-    if (session_.tablesProject != PathOfProject(session_.campaign.paths))
-        return;
-    session_.keptVersions = {};
-    TellStoppedSave();
+    if (session_.tablesProject == PathOfProject(session_.campaign.paths))
+        TellStoppedSave();
+}
+
+void SaveCommands::EditsChanged() {
+    if (IsShown())
+        frm_save_->MarkEdited(session_.EditedFiles());
 }
 
 void SaveCommands::ShowProject() {
     shownProject_ = PathOfProject(session_.campaign.paths);
     frm_save_->ShowProject(session_.campaign.paths);
+    frm_save_->MarkEdited(session_.EditedFiles());
 }
 
 void SaveCommands::Say(const QString &text) {
@@ -126,7 +130,6 @@ bool SaveCommands::Save(const SaveBoxes &ticked) {
         return false;
     }
     const SaveOutcome &outcome = *saved;
-    session_.FilesSaved(outcome.written);
     const QString written = JoinedCaptions(outcome.written);
     if (outcome.misfit) {
         ShowMessage(frm_save_, QMessageBox::Warning,

@@ -25,6 +25,8 @@ class SaveCommands : public QObject, private SaveQuestions {
     /// A project's paths are loaded: an open dialog shows them, and says so when the project is another.
     /// Tells when the project's last save stopped half way.
     void ProjectChanged();
+    /// The tables have changed, or what is saved of them: an open dialog marks the edited files.
+    void EditsChanged();
 
   private:
     bool IsShown() const;

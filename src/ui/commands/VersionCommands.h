@@ -13,7 +13,7 @@ class VersionCommands : public QObject {
 
   public:
     VersionCommands(Session &session, MainWidgets &widgets, QMainWindow *window,
-                    std::function<void()> redraw);
+                    std::function<void()> showTables);
 
   private:
     void Show();
@@ -21,7 +21,7 @@ class VersionCommands : public QObject {
     Session &session_;
     MainWidgets &widgets_;
     QMainWindow *window_;
-    std::function<void()> redraw_;
+    std::function<void()> showTables_;  ///< in the panels and on the map
 };
 
 }  // namespace vtr

@@ -3,7 +3,11 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QPixmap>
+#include <QStringList>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "Buttons.h"
@@ -16,6 +20,21 @@ namespace {
 
 /// Wide enough for a usual folder; a longer text goes on in the next line.
 constexpr int textWidth = 340;
+
+constexpr int markSize = 12;
+
+/// A dot beside the files that hold less than the editor does.
+QPixmap EditedMark(qreal ratio) {
+    QPixmap mark(QSize(markSize, markSize) * ratio);
+    mark.setDevicePixelRatio(ratio);
+    mark.fill(Qt::transparent);
+    QPainter painter(&mark);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(200, 90, 0));
+    painter.drawEllipse(2, 2, markSize - 4, markSize - 4);
+    return mark;
+}
 
 QLabel *MakeLabel(const QString &name, bool wraps) {
     auto *const label = new QLabel;
@@ -65,7 +84,7 @@ frm_save::frm_save(Save save, QWidget *parent)
     layout->addWidget(project_);
     layout->addWidget(folder_);
     auto *const boxes = new QGridLayout;
-    boxes->setColumnStretch(1, 1);
+    boxes->setColumnStretch(2, 1);
     boxes->setHorizontalSpacing(12);
     layout->addLayout(boxes);
     for (std::size_t index = 0; index < saveBoxTotal; ++index) {
@@ -78,7 +97,10 @@ frm_save::frm_save(Save save, QWidget *parent)
         boxes_[index] = check;
         notes_[index] = MakeLabel(QStringLiteral("lbl_note(%1)").arg(index), false);
         boxes->addWidget(check, static_cast<int>(index), 0);
-        boxes->addWidget(notes_[index], static_cast<int>(index), 1);
+        marks_[index] = MakeLabel(QStringLiteral("lbl_edited(%1)").arg(index), false);
+        marks_[index]->setFixedWidth(markSize);
+        boxes->addWidget(marks_[index], static_cast<int>(index), 1);
+        boxes->addWidget(notes_[index], static_cast<int>(index), 2);
     }
     auto *const line = new QFrame;
     line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
@@ -113,9 +135,24 @@ void frm_save::ShowProject(const ProjectPaths &paths) {
     for (std::size_t index = 0; index < saveBoxTotal; ++index) {
         if (boxes_[index] == nullptr)
             continue;
-        const QString note = NoteOf(FileOfSaveBox(paths, index), index);
+        projectNotes_[index] = NoteOf(FileOfSaveBox(paths, index), index);
+    }
+    MarkEdited({});
+}
+
+void frm_save::MarkEdited(const std::vector<std::string_view> &files) {
+    for (std::size_t index = 0; index < saveBoxTotal; ++index) {
+        if (boxes_[index] == nullptr)
+            continue;
+        QStringList notes(projectNotes_[index]);
+        notes.removeAll(QString());
+        const bool isEdited = std::ranges::find(files, SaveBoxCaption(index)) != files.end();
+        if (isEdited)
+            notes << QStringLiteral("edited since it was saved");
+        const QString note = notes.join(QStringLiteral(", "));
         notes_[index]->setText(note);
         boxes_[index]->setAccessibleDescription(note);
+        marks_[index]->setPixmap(isEdited ? EditedMark(devicePixelRatioF()) : QPixmap());
     }
 }
 

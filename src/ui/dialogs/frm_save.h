@@ -23,6 +23,8 @@ class frm_save : public QDialog {
 
     /// Says which project's files these are and beside each box what a save does with its file.
     void ShowProject(const ProjectPaths &paths);
+    /// Marks the boxes of these files (usual names) as edited since they were saved, and no others.
+    void MarkEdited(const std::vector<std::string_view> &files);
     /// Says text in the dialog's own line.
     void Say(const QString &text);
     void Untick();
@@ -38,7 +40,9 @@ class frm_save : public QDialog {
     QLabel *folder_;
     QLabel *message_;
     std::array<QCheckBox *, saveBoxTotal> boxes_{};
+    std::array<QLabel *, saveBoxTotal> marks_{};
     std::array<QLabel *, saveBoxTotal> notes_{};
+    std::array<QString, saveBoxTotal> projectNotes_;  ///< what a save does with the file
     QCheckBox *all_;
 };
 
