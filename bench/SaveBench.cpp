@@ -11,6 +11,7 @@
 
 #include "Comparison.h"
 #include "SampleCampaign.h"
+#include "SaveCampaign.h"
 #include "SaveFiles.h"
 #include "WholeFile.h"
 
@@ -29,6 +30,12 @@ void WritePlainly(const std::string &folder, const std::string &name, const Byte
         std::abort();
     close(directory);
 }
+
+/// Nothing is to be asked.
+struct NoQuestions : SaveQuestions {
+    bool MayOverwrite(const std::vector<std::string_view> &) override { std::abort(); }
+    bool MaySaveWithoutEarlierVersion(const Error &) override { std::abort(); }
+};
 
 }  // namespace
 
@@ -56,5 +63,21 @@ int main() {
     };
     ReportAtMost("encode and save six files", CompareMedians(1000, save, writePlainly),
                  "write, flush and rename", 1.1);
+
+    const auto session = std::make_unique<Session>();
+    session->campaign = *campaign;
+    session->programFolder = folder;
+    session->dataFolder = folder + "data/";
+    NoQuestions questions;
+    const auto saveLater = [&] {
+        if (!SaveCampaign(*session, all, questions)->Succeeded())
+            std::abort();
+    };
+    const auto saveFirst = [&] {
+        session->keptVersions = {};
+        saveLater();
+    };
+    ReportAtMost("first save with earlier versions", CompareMedians(100, saveFirst, save), "without", 2.1);
+    ReportAtMost("later saves", CompareMedians(100, saveLater, save), "without", 1.1);
     std::filesystem::remove_all(folder);
 }
