@@ -105,14 +105,14 @@ class FieldReader {
 void VisitFiles(FieldWriter &fields, const std::vector<StampedFile> &files) {
     fields(static_cast<std::uint32_t>(files.size()));
     for (const StampedFile &file : files)
-        fields(file.usualName, file.stamp.size, file.stamp.modified, file.stamp.hash);
+        fields(file.usualName, file.stamp.size, file.stamp.modified, file.stamp.known, file.stamp.hash);
 }
 
 void VisitFiles(FieldReader &fields, std::vector<StampedFile> &files) {
     std::uint32_t count = 0;
     for (fields(count); count > 0; --count) {
         StampedFile &file = files.emplace_back();
-        fields(file.usualName, file.stamp.size, file.stamp.modified, file.stamp.hash);
+        fields(file.usualName, file.stamp.size, file.stamp.modified, file.stamp.known, file.stamp.hash);
     }
 }
 

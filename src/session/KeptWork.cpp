@@ -52,6 +52,11 @@ std::string NewWorkPath(const std::string &dataFolder, const std::string &realPr
            std::string(workEnding);
 }
 
+/// Nobody knows what was in a file that was only looked at from outside: no edit rests on it.
+bool IsAnother(const FileStamp &then, const FileStamp &now) {
+    return then.known != 0 && now.known != 0 && (then.known != now.known || then.hash != now.hash);
+}
+
 std::string MarkOf(const std::string &work) {
     return work + std::string(markEnding);
 }
@@ -89,6 +94,25 @@ std::vector<std::string> AbandonedWork(const std::string &dataFolder, const std:
     for (const auto &[time, path] : found)
         paths.push_back(path);
     return paths;
+}
+
+std::vector<StampedFile> StampedFilesOf(const FileStamps &stamps) {
+    std::vector<StampedFile> files;
+    for (const CampaignFile &file : campaignFiles)
+        if (file.write != nullptr)
+            files.push_back(
+                {std::string(file.usualName), stamps[static_cast<std::size_t>(file.saveBox)].stamp});
+    return files;
+}
+
+std::vector<std::string> FilesChangedSince(const UnsavedWork &work, const FileStamps &now) {
+    std::vector<std::string> changed;
+    for (const StampedFile &file : StampedFilesOf(now)) {
+        const auto then = std::ranges::find(work.files, file.usualName, &StampedFile::usualName);
+        if (then != work.files.end() && IsAnother(then->stamp, file.stamp))
+            changed.push_back(file.usualName);
+    }
+    return changed;
 }
 
 std::string SetAside(const std::string &path) {

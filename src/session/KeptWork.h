@@ -3,7 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "FileStamps.h"
 #include "OwnerMark.h"
+#include "UnsavedWork.h"
 
 namespace vtr {
 
@@ -30,6 +32,11 @@ std::string RealProjectPath(const std::string &project);
 /// The files of unsaved work of the project that are nobody's own: their processes have ended, or have loaded
 /// another project. The newest first. Marks of ended processes are removed.
 std::vector<std::string> AbandonedWork(const std::string &dataFolder, const std::string &project);
+
+/// The files of the project that are read at a load, as they are known to the session, by their usual names.
+std::vector<StampedFile> StampedFilesOf(const FileStamps &stamps);
+/// The usual names of those files that are others now than when the work was kept.
+std::vector<std::string> FilesChangedSince(const UnsavedWork &work, const FileStamps &now);
 
 /// Renames a file that cannot be read so that nobody is told of it again; its new path, or path when that
 /// fails.

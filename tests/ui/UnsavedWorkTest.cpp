@@ -60,7 +60,8 @@ class UnsavedWorkTest : public EditorWindow {
         tables->TargetTable[5].x = static_cast<std::int16_t>(x);
         const KeptWork work(session->dataFolder, SamplePath());
         const auto when = QDateTime(QDate(2026, 11, 21), QTime(14, 3)).addSecs(-60 * minutesAgo);
-        const Bytes bytes = EncodeUnsavedWork({work.Project(), when.toSecsSinceEpoch(), {}}, *tables);
+        const Bytes bytes = EncodeUnsavedWork(
+            {work.Project(), when.toSecsSinceEpoch(), StampedFilesOf(session->fileStamps)}, *tables);
         std::ofstream(work.Path(), std::ios::binary)
             .write(reinterpret_cast<const char *>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
         fs::last_write_time(work.Path(), fs::file_time_type::clock::now() - std::chrono::minutes(minutesAgo));
@@ -245,6 +246,18 @@ TEST_F(OfferedWorkTest, IsAskedAboutOneAfterTheOtherTheNewestFirst) {
     EXPECT_THAT(TextsAtLoad({QStringLiteral("Throw Away"), QStringLiteral("Take Back")}),
                 ElementsAre(HasSubstr("14:03"), HasSubstr("13:33")));
     EXPECT_EQ(XOf(5), 100);
+}
+
+TEST_F(OfferedWorkTest, SaysFirstWhichFilesHaveChangedSince) {
+    LeaveWork(100);
+    std::string file = folder.Content("FRNTLINE.DAT");
+    file[16] = file[16] == 1 ? 0 : 1;
+    folder.Make("FRNTLINE.DAT", file);
+    folder.Make("GRIDDATA.DAT", "no edit rests on it");
+    EndAndMakeAnew();
+    EXPECT_THAT(TextsAtLoad({QStringLiteral("Take Back")}),
+                ElementsAre(StartsWith("The project's files have been changed since: FRNTLINE.DAT. There is "
+                                       "unsaved work of 21 November 2026, 14:03: ")));
 }
 
 TEST_F(OfferedWorkTest, ThatMakesNoDifferenceIsRemovedInSilence) {

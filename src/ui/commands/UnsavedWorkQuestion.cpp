@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStringList>
 #include <memory>
 #include <system_error>
 
@@ -24,11 +25,18 @@ enum class Answer { TakeBack, KeepForLater, ThrowAway };
 
 constexpr std::size_t mostMebibytes = 16;
 
-QString Question(const UnsavedWork &work, const std::string &differences) {
+QString Question(const UnsavedWork &work, const std::string &differences, const FileStamps &filesNow) {
+    QStringList changed;
+    for (const std::string &file : FilesChangedSince(work, filesNow))
+        changed << QString::fromStdString(file);
+    QString text;
+    if (!changed.isEmpty())
+        text = QObject::tr("The project's files have been changed since: %1. ")
+                   .arg(changed.join(QStringLiteral(", ")));
     const QString when = QLocale::c().toString(QDateTime::fromSecsSinceEpoch(work.keptAt),
                                                QStringLiteral("d MMMM yyyy, HH:mm"));
-    return QObject::tr("There is unsaved work of %1: %2. Take it back?")
-        .arg(when, QString::fromStdString(differences));
+    return text + QObject::tr("There is unsaved work of %1: %2. Take it back?")
+                      .arg(when, QString::fromStdString(differences));
 }
 
 Answer Ask(const QString &question, QWidget *window) {
@@ -100,7 +108,7 @@ void Offer(const std::string &path, Session &session, WorkKeeper &keeper, QWidge
     const std::string summary = SummaryOf(differences);
     if (summary.empty())
         return Remove(path);
-    switch (Ask(Question(*work, summary), window)) {
+    switch (Ask(Question(*work, summary, session.fileStamps), window)) {
         case Answer::TakeBack:
             session.TakeOver("Take Back Unsaved Work", differences);
             keeper.Keep({path});

@@ -45,7 +45,8 @@ void WorkKeeper::Keep(const std::vector<std::string> &outdated) {
     try {
         if (own_ == nullptr)
             own_ = std::make_unique<KeptWork>(session_.dataFolder, session_.tablesProject);
-        const UnsavedWork work{own_->Project(), QDateTime::currentSecsSinceEpoch(), {}};
+        const UnsavedWork work{own_->Project(), QDateTime::currentSecsSinceEpoch(),
+                               StampedFilesOf(session_.fileStamps)};
         writer_.Write(own_->Path(), EncodeUnsavedWork(work, session_.campaign), outdated);
         isKept_ = true;
     } catch (const Error &error) {
