@@ -25,10 +25,12 @@ std::size_t BytesOf(const Edit &edit) {
 
 void History::Add(Edit edit, Time now) {
     undone_.clear();
-    const bool isSameField = merges_ && !edit.field.empty() && now - lastAdded_ < longestPause &&
-                             done_.back().name == edit.name && done_.back().field == edit.field;
+    const bool isTakenBack = std::exchange(mergesNext_, false);
+    const bool goesOn = isTakenBack || (merges_ && now - lastAdded_ < longestPause);
+    const bool isSameField = !done_.empty() && !edit.field.empty() && done_.back().name == edit.name &&
+                             done_.back().field == edit.field;
     lastAdded_ = now;
-    if (!done_.empty() && (isSameField || (together_ && merges_)))
+    if ((isSameField && goesOn) || (together_ && merges_))
         return JoinToLast(std::move(edit));
     bytes_ += BytesOf(edit);
     done_.push_back(std::move(edit));

@@ -30,6 +30,9 @@ class History {
     void Add(Edit edit, Time now);
     /// The next edit stands for itself.
     void EndMerging() { merges_ = false; }
+    /// The next edit joins the last one if it is of the same field, however long ago that was: the field
+    /// takes back what was typed in it.
+    void MergeNext() { mergesNext_ = true; }
     /// All edits until EndTogether are one, with the name of the first.
     void BeginTogether();
     void EndTogether();
@@ -49,7 +52,8 @@ class History {
     std::vector<Edit> undone_;
     std::size_t bytes_ = 0;  ///< of done_
     Time lastAdded_;
-    bool merges_ = false;    ///< the next edit may join the last
+    bool merges_ = false;  ///< the next edit may join the last
+    bool mergesNext_ = false;
     bool together_ = false;  ///< the next edits belong together
 };
 

@@ -92,6 +92,7 @@ void MainWidgets::LayOut(QWidget *centre) const {
 void MainWidgets::ShowSelections() const {
     for (const ModeControls &controls : modes)
         controls.frame->ShowSelection();
+    fra_control->Refresh();
 }
 
 void MainWidgets::ShowState() const {

@@ -47,7 +47,7 @@ struct MainWidgets {
     };
     std::array<ModeControls, editModeTotal> modes;  ///< in the order of EditMode
 
-    /// Shows in every panel the item that the session selects.
+    /// Shows in every panel what the session selects.
     void ShowSelections() const;
     /// Enables and checks everything as the session has it. Call it after each change of what it goes by.
     void ShowState() const;

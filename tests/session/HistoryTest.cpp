@@ -146,6 +146,25 @@ TEST(History, TheEditBeforeOneThatCameToNothingIsNotJoined) {
     EXPECT_EQ(CountOfEdits(history), 2u);
 }
 
+TEST(History, WhatAFieldTakesBackJoinsItsEditHoweverLongAgoThatWas) {
+    History history;
+    history.Add(Naming(1, "a", "b"), At(0ms));
+    history.EndMerging();
+    history.MergeNext();
+    history.Add(Naming(1, "b", "a"), At(60'000ms));
+    EXPECT_EQ(history.ToUndo(), nullptr);
+}
+
+TEST(History, WhatAFieldTakesBackDoesNotJoinTheEditOfAnother) {
+    History history;
+    history.Add(Naming(1, "a", "b", "upd_tar_x"), At(0ms));
+    history.MergeNext();
+    history.Add(Naming(1, "b", "a"), At(0ms));
+    history.EndMerging();
+    history.Add(Naming(1, "a", "b"), At(0ms));
+    EXPECT_EQ(CountOfEdits(history), 3u);
+}
+
 TEST(History, WhatIsDoneTogetherIsOneEditWithTheNameOfTheFirst) {
     History history;
     history.Add(Naming(1, "a", "b"), At(0ms));

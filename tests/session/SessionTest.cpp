@@ -172,20 +172,48 @@ class WholeCampaigns {
     explicit WholeCampaigns(const Campaign &campaign)
         : states_{campaign}, saved_(campaign), grid_(campaign) {}
 
-    void Do(const Campaign &after) {
+    /// key names what the edit merges with; empty: nothing.
+    void Do(const Campaign &after, const std::string &key, History::Time now) {
         if (after == Now())
             return;
+        const bool joins =
+            merges_ && !key.empty() && key == lastKey_ && now - lastTime_ < std::chrono::seconds(2);
+        lastTime_ = now;
+        lastKey_ = key;
         states_.resize(at_ + 1, after);
-        states_.push_back(after);
-        ++at_;
+        if (!joins) {
+            states_.push_back(after);
+            ++at_;
+        }
+        states_[at_] = after;
+        merges_ = true;
+        if (at_ > 0 && states_[at_] == states_[at_ - 1])
+            Forget();
+    }
+    /// Two edits that are one.
+    void DoTogether(const Campaign &halfWay, const Campaign &after, History::Time now) {
+        merges_ = false;
+        Do(halfWay, "together", now);
+        if (merges_)
+            Do(after, "together", now);
+        else
+            Do(after, "", now);
+        merges_ = false;
     }
     bool CanUndo() const { return at_ > 0; }
     bool CanRedo() const { return at_ + 1 < states_.size(); }
-    void Undo() { --at_; }
-    void Redo() { ++at_; }
+    void Undo() {
+        --at_;
+        merges_ = false;
+    }
+    void Redo() {
+        ++at_;
+        merges_ = false;
+    }
     const Campaign &Now() const { return states_[at_]; }
 
     void Save(std::string_view file) {
+        merges_ = false;
         const Campaign &now = Now();
         if (file == "TARGET.DAT")
             saved_.TargetTable = now.TargetTable;
@@ -230,8 +258,17 @@ class WholeCampaigns {
     }
 
   private:
+    void Forget() {
+        states_.pop_back();
+        --at_;
+        merges_ = false;
+    }
+
     std::vector<Campaign> states_;
     std::size_t at_ = 0;
+    bool merges_ = false;
+    std::string lastKey_;
+    History::Time lastTime_{};
     Campaign saved_;
     Campaign grid_;
 };
@@ -240,8 +277,9 @@ int Below(std::mt19937 &random, std::size_t limit) {
     return static_cast<int>(random() % limit);
 }
 
-/// One edit of any kind, with small numbers so that values come back now and then.
-void EditAtRandom(Session &session, std::mt19937 &random) {
+/// One edit of any kind, with small numbers so that values come back now and then. What it merges with;
+/// empty: nothing.
+std::string EditAtRandom(Session &session, std::mt19937 &random) {
     const auto number = [&random] { return Below(random, 3); };
     const int target = Below(random, 4);
     const int line = Below(random, 4);
@@ -255,46 +293,61 @@ void EditAtRandom(Session &session, std::mt19937 &random) {
     const TableRows pointRow =
         RowOf(Table::FrontlinePoints, slot * static_cast<int>(frontlinePointTotal) + point);
     using Edited = Campaign &;
-    switch (random() % 14) {
+    const auto numbered = [](const char *name, int item) { return name + std::to_string(item); };
+    const auto doIt = [&session](std::string name, const std::vector<TableRows> &rows,
+                                 const std::function<void(Edited)> &edit, const std::string &field = {}) {
+        session.Do(name, rows, edit, field);
+        return field.empty() ? field : name + field;
+    };
+    switch (random() % 15) {
         case 0:
         case 1:
-            return session.Do("1", {targetRow}, [&](Edited c) { SetTargetPixel(c, target, axis, value); });
+            return doIt(
+                numbered("1 ", target), {targetRow},
+                [&](Edited c) { SetTargetPixel(c, target, axis, value); }, axis == Axis::X ? "x" : "y");
         case 2:
-            return session.Do("2", {targetRow},
-                              [&](Edited c) { SetTargetFineOffset(c, target, axis, value); });
+            return doIt(
+                numbered("2 ", target), {targetRow},
+                [&](Edited c) { SetTargetFineOffset(c, target, Axis::X, value); }, "xm");
         case 3:
-            return session.Do("3", {targetRow}, [&](Edited c) { SetTargetCount(c, target, value); });
+            return doIt("3", {targetRow}, [&](Edited c) { SetTargetCount(c, target, value); });
         case 4:
-            return session.Do("4", {targetRow}, [&](Edited c) { SetTargetIsAirfield(c, target, value > 0); });
+            return doIt("4", {targetRow}, [&](Edited c) { SetTargetIsAirfield(c, target, value > 0); });
         case 5:
-            return session.Do("5", RowsOfTargetName(session.campaign, target),
-                              [&](Edited c) { RenameTarget(c, target, std::string(1, char('a' + value))); });
+            return doIt("5", RowsOfTargetName(session.campaign, target),
+                        [&](Edited c) { RenameTarget(c, target, std::string(1, char('a' + value))); });
         case 6:
-            return session.Do("6", {{Table::Targets}}, [&](Edited c) { ReorderTargets(c, [](double) {}); });
+            return doIt("6", {{Table::Targets}}, [&](Edited c) { ReorderTargets(c, [](double) {}); });
         case 7:
-            return session.Do("7", {RowOf(Table::Airfields, airfield)},
-                              [&](Edited c) { SetAirfieldModel(c, airfield, 1, value); });
+            return doIt("7", {RowOf(Table::Airfields, airfield)},
+                        [&](Edited c) { SetAirfieldModel(c, airfield, 1, value); });
         case 8:
-            return session.Do("8", {RowOf(Table::Airfields, airfield)},
-                              [&](Edited c) { SetAirfieldExtraWord(c, airfield, value); });
+            return doIt(
+                numbered("8 ", airfield), {RowOf(Table::Airfields, airfield)},
+                [&](Edited c) { SetAirfieldExtraWord(c, airfield, value); }, "orientation");
         case 9:
-            return session.Do("9", {pointRow},
-                              [&](Edited c) { SetFrontlinePixel(c, slot, point, axis, value); });
+            return doIt("9", {pointRow}, [&](Edited c) { SetFrontlinePixel(c, slot, point, axis, value); });
         case 10:
-            return session.Do("10", {pointRow},
-                              [&](Edited c) { SetFrontlinePointOnMap(c, slot, point, value > 0); });
+            return doIt("10", {pointRow},
+                        [&](Edited c) { SetFrontlinePointOnMap(c, slot, point, value > 0); });
         case 11:
-            return session.Do("11", {{Table::FrontlinePoints}},
-                              [&](Edited c) { CopyFrontlineIntoAllSlots(c, slot); });
+            return doIt("11", {{Table::FrontlinePoints}},
+                        [&](Edited c) { CopyFrontlineIntoAllSlots(c, slot); });
         case 12:
-            return session.Do("12", {RowOf(Table::RailwayLines, line)},
-                              [&](Edited c) { SetRailwayPixel(c, line, coordinate, value); });
+            return doIt("12", {RowOf(Table::RailwayLines, line)},
+                        [&](Edited c) { SetRailwayPixel(c, line, coordinate, value); });
+        case 13: {
+            const auto other = std::make_unique<Campaign>(session.campaign);
+            SetTargetCount(*other, target, value);
+            SetRailwayPixel(*other, line, coordinate, value);
+            session.TakeOver("14", DifferencesOf(session.campaign, *other));
+            return {};
+        }
         default:
-            return session.Do(
-                "13",
-                {{Table::RailwayLines, railwayLineTotal - 2 + static_cast<std::size_t>(value % 2)},
-                 {Table::RailwayCounts}},
-                [&](Edited c) { DisableRailwayFrom(c, int(railwayLineTotal) - 2 + value % 2); });
+            return doIt("13",
+                        {{Table::RailwayLines, railwayLineTotal - 2 + static_cast<std::size_t>(value % 2)},
+                         {Table::RailwayCounts}},
+                        [&](Edited c) { DisableRailwayFrom(c, int(railwayLineTotal) - 2 + value % 2); });
     }
 }
 
@@ -312,10 +365,19 @@ TEST_F(SessionTest, RandomEditsUndosRedosAndSavesAgreeWithWholeCampaignsThatAreK
         for (int step = 0; step < 200; ++step) {
             const auto what = random() % 10;
             bool cameBack = false;
-            if (what < 5) {
-                time += 10s;
-                EditAtRandom(*session, random);
-                model->Do(session->campaign);
+            time += std::chrono::milliseconds(random() % 3000);
+            if (what == 0) {
+                const auto halfWay = [&] {
+                    const OneEdit together(session->history);
+                    EditAtRandom(*session, random);
+                    auto kept = std::make_unique<Campaign>(session->campaign);
+                    EditAtRandom(*session, random);
+                    return kept;
+                }();
+                model->DoTogether(*halfWay, session->campaign, time);
+            } else if (what < 5) {
+                const std::string key = EditAtRandom(*session, random);
+                model->Do(session->campaign, key, time);
             } else if (what < 7 && model->CanUndo()) {
                 session->Undo();
                 model->Undo();

@@ -8,6 +8,7 @@
 #include <QWheelEvent>
 
 #include "EditorWindow.h"
+#include "HistoryCommands.h"
 #include "MapFrame.h"
 #include "RedrawCounter.h"
 #include "SaveFiles.h"
@@ -393,6 +394,56 @@ TEST_F(HistoryCommandsTest, TheNameFieldTakesItsOwnTypingBackBeforeTheProgramUnd
     EXPECT_EQ(UndoText(), "&Undo Move Target 0");  // the name is what it was: nothing of it to undo
     QTest::keyClick(&name, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_NE(campaign().TargetTable[0].x, 10);
+}
+
+TEST_F(HistoryCommandsTest, WhatTheNameFieldTookBackTheProgramDoesNotBringAgain) {
+    Number("upd_tar_x").SetNumber(10);
+    auto &name = Focused<QLineEdit>("txt_tar_name");
+    const QString before = name.text();
+    QTest::keyClick(&name, Qt::Key_End);
+    QTest::keyClicks(&name, "zz");
+    time += std::chrono::minutes(1);
+    while (name.isUndoAvailable())
+        QTest::keyClick(&name, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(name.text(), before);
+    EXPECT_EQ(UndoText(), "&Undo Move Target 0");
+}
+
+TEST_F(HistoryCommandsTest, AfterAnUndoTheRowFieldOfALineWithoutAnEndShowsTheTablesRow) {
+    Entry("mnu_e_railway").trigger();
+    Number("upd_rail_linenum").SetNumber(893);
+    RailwayLine &line = campaign().RailwayTable[893];
+    line = {.x1 = 160, .x2 = 160, .y1 = 1760, .y2 = 1760};
+    ClickMap(Qt::LeftButton, Qt::ShiftModifier, 75, 85);
+    ASSERT_EQ(line.y1, 85);
+    Undo();
+    EXPECT_EQ(line.y1, 1760);
+    EXPECT_EQ(Number("upd_rail_y1").value(), 1760);
+    ClickMap(Qt::LeftButton, Qt::ShiftModifier, 80, 85);
+    EXPECT_EQ(line.y1, 85);
+}
+
+TEST_F(HistoryCommandsTest, WhatIsTakenOverInAnotherModeEnablesNoAirfield) {
+    const auto airfield = std::ranges::find_if(
+        campaign().TargetTable, [](const TargetRecord &target) { return target.airfield_mark != 0; });
+    Number("upd_tar_code").SetNumber(static_cast<int>(airfield - campaign().TargetTable.begin()));
+    Entry("mnu_e_railway").trigger();
+    HistoryCommands *const commands = window().findChild<HistoryCommands *>();
+    ASSERT_NE(commands, nullptr);
+    commands->ShowTables();
+    EXPECT_FALSE(Find<QWidget>(window(), "fra_airfield").isEnabled());
+}
+
+TEST_F(HistoryCommandsTest, UndoOfWhatWasTakenOverTellsWhichLinesAreDisabled) {
+    Entry("mnu_v_railways").trigger();  // hides them: a redraw tells nothing of them
+    const auto other = std::make_unique<Campaign>(campaign());
+    other->TargetTable[0].count = 1;
+    other->firstDisabledRailwayLine = 3;
+    session->TakeOver("Take Back Earlier Version", DifferencesOf(campaign(), *other));
+    Undo();
+    EXPECT_EQ(Find<QLabel>(window(), "lbl_disabled").text(), "No Lines disabled");
+    Redo();
+    EXPECT_EQ(Find<QLabel>(window(), "lbl_disabled").text(), "Lines 3+ Disabled");
 }
 
 TEST_F(HistoryCommandsTest, ALoadForgetsTheEdits) {

@@ -5,6 +5,7 @@
 #include "ControlBox.h"
 #include "MapFrame.h"
 #include "Panel.h"
+#include "RailwayPanel.h"
 
 namespace vtr {
 
@@ -22,6 +23,10 @@ void HistoryCommands::Show(const Edit &edit) {
     for (std::size_t mode = 0; mode < editModeTotal; ++mode)
         if (changed[mode])
             widgets_.modes[mode].frame->ShowSelection();
+    if (changed[static_cast<std::size_t>(EditMode::Railway)]) {
+        widgets_.fra_railway->ShowMarkerRows();
+        widgets_.fra_control->Refresh();
+    }
     widgets_.ShowState();
     const MapPixel selected = SelectedPixel(session_);
     widgets_.mapFrame->BringIntoView(selected.x, selected.y);
@@ -30,7 +35,8 @@ void HistoryCommands::Show(const Edit &edit) {
 
 void HistoryCommands::ShowTables() {
     widgets_.ShowSelections();
-    widgets_.fra_control->Refresh();
+    widgets_.fra_railway->ShowMarkerRows();
+    session_.airfieldFrameEnabled = session_.airfieldFrameEnabled && session_.targetFrameEnabled;
     widgets_.ShowState();
     redraw_();
 }

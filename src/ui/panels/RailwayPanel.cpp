@@ -104,6 +104,12 @@ void RailwayPanel::Refresh() {
         pixels_[Y2]->ShowRecordValue(line.y2);
 }
 
+void RailwayPanel::ShowMarkerRows() {
+    const RailwayLine &line = campaign_.RailwayTable[static_cast<std::size_t>(Line())];
+    pixels_[Y1]->ShowRecordValue(line.y1);
+    pixels_[Y2]->ShowRecordValue(line.y2);
+}
+
 PositionFields RailwayPanel::Position(int end) const {
     const auto [x, y] = end == 1 ? std::pair(X1, Y1) : std::pair(X2, Y2);
     return {pixels_[x], pixels_[y], metres_[x], metres_[y]};

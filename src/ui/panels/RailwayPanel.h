@@ -17,6 +17,9 @@ class RailwayPanel : public Panel {
     RailwayPanel(Session &session, QWidget *parent);
 
     void Refresh() override;
+    /// Shows the rows of the line as the table has them, also where they only mark that it has none: what the
+    /// fields showed may be what was taken back.
+    void ShowMarkerRows();
     void Select(int line) { line_->SetNumber(line); }
     /// end is 1 or 2.
     PositionFields Position(int end) const;

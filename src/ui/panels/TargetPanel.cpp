@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QValidator>
 #include <functional>
@@ -56,6 +57,17 @@ class NameEdit : public QLineEdit {
         }
         return QLineEdit::event(event);
     }
+
+    bool IsTakingBack() const { return isTakingBack_; }
+
+  protected:
+    void keyPressEvent(QKeyEvent *event) override {
+        const QScopedValueRollback taking(isTakingBack_, IsUndoKey(*event));
+        QLineEdit::keyPressEvent(event);
+    }
+
+  private:
+    bool isTakingBack_ = false;
 };
 
 /// Why the target cannot get the name; empty when it can.
@@ -171,6 +183,8 @@ void TargetPanel::StoreName() {
         Refresh();
         return;
     }
+    if (static_cast<const NameEdit *>(name_)->IsTakingBack())
+        session_.history.MergeNext();
     session_.Do(
         "Rename Target " + std::to_string(Target()), RowsOfTargetName(campaign_, Target()),
         [this](Campaign &campaign) { RenameTarget(campaign, Target(), GameTextOf(name_->text()).value()); },
