@@ -21,8 +21,8 @@ struct StepRange {
     std::int64_t last;
 };
 
-/// The steps of a thin line that lie on the canvas; first is above last when none does. The line goes length
-/// steps along and rises by rise across: after i steps it is at
+/// The steps of a thin line that lie on the canvas. When none does, first is larger than last. The line goes
+/// length steps along and rises by rise across: after i steps it is at
 /// across + floor((2 * rise * i + length) / (2 * length)).
 StepRange StepsOnCanvas(std::int64_t length, std::int64_t rise, std::int64_t along, std::int64_t alongSize,
                         std::int64_t across, std::int64_t acrossSize) {
@@ -124,7 +124,7 @@ void Canvas::ThinLine(CanvasPoint from, CanvasPoint to, std::uint32_t colour) {
         across += FloorDiv(start, divisor);
         rest = FloorMod(start, divisor);
     }
-    // Each step goes this far across, or one further when the rests add up to it.
+    // Each step moves by tread across, and by one more when the rests add up to a whole pixel.
     const std::int64_t tread = rise < 0 ? -1 : rise == length ? 1 : 0;
     const std::int64_t stepRest = 2 * rise - tread * divisor;
     const std::ptrdiff_t stride = alongStride + tread * acrossStride;

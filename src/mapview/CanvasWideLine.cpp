@@ -46,12 +46,12 @@ struct PixelRange {
 
 constexpr PixelRange noPixels{INT32_MAX, INT32_MIN};
 
-/// A line without its round ends, row by row. It is a rectangle: what lies between its long sides,
-/// |dx * down - dy * right| <= radius * length, and its short ones, 0 <= dx * right + dy * down <= length^2,
-/// right and down counted from its upper end.
+/// A line without its round ends, row by row: a rectangle. With right and down counted from the line's upper
+/// end, a point lies between the long sides when |dx * down - dy * right| <= radius * length, and between the
+/// short sides when 0 <= dx * right + dy * down <= length^2.
 class LineBody {
   public:
-    /// The line from upper to lower, in half pixels, from a row of pixels on.
+    /// The line from upper to lower. NextRow starts with the row of pixels firstRow.
     LineBody(CanvasPoint upper, CanvasPoint lower, std::int64_t radius, std::int64_t firstRow)
         : upper_(upper), lower_(lower), radius_(radius), middle_(2 * firstRow + 1) {
         if (upper.x == lower.x || upper.y == lower.y)
@@ -114,7 +114,7 @@ const std::vector<std::int32_t> &Canvas::RoundEnd(int radius) {
 void Canvas::WideLine(CanvasPoint from, CanvasPoint to, int width, std::uint32_t colour) {
     if (from.y > to.y)
         std::swap(from, to);
-    // In half pixels, of which the pen's radius has as many as its width has pixels.
+    // The radius in half pixels is the same number as the width in pixels.
     const std::int64_t radius = width;
     if (std::max(from.x, to.x) + radius < 0 ||
         std::min(from.x, to.x) - radius > std::int64_t{2} * surface_.width)
@@ -123,7 +123,7 @@ void Canvas::WideLine(CanvasPoint from, CanvasPoint to, int width, std::uint32_t
     const std::int64_t lastRow = std::min<std::int64_t>(LastPixel(to.y + radius), surface_.height - 1);
     const std::vector<std::int32_t> &roundEnd = RoundEnd(width);
     LineBody body(from, to, radius, firstRow);
-    // The body and the two ends together have no gaps in a row, because a line with round ends is convex.
+    // A row of the body and the two ends has no gaps, because a line with round ends is convex.
     for (std::int64_t row = firstRow; row <= lastRow; ++row) {
         PixelRange covered = body.NextRow();
         for (const CanvasPoint end : {from, to}) {

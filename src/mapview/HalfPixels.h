@@ -17,7 +17,8 @@ inline std::int64_t SquareRoot(std::int64_t value) {
     return root;
 }
 
-/// The first pixel whose middle lies at or behind a place in half pixels, and the last at or before it.
+/// The first pixel whose middle lies at halfPixels or after it, and the last whose middle lies at it or
+/// before.
 constexpr std::int64_t FirstPixel(std::int64_t halfPixels) {
     return FloorDiv(halfPixels, 2);
 }

@@ -10,7 +10,7 @@ struct MapPoint {
     float y = 0;
 };
 
-/// A point of the viewport. At 100% its coordinates are those of a pixel; above, pixel i reaches from i to
+/// A point of the viewport. At 100% its coordinates name a pixel. At a larger zoom, pixel i reaches from i to
 /// i + 1.
 struct ScreenPoint {
     float x = 0;
@@ -18,19 +18,19 @@ struct ScreenPoint {
     bool visible = false;
 };
 
-/// The map point under the viewport's point (x, y): unchanged at 100%, else the whole map pixel. Throws an
-/// overflow Error.
+/// The map point under the viewport's point (x, y): (x, y) itself at 100%, else the map pixel there. Throws
+/// an overflow Error when a coordinate does not fit 32 bits.
 MapPoint ScreenToMap(const MapView &view, float x, float y);
 
-/// Where a map pixel's middle is shown. It is visible when the screen pixel that holds it lies within the
-/// viewport; at 100% every point counts as visible.
+/// The viewport's point that shows the middle of a map pixel. It is visible when it lies within the viewport.
+/// At 100% every point counts as visible.
 inline ScreenPoint MapToScreen(const MapView &view, float x, float y) {
     if (view.MapZoom == 1)
         return {x, y, true};
     const float zoom = view.MapZoom;
     const float screenX = (x - static_cast<float>(view.h_scroll.Value)) * zoom + zoom * 0.5F;
     const float screenY = (y - static_cast<float>(view.v_scroll.Value)) * zoom + zoom * 0.5F;
-    // Without &&, whose jumps could not be foretold: most points of a magnified map are off-screen somewhere.
+    // & is faster than && here: the processor cannot predict on which side of the screen a point lies.
     const bool visible =
         bool((screenX >= 0) & (screenX < float{mapWidth}) & (screenY >= 0) & (screenY < float{mapHeight}));
     return {screenX, screenY, visible};

@@ -12,9 +12,9 @@ struct ShownLayers {
     bool mnu_v_roadint = false;
     bool mnu_v_railint = false;
 
-    std::int16_t upd_view_railway = 0;  ///< 0: all lines, else the line itself
-    std::int16_t upd_view_roadint = 0;  ///< 0: all paths, else the path before it
-    std::int16_t upd_view_railint = 0;  ///< likewise
+    std::int16_t upd_view_railway = 0;  ///< 0: all lines; n: line n
+    std::int16_t upd_view_roadint = 0;  ///< 0: all paths; n: path n - 1
+    std::int16_t upd_view_railint = 0;  ///< 0: all paths; n: path n - 1
 
     bool operator==(const ShownLayers &) const = default;
 };

@@ -9,18 +9,19 @@
 
 namespace vtr {
 
-// The layers draw with pens as wide as a map pixel is shown, the targets with one of 2 pixels. A segment is
-// drawn unless both its ends are off-screen. An index outside its table stops a layer with an index Error.
+// The layers draw with a pen as wide as one map pixel on the screen, the target layer with a pen of 2 pixels.
+// A segment is drawn unless both its ends are off-screen. An index outside its table throws an index Error.
 
-/// Draws one frontline, and a ring around its point selectedPoint (-1: none). The ring belongs to the segment
-/// that begins there: it never marks the last point and is left out with the segment.
+/// Draws one frontline and a ring around its point selectedPoint (-1: none). The ring is drawn with the
+/// segment that begins at this point. So the last point has no ring, nor has a point whose segment is left
+/// out.
 void DrawFrontlineLayer(Canvas &canvas, const MapView &view, const Campaign &campaign,
                         const Preferences &preferences, std::int16_t frontline, std::int16_t selectedPoint);
 
 /// Draws the whole railway network.
 void DrawRailwayLayer(Canvas &canvas, const MapView &view, const Campaign &campaign,
                       const Preferences &preferences);
-/// Draws only the lines up to 20 numbers from line, never 0 and the last one, and line itself in yellow.
+/// Draws line in yellow and the lines up to 20 numbers away from it. Never draws line 0 and the last line.
 void DrawRailwayNeighbourhood(Canvas &canvas, const MapView &view, const Campaign &campaign,
                               const Preferences &preferences, std::int16_t line);
 
@@ -30,8 +31,8 @@ void DrawRoadIntLayer(Canvas &canvas, const MapView &view, const Campaign &campa
 void DrawRailIntLayer(Canvas &canvas, const MapView &view, const Campaign &campaign,
                       const Preferences &preferences, std::int16_t viewNumber);
 
-/// Draws an X for each target and, every second time that target selected is on screen, a ring around it.
-/// With showNow the ring is drawn this time.
+/// Draws an X for each target. Around target selected it draws a ring every second time that this target is
+/// on screen. With showNow it draws the ring this time.
 void DrawTargetLayer(Canvas &canvas, MapView &view, const Campaign &campaign, const Preferences &preferences,
                      std::int16_t selected, bool showNow);
 

@@ -8,7 +8,7 @@ namespace vtr {
 
 namespace {
 
-/// Twice a screen ordinate: a whole number, because map positions are.
+/// A screen ordinate in half pixels. This is a whole number, because map positions are whole numbers.
 std::int32_t HalfPixels(float ordinate) {
     const float doubled = ordinate * 2;
     if (std::abs(doubled) < static_cast<float>(Canvas::farthest))

@@ -13,18 +13,19 @@ constexpr std::uint32_t CanvasColour(std::int32_t preferenceColour) {
     return 0xFF000000 | (bits & 0xFF) << 16 | (bits & 0xFF00) | (bits >> 16 & 0xFF);
 }
 
-/// Where on the canvas a shown point lies, ordinates in half pixels: at 100% in the middle of its pixel.
+/// The place of a screen point on the canvas: at 100% the middle of its pixel.
 CanvasPoint PointOnCanvas(const MapView &view, const ScreenPoint &point);
 
-/// Draws in one colour on the map, with a pen as wide as a map pixel is shown.
+/// Draws on the map in one colour, with a pen as wide as one map pixel on the screen.
 class MapPen {
   public:
     MapPen(Canvas &canvas, const MapView &view, std::int32_t preferenceColour)
         : canvas_(canvas), view_(view), colour_(CanvasColour(preferenceColour)) {}
 
-    /// The straight line between two map pixels; false, and nothing drawn, when both are off-screen.
+    /// Draws the straight line between two map pixels. When both are off-screen, draws nothing and returns
+    /// false.
     bool Segment(std::int16_t x1, std::int16_t y1, std::int16_t x2, std::int16_t y2);
-    /// A circle around a map pixel with a radius of 4 map pixels.
+    /// Draws a circle around a map pixel with a radius of 4 map pixels.
     void Ring(std::int16_t x, std::int16_t y);
 
   private:

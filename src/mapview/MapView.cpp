@@ -9,7 +9,7 @@ namespace vtr {
 
 namespace {
 
-/// The shortest decimal text of value, a blank standing in for the sign that a number not below 0 lacks.
+/// The shortest decimal text of value, with a blank in front when there is no minus sign.
 std::string SignedText(float value) {
     std::array<char, 64> digits;
     const auto end =

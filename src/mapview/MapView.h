@@ -7,7 +7,7 @@
 
 namespace vtr {
 
-/// The overview `Img_SmallMap` shows a map pixel at a quarter of its size.
+/// The overview `Img_SmallMap` is smaller than the map by this factor.
 constexpr int overviewScale = 4;
 
 /// A copy of what a scroll bar holds, in map pixels; its Min is always 0.
@@ -19,8 +19,8 @@ struct ScrollState {
     bool operator==(const ScrollState &) const = default;
 };
 
-/// The rectangle over the overview that marks what the viewport shows: pixels from the top left corner of
-/// `Img_SmallMap`, quarters rounded half to even.
+/// The rectangle over the overview that marks what the viewport shows, in pixels of `Img_SmallMap`, rounded
+/// half to even.
 struct OverviewRectangle {
     bool Visible = false;
     std::int16_t Left = 0;
@@ -31,7 +31,7 @@ struct OverviewRectangle {
     bool operator==(const OverviewRectangle &) const = default;
 };
 
-/// How the entries of the zoom menu stand after a zoom command.
+/// Which entries of the zoom menu are enabled and checked after a zoom command.
 struct ZoomMenuState {
     bool inEnabled = true;
     bool outEnabled = true;
@@ -49,11 +49,11 @@ struct MapView {
     std::int16_t MapCenterY = 0;
     ScrollState h_scroll;  ///< the values are the map point in the viewport's top left corner
     ScrollState v_scroll;
-    bool ScrollSyncSuspended = false;  ///< a zoom command sets the scroll values: they leave the centre alone
+    bool ScrollSyncSuspended = false;  ///< a zoom command is scrolling: the centre stays
     OverviewRectangle shp_area;
     ZoomMenuState zoomMenu{.checked100 = true};
     std::int16_t ViewFrontline = 0;  ///< the frontline shown while no frontline is being edited
-    bool TargetFlashPhase = false;   ///< set: the next redraw draws the ring of the selected target
+    bool TargetFlashPhase = false;   ///< true: the next redraw draws the ring of the selected target
 
     bool operator==(const MapView &) const = default;
 };

@@ -9,8 +9,7 @@ namespace vtr {
 
 namespace {
 
-/// Draws the paths of a layer: all of them, or only number viewNumber - 1 when viewNumber is not 0. what
-/// names the layer's paths in an index Error.
+/// Draws all paths, or only path viewNumber - 1 when viewNumber is not 0. what is the item of an index Error.
 void DrawPaths(MapPen pen, std::span<const WaypointPath> paths, std::int16_t viewNumber,
                std::string_view what) {
     if (viewNumber != 0)

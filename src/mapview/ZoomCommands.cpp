@@ -18,7 +18,7 @@ void SetLargeChanges(MapView &view, ScrollBars bars) {
     bars.h_scroll.SetLargeChange(view.h_scroll.LargeChange);
 }
 
-/// May lower the values and so call the change handlers, which then set the centre anew.
+/// May lower the values. That calls the change handlers, which set the centre again.
 void SetMaxima(MapView &view, ScrollBars bars) {
     view.v_scroll.Max = RoundToInt16(mapHeight - ViewHeight(view));
     bars.v_scroll.SetMaximum(view.v_scroll.Max);

@@ -6,9 +6,8 @@
 
 namespace vtr {
 
-/// What the zoom commands ask of a scroll bar (Min 0). It behaves as scroll bars do: a value is held within
-/// 0 to the maximum, lowering the maximum below the value moves the value down, and every change of the value
-/// calls HScrollChanged or VScrollChanged at once.
+/// A scroll bar as the zoom commands see it. It keeps its value between 0 and the maximum: a maximum below
+/// the value lowers the value. Every change of the value calls HScrollChanged or VScrollChanged at once.
 class ScrollBarControl {
   public:
     virtual ~ScrollBarControl() = default;
@@ -22,22 +21,21 @@ struct ScrollBars {
     ScrollBarControl &v_scroll;
 };
 
-// The commands of the zoom menu. Each leaves the whole new state in view, zoomMenu and shp_area included; the
-// window shows it and then redraws the map once. Overflow Errors as in Arithmetic.h.
+// The commands of the zoom menu. Each puts the whole new state into view, zoomMenu and shp_area included.
+// Then the window shows it and redraws the map once. They throw overflow Errors as in Arithmetic.h.
 
-/// "&100%", also the end of every project load: the whole map.
+/// "&100%": the whole map. Every project load ends with it.
 void ZoomTo100(MapView &view, ScrollBars bars);
 /// "&200%": the point in the middle of the viewport stays there.
 void ZoomTo200(MapView &view, ScrollBars bars);
-/// "&400%"
 void ZoomTo400(MapView &view, ScrollBars bars);
-/// "Zoom &In": one step of 100%; the menu ends it at 10000%.
+/// "Zoom &In": 100% more. At 10000% the menu entry is disabled.
 void ZoomIn(MapView &view, ScrollBars bars);
-/// "Zoom &Out": one step of 100% back; the menu ends it at 100%.
+/// "Zoom &Out": 100% less. At 100% the menu entry is disabled.
 void ZoomOut(MapView &view, ScrollBars bars);
 
-/// The change handlers of the two scroll bars: the rectangle over the overview follows, and the centre too
-/// unless a zoom command is at work. The map itself waits for the next redraw.
+/// The change handlers of the two scroll bars. They move the rectangle over the overview, and the centre too
+/// unless a zoom command is running. They do not redraw the map.
 void HScrollChanged(MapView &view, std::int16_t value);
 void VScrollChanged(MapView &view, std::int16_t value);
 
