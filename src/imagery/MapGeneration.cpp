@@ -25,7 +25,7 @@ void DeleteFile(const std::string &path) {
 void GenerateMap(const std::string &templatePath, const std::string &folder, const std::string &terrainName) {
     constexpr std::size_t templateSize = 1078;  // the headers and the colour table of an 8-bit bitmap
     const std::string mapPath = folder + std::string(generatedMapName);
-    // When a step below fails, the project is not to show the map of another terrain.
+    // So the project cannot show the map of another terrain when a later step fails.
     DeleteFile(mapPath);
     Bytes bytes = ReadStartOfFile(templatePath, templateSize);
     bytes.resize(templateSize);

@@ -24,7 +24,7 @@ BitmapLayout LayoutOf(ConstByteSpan bytes, const std::string &path) {
     const std::optional<BitmapHeader> header = ReadBitmapHeader(bytes);
     if (!header)
         refuse("a picture of another kind");
-    // 3 only adds masks to the headers, except behind a header of 64 bytes.
+    // 3 only adds masks to the headers. In a header of 64 bytes it is a compression.
     if (header->compression != 0 && (header->compression != 3 || header->size == 64))
         refuse("a compressed bitmap");
     if (header->columns <= 0 || header->rows == 0 || header->bits == 0 || header->bits > 32 ||
@@ -37,7 +37,7 @@ BitmapLayout LayoutOf(ConstByteSpan bytes, const std::string &path) {
 
 Bytes MirroredBitmap(Bytes bytes, const std::string &path) {
     const BitmapLayout layout = LayoutOf(bytes, path);
-    // Divided, not multiplied: a damaged header may ask for more than fits into any number.
+    // A division, because rows * stride of a damaged header may overflow.
     const std::int64_t held = (static_cast<std::int64_t>(bytes.size()) - layout.start) / layout.stride;
     if (held < layout.rows)
         throw Error(ErrorKind::FileTooShort, {.file = path}, std::to_string(layout.rows) + " rows of pixels",

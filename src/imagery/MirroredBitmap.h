@@ -6,10 +6,9 @@
 
 namespace vtr {
 
-/// The bitmap file (*.bmp) in bytes with its rows of pixels in reverse order, so that its picture is upside
-/// down; headers, colour table and everything else stay as they are. Throws a type-mismatch Error for what is
-/// no bitmap file or a compressed one, and a file-too-short Error when rows are missing. path is for the
-/// Error alone.
+/// Turns the picture of the bitmap file (*.bmp) in bytes upside down by reversing its rows of pixels. All
+/// other bytes stay. Throws a type-mismatch Error when bytes are no bitmap file or a compressed one, and a
+/// file-too-short Error when rows are missing. Only the Errors use path.
 Bytes MirroredBitmap(Bytes bytes, const std::string &path);
 
 }  // namespace vtr

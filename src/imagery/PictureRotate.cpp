@@ -20,8 +20,7 @@ Offset Turned(Offset offset, Offset cosineAndSine) {
     return {offset.x * cosine - offset.y * sine, offset.x * sine + offset.y * cosine};
 }
 
-/// Where the source of the pixel at offset (a, b) from the destination's centre lies from the source's
-/// centre.
+/// The pixel at offset (a, b) from the destination's centre shows the pixel at this offset from the source's.
 Offset SourceOffset(int a, int b, double angle) {
     const double direction = a == 0 ? AngleOfHalfTurns(0.5) : std::atan(static_cast<double>(b) / a);
     const double radius = RoundHalfEven(std::sqrt(static_cast<double>(a) * a + static_cast<double>(b) * b));
@@ -42,7 +41,7 @@ std::optional<Offset> QuarterTurn(double angle) {
     return std::nullopt;
 }
 
-/// Pixels in a straight row: the first one's offset from the picture's centre, and the step to the next.
+/// Pixels in a straight row: the offset of the first from the picture's centre, and the step to the next.
 struct Walk {
     Offset start;
     Offset step;
@@ -53,7 +52,7 @@ struct Range {
     int end;
 };
 
-/// Those of the steps in range with which position + step * i lies within 0..size-1; step is -1, 0 or 1.
+/// The steps i of range with which position + step * i lies within 0..size-1. step is -1, 0 or 1.
 Range StepsWithin(Range range, int position, int step, int size) {
     if (step == 0)
         return position >= 0 && position < size ? range : Range{0, 0};
@@ -71,7 +70,7 @@ class Rotation {
 
     int Half() const { return std::max(centre_.x, centre_.y); }
 
-    /// Copies the pixels of a walk and those of its quarter turns.
+    /// Copies the pixels of a walk, and those of the walk turned by one, two and three quarters.
     void CopyFour(Walk to, Walk from, int count) {
         constexpr Offset quarter{0, -1};
         for (int turns = 0; turns < 4; ++turns) {
@@ -118,9 +117,9 @@ void RotatePicture(const Picture &source, Picture &destination, double angle,
                    const std::function<void()> &afterColumn) {
     Rotation rotation(source, destination);
     const int half = rotation.Half();
-    // The rounded radius is less than 1/2 off the true one, so a quarter turn's source, computed from it, is
-    // less than 1/2 off the pixel (a, b) turned exactly and rounds to it: there is nothing to compute. (The
-    // nearest that the distance comes to 1/2 is 1 / (8 radius), far more than the cosine's error.)
+    // A quarter turn needs no SourceOffset. The rounded radius differs from the true one by less than 1/2, so
+    // SourceOffset would round to the pixel (a, b) turned exactly. (The difference stays at least
+    // 1 / (8 radius) below 1/2, far more than the error of the cosine.)
     const std::optional<Offset> turn = QuarterTurn(angle);
     for (int a = 0; a < half; ++a) {
         if (turn)

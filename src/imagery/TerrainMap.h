@@ -15,9 +15,9 @@ constexpr std::size_t terrainSize = std::size_t{mapWidth} * mapHeight;
 /// 320 rows of 640 tiles, row 0 first: low 6 bits the tile type (0 to 58), high 2 bits the orientation.
 using TerrainMap = Bytes;
 
-/// Fills map from the file at path and returns how many bytes the file holds, terrainSize at most; what it
-/// lacks of those counts as zero, what it has beyond is not read. An empty path leaves map as it is and
-/// returns terrainSize. Throws file-missing and file-access Errors.
+/// Reads up to terrainSize bytes of the file at path into map and returns how many it has read. Missing bytes
+/// count as zero. An empty path leaves map as it is and returns terrainSize. Throws file-missing and
+/// file-access Errors.
 std::size_t ReadTerrainMap(const std::string &path, TerrainMap &map);
 
 /// The byte of the tile in column x, row y. Throws an index Error when y * 640 + x is not below terrainSize.

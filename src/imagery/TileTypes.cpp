@@ -31,9 +31,8 @@ double HalfTurnsOf(Orientation orientation) {
 }
 
 std::string TileListText(int type) {
-    const std::string_view name = TileName(type);
-    const std::string number = std::to_string(type);
-    return (type < 10 ? "0" : "") + number + " - " + std::string(name);
+    const std::string name(TileName(type));
+    return (type < 10 ? "0" : "") + std::to_string(type) + " - " + name;
 }
 
 std::string TilePictureFile(int type) {

@@ -31,8 +31,7 @@ std::string TileListText(int type);
 /// 0..58.
 std::string TilePictureFile(int type);
 
-/// The path of that file in the folder of the tile pictures, which stands there without a separator behind
-/// it.
+/// The path of that file in tilesFolder, which has no separator at its end.
 std::string TilePicturePath(const std::string &tilesFolder, int type);
 
 }  // namespace vtr

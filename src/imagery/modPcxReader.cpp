@@ -25,13 +25,13 @@ constexpr std::size_t paletteSize = 768;
 constexpr std::uint8_t paletteMarker = 12;
 
 constexpr std::int64_t mostPixels = 64 * 1024 * 1024 / 4;
-/// So many pixels take 3 bytes each at most, and each of those 2 in the file: there is room to spare.
+/// More than the largest picture needs: a pixel has at most 3 bytes, each at most 2 bytes in the file.
 constexpr std::uintmax_t mostFileBytes = std::uintmax_t{128} * 1024 * 1024;
 
-// A byte with both high bits set is a run: its low six bits say how often the next byte is repeated.
+// A byte with both high bits set starts a run: its low six bits say how often the next byte is repeated.
 constexpr std::uint8_t firstRun = 192;
-// Runs are written in whole blocks; what is written too far is written again by what follows, or lies in the
-// slack behind the buffer.
+// Runs are written in whole blocks. What a block writes beyond its run is overwritten by later data or lies
+// in the slack behind the buffer.
 constexpr int block = 16;
 constexpr std::size_t slack = 32;
 
@@ -56,7 +56,7 @@ std::int16_t HeaderNumber(ConstByteSpan file, std::size_t offset) {
     return static_cast<std::int16_t>(GetUint16(file, offset));
 }
 
-/// maximum - minimum + 1, where each step has to fit 16 bits.
+/// maximum - minimum + 1. The difference and the sum must fit 16 bits.
 int Extent(ConstByteSpan file, std::size_t minimum, std::size_t maximum, const Place &place) {
     const Place there = At(place, maximum);
     const int between = ToInt16(HeaderNumber(file, maximum) - HeaderNumber(file, minimum), there);
@@ -81,7 +81,6 @@ Header ReadHeader(ConstByteSpan file, const Place &place) {
     return header;
 }
 
-/// How many pixels a picture has.
 std::size_t PixelCount(int width, int height, const Place &place) {
     const std::int64_t count = std::int64_t{width} * height;
     if (count > mostPixels)
@@ -104,8 +103,8 @@ PcxPalette PaletteOf(ConstByteSpan rgb) {
     return palette;
 }
 
-/// Appends the rows of a one-plane picture, lineBytes pixels each, from the run-length data behind the header
-/// to pixels, which begins and ends as slack.
+/// Decodes the rows of a one-plane picture, lineBytes pixels each, from the run-length data behind the
+/// header. pixels holds only slack at first and ends in slack.
 void DecodeRows(ConstByteSpan file, const Header &header, int lineBytes, const ColourTable &colours,
                 std::vector<std::uint32_t> &pixels, const Place &place) {
     const int stride = ToInt16((std::int64_t{lineBytes} + 3) / 4 * 4, At(place, bytesPerLineOffset));
@@ -125,8 +124,8 @@ void DecodeRows(ConstByteSpan file, const Header &header, int lineBytes, const C
                 continue;
             }
             int count = first % 64;
-            // A run that is too long is cut at the picture's width, not at the line's end: behind the width
-            // this takes x back to it.
+            // A run beyond the line's end is cut at the picture's width. An x beyond the width goes back to
+            // it.
             if (x + count > lineBytes) {
                 if (header.width < 0 || header.width > stride)
                     ThrowOutside(place, at, "a run that is cut at a width of 0 to " + std::to_string(stride),
@@ -169,8 +168,8 @@ PcxResult Decode256Colours(ConstByteSpan file, const Place &place) {
     return result;
 }
 
-/// The run-length data behind the header and one byte of 0 behind it, decoded without regard to scan lines
-/// into size bytes; what the data leaves unfilled is 0. The result has slack behind it.
+/// Decodes the run-length data behind the header and one more byte of 0 into size bytes, regardless of scan
+/// lines. Bytes that the data does not fill are 0. The result has slack behind it.
 Bytes DecodePlanes(ConstByteSpan file, std::size_t size, const Place &place) {
     Bytes decoded(size + slack);
     std::size_t out = 0;
@@ -191,7 +190,7 @@ Bytes DecodePlanes(ConstByteSpan file, std::size_t size, const Place &place) {
         if (valueAt(at) >= firstRun)
             ++at;
     }
-    // A run of 0 at the end has not wiped what the one before it wrote too far.
+    // When the data ends in a run of length 0, what the run before it wrote too far is still there.
     std::fill_n(decoded.data() + out, block, std::uint8_t{0});
     return decoded;
 }
@@ -203,7 +202,7 @@ PcxResult Decode24Bits(ConstByteSpan file, const Place &place) {
     const std::size_t planesSize = count * 3 + 1;
     const Bytes planes = DecodePlanes(file, planesSize, place);
 
-    // The largest index is read last, the first negative one in row 0.
+    // The largest index that is read or, when row 0 has negative ones, the first of these.
     const std::int64_t line = header.bytesPerLine;
     const std::int64_t last = line < 0 ? line : line * (3 * header.height - 1) + header.width - 1;
     CheckIndex(last, planesSize, At(place, bytesPerLineOffset));

@@ -12,7 +12,7 @@
 
 namespace vtr {
 
-/// An entry of a logical palette as its four bytes lie in memory.
+/// An entry of a logical palette, its four bytes in their order in memory.
 struct PaletteEntry {
     std::uint8_t red = 0;
     std::uint8_t green = 0;
@@ -25,8 +25,8 @@ struct PaletteEntry {
 /// The two forms of a picture's 256 colours.
 struct PcxPalette {
     std::array<std::uint32_t, 256> colourTable{};  ///< red * 65536 + green * 256 + blue
-    /// The colour table's bytes (blue, green, red, 0) taken as they lie: red and blue are exchanged. That is
-    /// wanted, and shows on palette-based screens only.
+    /// The bytes of the colour table in their order in memory (blue, green, red, 0), so that red and blue are
+    /// exchanged. That is intended. Only palette-based screens show it.
     std::array<PaletteEntry, 256> logicalPalette{};
 };
 
@@ -37,7 +37,7 @@ struct PcxPicture {
 
 enum class PcxIcon { None, Exclamation };
 
-/// A file that is a PCX picture of a kind we do not show. An empty message means: refused without a word.
+/// A PCX picture of a kind that the editor does not show. With an empty message it tells the user nothing.
 struct PcxRefusal {
     std::string_view message;
     PcxIcon icon = PcxIcon::None;
@@ -45,15 +45,16 @@ struct PcxRefusal {
 
 using PcxResult = std::variant<PcxPicture, PcxRefusal>;
 
-/// The picture in the bytes of a PCX file with 8 bits a pixel: of 256 colours in one plane, as wide as its
-/// scan lines are long (padding shows at the right), or of 24 bits in three. Throws a file-too-short Error
-/// for a file without a whole header or without room for its colours, an overflow Error for a size beyond 16
-/// bits or of more than 64 MiB of 32-bit pixels, and an index Error for a height, or in three planes a width,
-/// below 1 and for run-length data that leaves its buffers, at the offset of the byte that did.
+/// Decodes a PCX file with 8 bits a pixel and plane: 256 colours in one plane, or 24-bit colours in three. A
+/// picture of 256 colours is as wide as its scan lines are long, so that padding shows at the right. Throws
+/// - a file-too-short Error when the header or the colours are not complete,
+/// - an overflow Error for a size beyond 16 bits or of more than 64 MiB of 32-bit pixels,
+/// - an index Error for a height below 1, for a width below 1 in three planes, and for run-length data that
+///   leaves its buffers, with the offset of the byte that does.
 PcxResult DecodePcx(ConstByteSpan file, const Place &place = {});
 
-/// The picture in the PCX file at path (UTF-8). Throws what DecodePcx throws, file Errors, and an overflow
-/// Error for a file of more than 128 MiB, which it does not read.
+/// Decodes the PCX file at path (UTF-8). Throws what DecodePcx throws and file Errors. Does not read a file
+/// of more than 128 MiB but throws an overflow Error.
 PcxResult LoadPcx(const std::string &path);
 
 }  // namespace vtr
