@@ -9,7 +9,7 @@
 
 namespace vtr {
 
-/// The nearest whole number to value; halves go to the even one. Whatever the processor's rounding mode is.
+/// The whole number nearest to value, halves to the even one, in every rounding mode of the processor.
 double RoundHalfEven(double value);
 
 /// The overflow Error of a number found outside range.
@@ -37,7 +37,7 @@ inline std::uint8_t ToByte(std::int64_t value, const Place &place = {}) {
 /// value as a 16-bit unsigned number. Throws an overflow Error outside 0..65535.
 std::uint16_t ToUint16(std::int64_t value, const Place &place = {});
 
-/// The largest whole number not above value ("Int"). Throws an overflow Error outside 32 bits.
+/// The largest whole number not above value. Throws an overflow Error outside 32 bits.
 inline std::int32_t FloorToInt32(double value, const Place &place = {}) {
     if (!(value >= -2147483648.0 && value < 2147483648.0))
         ThrowOverflow(place, "-2147483648 to 2147483647", value);
@@ -53,13 +53,12 @@ constexpr std::int64_t FloorMod(std::int64_t a, std::int64_t b) {
     return a % b + (a % b < 0 ? b : 0);
 }
 
-/// index, when it is within 0..count-1; throws an index Error naming what otherwise.
+/// Returns index. Throws an index Error when it is not within 0..count-1.
 std::size_t CheckIndex(std::int64_t index, std::size_t count, const Place &place = {});
 
 /// The shortest decimal text that reads back to the same double (no exponent for the values the files hold).
 std::string ShortestText(double value);
-/// The number that text holds as a whole, blanks before it allowed, in the C locale; none when it holds
-/// something else.
+/// The number that text consists of, in the C locale. Blanks may stand before it. None for any other text.
 std::optional<double> FindNumber(std::string_view text);
 
 }  // namespace vtr

@@ -7,13 +7,13 @@
 
 namespace vtr {
 
-/// Replaces the file at path (UTF-8) by bytes, whole or not at all: a temporary file beside it is written,
-/// flushed and renamed over it, then the folder is flushed. Follows a symbolic link to the real file and
-/// keeps an existing file's permissions. Where the folder takes no new file (on Linux also where it does not
-/// let the old one go), but the file itself may be read and written, it is written in place and gets its old
-/// bytes back if that fails. Throws an Error with the step that failed and what became of the file: it is as
-/// it was, or replaced although a later step failed, or, when it could not get its old bytes back, perhaps
-/// damaged. The temporary is removed. What exists and is no regular file is refused.
+/// Replaces the file at path (UTF-8) by bytes, whole or not at all: writes and flushes a temporary file
+/// beside it, renames that over the file and flushes the folder. Follows a symbolic link to the real file and
+/// keeps an existing file's permissions. Refuses anything that is no regular file. Some folders take no new
+/// file (or, on Linux, keep the old one), but the file itself may be read and written. Then this writes into
+/// the file and puts the old bytes back if that fails. Throws an Error with the step that failed and the
+/// state of the file: as before, replaced (a later step failed), or perhaps damaged (the old bytes could not
+/// be put back). Removes the temporary file.
 void AtomicWrite(const std::string &path, ConstByteSpan bytes);
 /// The same, but the folder is flushed by whoever writes several files into it.
 void AtomicWriteWithoutFolder(const std::string &path, ConstByteSpan bytes);
@@ -23,8 +23,8 @@ void FlushFolder(const std::string &folder);
 /// Gives the file at path its bytes: AtomicWrite, or what stands for it.
 using FileWrite = std::function<void(const std::string &path, ConstByteSpan bytes)>;
 
-/// From now on a write beyond the size that a file may have for this process fails like any other, instead of
-/// ending the program without a word.
+/// From now on a write beyond the system's limit for a file's size throws an Error. Before, it would end the
+/// program.
 void LetWritesBeyondTheSizeLimitFail();
 
 }  // namespace vtr

@@ -19,7 +19,7 @@ namespace vtr {
 
 namespace {
 
-/// A file that goes away again unless it has been renamed.
+/// Deletes the file at the end unless it has been renamed.
 class TemporaryName {
   public:
     TemporaryName(int folder, const std::string &name) : folder_(folder), name_(name) {}
@@ -54,7 +54,7 @@ bool FlushOpenFolder(int folder) {
     return Flush(folder) || errno == EINVAL;
 }
 
-/// One replacement of one file: the steps, each of which throws an Error naming itself when it fails.
+/// Replaces one file. A step that fails throws an Error with its name.
 class Replacement {
   public:
     Replacement(const std::string &path, ConstByteSpan bytes, bool flushesFolder)
@@ -93,18 +93,18 @@ class Replacement {
         if (!S_ISREG(status.st_mode))
             throw Error(ErrorKind::FileAccess, {.file = path_}, "a file to replace",
                         S_ISDIR(status.st_mode) ? "a folder" : "a device or a pipe");
-        // A folder's rights alone would let a write-protected file be renamed away.
+        // Renaming asks only for the folder's rights, so it would replace a write-protected file.
         Check(faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) == 0, "asking for leave to write");
         existing_ = status;
     }
 
-    /// After a refusal by the folder, when there is a file to write into.
+    /// True when the folder has just refused and there is a file to write into.
     bool MayWriteInPlace() const {
         return existing_ && (errno == EACCES || errno == EPERM || errno == EROFS);
     }
 
-    /// The replacement proper. False, with nothing done, when the folder takes no new file, or does not let
-    /// this one go, but the file itself can be written into.
+    /// Replaces the file by way of a temporary one. When the folder refuses that and the file can be written
+    /// in place, changes nothing and returns false.
     bool WriteBeside(int folder) {
         std::string name;
         int number = -1;
@@ -117,7 +117,7 @@ class Replacement {
             return false;
         Descriptor file(number);
         Check(file.IsOpen(), "making the temporary file");
-        // Says to others that the file is in use. Where files cannot be locked, nobody removes one either.
+        // Tells other processes that the file is in use. Where this fails, RemoveUnlessInUse fails too.
         (void)!flock(file.Number(), LOCK_EX | LOCK_NB);
         if (!FillAndRename(file, TemporaryName(folder, name)))
             return false;
@@ -128,7 +128,7 @@ class Replacement {
 
     bool FillAndRename(Descriptor &file, TemporaryName temporary) const {
         if (existing_) {
-            // Only an administrator may give files away; for others the file becomes the user's own.
+            // Only an administrator may give files away. Without that the file belongs to the user.
             (void)!fchown(file.Number(), existing_->st_uid, existing_->st_gid);
             const bool given = fchmod(file.Number(), existing_->st_mode & 07777) == 0;
             // Some file systems have no permissions and say so.
@@ -156,7 +156,7 @@ class Replacement {
         Check(file.Close(), "closing the file", FileAfterwards::Replaced);
     }
 
-    /// Gives the file these bytes in place. The step that fails, null when none does.
+    /// Writes bytes into the file. Returns the step that failed, null when none did.
     static const char *Overwrite(int file, ConstByteSpan bytes) {
         if (lseek(file, 0, SEEK_SET) != 0 || !Write(file, bytes))
             return "writing the file in place";

@@ -63,8 +63,8 @@ class OpenFile {
     HANDLE handle_;
 };
 
-/// Gives the new file the old one's access rights and attributes. Only NTFS has rights; where there are none,
-/// or the user may not hand them on, the new file keeps those that its folder gives to every file.
+/// Gives the new file the old one's access rights and attributes. Where there are no rights, or the user may
+/// not pass them on, the new file keeps the rights that its folder gives to every file.
 void KeepPermissions(const std::filesystem::path &from, const std::filesystem::path &to, DWORD attributes) {
     DWORD size = 0;
     GetFileSecurityW(from.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
@@ -74,7 +74,7 @@ void KeepPermissions(const std::filesystem::path &from, const std::filesystem::p
     SetFileAttributesW(to.c_str(), attributes);
 }
 
-/// Gives the file these bytes in place. The step that fails, null when none does.
+/// Writes bytes into the file. Returns the step that failed, null when none did.
 const char *Overwrite(const OpenFile &file, ConstByteSpan bytes) {
     if (!file.Rewind() || !file.Write(bytes))
         return "writing the file in place";
@@ -123,7 +123,7 @@ void AtomicWrite(const std::string &path, ConstByteSpan bytes) {
         throw Error(ErrorKind::FileAccess, {.file = path}, "a file to replace",
                     (held & FILE_ATTRIBUTE_DIRECTORY) != 0 ? "a folder" : "a device or a pipe");
 
-    // As long as it is open nobody else can open or remove it.
+    // While it is open, no other process can open or remove it.
     std::optional<OpenFile> file;
     std::filesystem::path temporary;
     do {
@@ -151,7 +151,7 @@ void FlushFolder(const std::string &) {
 }
 
 void LetWritesBeyondTheSizeLimitFail() {
-    // They never do anything else here.
+    // They always do on Windows.
 }
 
 }  // namespace vtr

@@ -8,7 +8,7 @@
 namespace vtr {
 
 /// Reads a file's bytes from front to back. Bytes past the end count as zero, so that a short file loads as
-/// far as it goes; Position() then lies beyond the end and tells how long the file should have been.
+/// far as it goes. Then Position() lies beyond the end and tells how long the file should have been.
 class ByteReader {
   public:
     explicit ByteReader(ConstByteSpan bytes) : bytes_(bytes) {}

@@ -20,7 +20,7 @@ class Descriptor {
 
     bool IsOpen() const { return number_ >= 0; }
     int Number() const { return number_; }
-    /// The system's answer to closing it. An interrupted close has closed it all the same.
+    /// False when closing it failed. An interrupted close has closed it too.
     bool Close() { return close(std::exchange(number_, -1)) == 0 || errno == EINTR; }
 
   private:

@@ -18,16 +18,16 @@ enum class ErrorKind {
     TypeMismatch
 };
 
-/// Where in the data something is being read, computed or written. Cheap to make and to pass: it only looks
-/// at text that its maker keeps alive. Negative numbers and empty texts mean "not known" or "does not apply".
+/// Where in the data something is being read, computed or written. It does not own its texts: the caller
+/// keeps them alive. Negative numbers and empty texts mean "not known" or "does not apply".
 struct Place {
     std::string_view file{};
     std::int64_t offset = -1;  ///< in bytes from the start of the file
     int line = -1;             ///< counted from 1
     std::string_view item{};   ///< "target", "railway line", ...
-    int index = -1;            ///< the item's, counted from 0
+    int index = -1;            ///< of the item, counted from 0
 
-    /// The place that lies that many bytes further in the same item.
+    /// The place that many bytes further on in the same item.
     Place Plus(std::size_t bytes) const {
         Place further = *this;
         further.offset += offset < 0 ? 0 : static_cast<std::int64_t>(bytes);
@@ -35,7 +35,7 @@ struct Place {
     }
 };
 
-/// What a failed write has made of the file that it was to replace.
+/// The state of the file that a failed write should have replaced.
 enum class FileAfterwards { AsBefore, Replaced, MayBeDamaged };
 
 /// What the program was doing to a file, "flushing the temporary file to disk", and the system's words for
@@ -46,8 +46,8 @@ struct FailedStep {
     FileAfterwards file = FileAfterwards::AsBefore;
 };
 
-/// The one error type of the program: either something was found that was not expected, or a step failed.
-/// what() is a full sentence; the parts are kept for whoever shows it, and those of the other case are empty.
+/// The one error type of the program. Either something was found that was not expected, or a step failed. The
+/// parts of the other case are empty. what() is a full sentence.
 class Error : public std::runtime_error {
   public:
     Error(ErrorKind kind, const Place &place, std::string expected, std::string found);

@@ -7,7 +7,7 @@
 
 namespace vtr {
 
-/// What a file was when it was read or written, by which one tells later whether another program changed it.
+/// What a file was when it was read or written. It shows later whether another program has changed the file.
 /// All of it is 0 when there was no file.
 struct FileStamp {
     std::uint64_t size = 0;     ///< bytes

@@ -15,14 +15,14 @@ namespace fs = std::filesystem;
 constexpr std::string_view separators = "\\/";
 constexpr char ownSeparator = static_cast<char>(fs::path::preferred_separator);
 
-/// True when there is something of that name, be it a link that points nowhere.
+/// True when something has that name, even a link that leads nowhere.
 bool Exists(const std::string &path) {
     std::error_code error;
     return fs::exists(fs::symlink_status(FilesystemPath(path), error));
 }
 
-/// The name in folder that differs from name at most in the case of its letters; of several the first in the
-/// order of their bytes. name itself when there is none.
+/// The name in folder that equals name apart from upper and lower case. Of several it is the first in the
+/// order of their bytes. When there is none it is name itself.
 std::string NameOnDisk(const std::string &folder, const std::string &name) {
     if (name.empty() || Exists(folder + name))
         return name;
@@ -45,7 +45,7 @@ constexpr bool systemHasDriveLetters = false;
 #endif
 
 std::string AbsolutePath(std::string_view path) {
-    // '\' is no separator to a system without drive letters, but it is one to us.
+    // A system without drive letters does not count '\' as a separator, but the editor does.
     const bool rooted = !path.empty() && IsSeparator(path.front());
     const fs::path held = FilesystemPath(path);
     std::error_code error;
@@ -54,7 +54,7 @@ std::string AbsolutePath(std::string_view path) {
     return error ? std::string(path) : PathText(absolute);
 }
 
-/// True when ".." in folder, which ends in a separator, leads to the folder that is named before it.
+/// True when ".." in folder leads to the folder that is named before it. folder ends in a separator.
 bool LeadsBackByName(std::string_view folder) {
     const std::string_view path = folder.substr(0, std::max<std::size_t>(folder.size(), 1) - 1);
     const std::string_view name = FileNameOf(path);

@@ -13,26 +13,26 @@ namespace vtr {
 std::string_view FileNameOf(std::string_view path);
 /// The part up to and including the last separator; empty when there is none.
 std::string_view FolderOf(std::string_view path);
-/// True for both.
+/// True for '\' and '/'.
 bool IsSeparator(char character);
-/// The separator that path uses: its last one, else the system's own.
+/// The last separator in path, or the system's own when there is none.
 char SeparatorOf(std::string_view path);
 
-/// The path as the system wants it: every separator its own, and each folder and file name in the letter case
-/// it has on disk when it exists there only in another (ASCII letters). What does not exist at all is given
-/// back with the name as asked for.
+/// path with the system's own separators. A folder or file that exists only in another letter case (of ASCII
+/// letters) gets the name it has on disk. Names of what does not exist stay.
 std::string PathOnDisk(std::string_view path);
-/// True unless there is no file or folder at path, in any letter case, or none where a link there leads. What
-/// may not be looked at counts as there: using it tells why not.
+/// True when there is a file or folder at path, in any letter case. A link counts when it leads to one. What
+/// may not be looked at counts too: using it then tells the reason.
 bool FileExists(std::string_view path);
-/// path as an absolute one, without ".", ".." and doubled separators as far as both forms name the same file:
-/// a ".." behind a symbolic link, or behind a folder that does not exist, stays.
+/// The absolute path without ".", ".." and doubled separators. A ".." behind a symbolic link, or behind a
+/// folder that does not exist, stays, because without it the path could name another file.
 std::string CleanAbsolutePath(std::string_view path);
-/// path, or, when it is a symbolic link, the file at the end of the chain of links, which need not exist.
-/// Throws a file-access Error when the links go round in a circle.
+/// The file at the end of a chain of symbolic links, or path itself when it is no link. The file need not
+/// exist. Throws a file-access Error when the links go round in a circle.
 std::string FollowLinks(const std::string &path);
-/// Where the file at path, which need not exist, really is when that is not in the real folder or below it,
-/// or cannot be told; else empty. Throws what FollowLinks throws.
+/// Follows all links. Returns an empty text when the file at path lies in folder or below it, and the file's
+/// real path when it does not or when that is unknown. The file need not exist. Throws what FollowLinks
+/// throws.
 std::string RealPathOutside(const std::string &folder, const std::string &path);
 /// path for the standard library's file functions, and back.
 std::filesystem::path FilesystemPath(std::string_view path);

@@ -12,7 +12,7 @@ namespace vtr {
 
 namespace {
 
-/// The value of an environment variable that is to hold an absolute path; empty when it holds none.
+/// The absolute path in an environment variable; empty when it holds none.
 std::string AbsolutePathVariable(const char *name) {
     const char *value = std::getenv(name);
     return value != nullptr && value[0] == '/' ? value : "";

@@ -38,7 +38,7 @@ std::string UserDataFolder() {
 }
 
 bool FolderIsWritable(const std::string &folder) {
-    // Only an attempt tells: the access rights of the folder, of the user's groups and of the system add up.
+    // Many access rights count (of the folder, the user's groups, the system), so only an attempt can tell.
     const std::filesystem::path probe = FilesystemPath(folder) / L".vtr-probe.tmp";
     const HANDLE file = CreateFileW(probe.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                     FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr);

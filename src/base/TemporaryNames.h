@@ -5,11 +5,11 @@
 
 namespace vtr {
 
-/// A name for a temporary file of this process, ".vtr-PROCESS-NUMBER.tmp", another one at every call.
+/// A new name for a temporary file of this process: ".vtr-PROCESS-NUMBER.tmp".
 std::string NewTemporaryName(unsigned long process);
 
-/// Removes what a killed AtomicWrite has left in folder (UTF-8): files with such a name, unchanged for an
-/// hour, that no process holds open to write them. What cannot be removed stays.
+/// Removes what a killed AtomicWrite has left in folder (UTF-8): files with such a name that have not changed
+/// for an hour and that no process is writing. What cannot be removed stays.
 void RemoveAbandonedTemporaries(const std::string &folder);
 
 /// Removes the file unless a process is writing it.

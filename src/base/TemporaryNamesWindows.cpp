@@ -5,7 +5,7 @@
 namespace vtr {
 
 void RemoveUnlessInUse(const std::filesystem::path &file) {
-    // The process that writes it shares it with nobody: then this fails.
+    // This fails while a process writes the file, because that process does not share it.
     DeleteFileW(file.c_str());
 }
 

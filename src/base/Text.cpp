@@ -74,7 +74,7 @@ std::string Utf8OfProjectText(std::string_view bytes) {
 std::string Shortened(std::string_view text, std::size_t longest) {
     if (text.size() <= longest)
         return std::string(text);
-    // Not in the middle of a UTF-8 character, which has at most three bytes behind its first.
+    // Does not cut through a UTF-8 character, which has at most three bytes behind its first.
     std::size_t end = longest;
     while (end + 3 > longest && (static_cast<std::uint8_t>(text[end]) & 0xC0) == 0x80)
         --end;

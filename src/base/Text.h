@@ -6,25 +6,24 @@
 
 namespace vtr {
 
-// The game's text is single-byte. It is shown as Windows-1252; the five bytes which that leaves undefined
-// (129, 141, 143, 144, 157) become the control characters of the same number, so that every byte survives
-// both ways.
+// The game's text is single-byte. It is shown as Windows-1252. That leaves five bytes undefined (129, 141,
+// 143, 144, 157). They become the control characters of the same number, so that every byte can be converted
+// back.
 
 /// The UTF-8 text that the single-byte characters show as.
 std::string Utf8OfWindows1252(std::string_view bytes);
 /// True when bytes is well-formed UTF-8 (plain ASCII is).
 bool IsUtf8(std::string_view bytes);
-/// A text from a project file, a name of its own, of a file or a whole line: as it stands when it is UTF-8,
-/// else taken as Windows-1252.
+/// The UTF-8 of a text from a project file: unchanged when it is UTF-8, else converted from Windows-1252.
 std::string Utf8OfProjectText(std::string_view bytes);
-/// text, or so much of its beginning and "..." when it is longer than longest bytes: nobody reads the whole
-/// of a line of a million letters, and laying it out takes minutes.
+/// text, but when it is longer than longest bytes only its beginning and "...". A line of a million letters
+/// would take minutes to lay out.
 std::string Shortened(std::string_view text, std::size_t longest = 200);
-/// The longest that a path in a message may be: a usual one is shown whole.
+/// The longest path that a message shows whole. Usual paths are shorter.
 constexpr std::size_t longestShownPath = 600;
-/// The single-byte characters that Utf8OfProjectText reads back as text (UTF-8); nothing when there are none.
+/// The single-byte text that Utf8OfProjectText reads back as text (UTF-8); nothing when there is none.
 std::optional<std::string> SingleByteProjectText(std::string_view text);
-/// The bytes that stand for text (UTF-8) in a project file: those single-byte ones, else text itself.
+/// The bytes of text (UTF-8) in a project file: its SingleByteProjectText, or text itself without one.
 std::string ProjectTextOfUtf8(std::string_view text);
 /// text with its ASCII letters in upper case.
 std::string UpperAscii(std::string_view text);

@@ -30,7 +30,7 @@ Bytes ReadWholeFileIfThere(const std::string &path) {
 
 Bytes ReadFileOfAtMost(std::size_t mebibytes, const std::string &path) {
     const std::size_t most = mebibytes << 20;
-    // Asked first, so that nothing of a file that is far too large is read.
+    // Asks for the size first, so that it does not read a file that is far too large.
     std::error_code unknown;
     const std::uintmax_t size = std::filesystem::file_size(FilesystemPath(PathOnDisk(path)), unknown);
     if (unknown || size <= most) {

@@ -25,7 +25,7 @@ namespace {
 }  // namespace
 
 Bytes ReadStartOfFile(const std::string &path, std::size_t most) {
-    // Not blocking, so that a pipe is refused and not waited for.
+    // Without O_NONBLOCK the call would wait for the other end of a pipe.
     const Descriptor file(open(PathOnDisk(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!file.IsOpen())
         ThrowSystemError(path, "opening the file");
