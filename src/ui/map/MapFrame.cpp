@@ -9,7 +9,7 @@ namespace vtr {
 
 namespace {
 
-/// The room between the map and what stands around it, which the focus frame fills.
+/// The focus frame fills this space around the map.
 constexpr int focusFrameWidth = 2;
 
 class BarControl : public ScrollBarControl {

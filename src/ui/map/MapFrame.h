@@ -8,8 +8,8 @@
 
 namespace vtr {
 
-/// Img_Map between its scroll bars h_scroll and v_scroll, whose changes move the view. A frame around it
-/// shows that it has the keyboard focus.
+/// Img_Map with its scroll bars h_scroll and v_scroll, which move the view. A frame shows that the map has
+/// the keyboard focus.
 class MapFrame : public QWidget {
     Q_OBJECT
 
@@ -19,12 +19,12 @@ class MapFrame : public QWidget {
     MapSurface *Img_Map;
     /// Runs a command of the zoom menu on the view and the scroll bars.
     void Zoom(void (*command)(MapView &view, ScrollBars bars));
-    /// Scrolls so that the map pixel comes to the middle, as far as the map goes, unless it is seen already
-    /// or lies beside the map.
+    /// Scrolls the map pixel to the middle, as far as the map goes. Does nothing when the pixel is in view or
+    /// lies beside the map.
     void BringIntoView(int x, int y);
 
   Q_SIGNALS:
-    /// The part that the viewport shows has moved; the map itself waits for the next redraw.
+    /// The viewport shows another part of the map. The map has not been redrawn yet.
     void AreaChanged();
 
   protected:

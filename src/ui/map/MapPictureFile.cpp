@@ -13,12 +13,12 @@ namespace vtr {
 namespace {
 
 constexpr std::int64_t mostPixels = 256'000'000;
-/// The largest picture, uncompressed, and what may stand before it.
+/// The size of the largest picture without compression, headers included.
 constexpr std::size_t mostBytes = std::size_t{4} * mostPixels + (1U << 16);
-/// Enough to tell what picture it is, and in nearly every format its size.
+/// The start of a file that tells its format and, in nearly every format, its size.
 constexpr std::size_t headSize = 1U << 16;
 
-/// Where the pixels of an uncompressed bitmap start and end, as its header says; 0 for anything else.
+/// Where the pixels of an uncompressed bitmap start and end according to its header. 0 for other files.
 struct PixelRange {
     std::size_t start = 0;
     std::size_t end = 0;
@@ -42,7 +42,7 @@ PixelRange PixelsOfBitmap(ConstByteSpan head) {
                                               : 1 << bits;
     const std::int64_t bytesPerColour = header->size == 12 ? 3 : 4;
     const std::int64_t masks = kind == plainWithMasks && header->size == 40 ? 12 : 0;
-    // The reader does not believe in pixels that start before the colour table ends.
+    // Qt's reader never takes the pixels from before the end of the colour table.
     const std::int64_t tableEnd = bitmapInfoStart + header->size + bytesPerColour * colours + masks;
     const std::int64_t start = std::max(header->pixelStart, tableEnd);
     if (start > std::int64_t{headSize})
@@ -51,7 +51,7 @@ PixelRange PixelsOfBitmap(ConstByteSpan head) {
             static_cast<std::size_t>(start + height * header->BytesPerRow())};
 }
 
-/// The bytes of a picture, which note when its reader asks for more than there are.
+/// The bytes of a picture. It notes when the reader asks for more bytes than there are.
 class PictureBytes : public QIODevice {
   public:
     explicit PictureBytes(const Bytes &bytes) : bytes_(bytes) { open(ReadOnly | Unbuffered); }
@@ -79,7 +79,7 @@ class PictureBytes : public QIODevice {
     bool moreWasWanted_ = false;
 };
 
-/// A reader of the picture in bytes, which must live as long.
+/// Reads the picture in bytes, which must outlive it.
 struct PictureReader {
     explicit PictureReader(const Bytes &bytes) : device(bytes) {
         qt.setDecideFormatFromContent(true);
@@ -96,7 +96,7 @@ void RefuseTooManyPixels(QSize size, const std::string &path) {
                     std::to_string(size.width()) + " x " + std::to_string(size.height()) + " pixels");
 }
 
-/// As much of the file as its picture can need.
+/// The bytes of the file that its picture can need.
 Bytes ReadPictureBytes(const std::string &path, std::optional<ShortFile> *shortFile) {
     Bytes head = ReadStartOfFile(path, headSize);
     const PictureReader reader(head);
@@ -108,7 +108,7 @@ Bytes ReadPictureBytes(const std::string &path, std::optional<ShortFile> *shortF
     if (bytes.size() >= pixels.start && bytes.size() < pixels.end) {
         if (shortFile != nullptr)
             *shortFile = {path, bytes.size(), pixels.end};
-        // Qt would show whatever lay in memory.
+        // Qt would not clear the missing pixels.
         bytes.resize(pixels.end);
     }
     return bytes;
@@ -120,9 +120,9 @@ Picture ReadMapPicture(const std::string &path, std::optional<ShortFile> *shortF
     const Bytes bytes = ReadPictureBytes(path, shortFile);
     PictureReader reader(bytes);
     RefuseTooManyPixels(reader.qt.size(), path);
-    // The reader of XPM wants more behind a whole picture too.
+    // The reader of XPM asks for more bytes even when the picture is complete.
     const bool refusesShortFiles = reader.qt.format() == "xpm";
-    // Some readers leave what is missing as it was.
+    // Some readers do not write the missing pixels.
     QImage image(reader.qt.size(), reader.qt.imageFormat());
     image.fill(0);
     if (!reader.qt.read(&image))

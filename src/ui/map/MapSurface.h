@@ -4,8 +4,8 @@
 
 namespace vtr {
 
-/// Img_Map: shows the surface that the last redraw left, 640 x 320 pixels, and passes the mouse on. Painting
-/// it is no redraw. An arrow key asks that the current item move by map pixels.
+/// Img_Map: shows the surface of 640 x 320 pixels that the last redraw has drawn, and passes the mouse on.
+/// Painting the widget does not redraw the map.
 class MapSurface : public PictureWidget {
     Q_OBJECT
 

@@ -41,8 +41,7 @@ Overview::Overview(QWidget *parent)
 void Overview::ShowPicture(const Picture &map) {
     if (map.Empty())
         return SetPicture({});
-    // The base map is 640 x 320 whatever the picture's size: what lies beyond is cut off, what lacks stays
-    // black.
+    // The map is 640 x 320 pixels. A larger picture is cut off, the rest of a smaller one stays black.
     const QImage whole(reinterpret_cast<const uchar *>(map.pixels.data()), map.width, map.height,
                        QImage::Format_RGB32);
     const QImage small =

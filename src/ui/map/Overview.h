@@ -12,7 +12,7 @@ class Overview : public PictureWidget {
   public:
     explicit Overview(QWidget *parent);
 
-    /// Shows the map picture, of any size; without one it is black.
+    /// Shows the map picture, which may have any size. An empty one shows as black.
     void ShowPicture(const Picture &map);
     void ShowArea(const OverviewRectangle &area);
 

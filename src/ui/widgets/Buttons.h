@@ -7,11 +7,10 @@
 
 namespace vtr {
 
-/// A push button with its object name.
 QPushButton *MakeButton(const QString &name, const QString &caption);
 /// The button cmd_cancel, which rejects dialog.
 QPushButton *MakeCancelButton(QDialog &dialog, const QString &caption = QStringLiteral("&Cancel"));
-/// The buttons side by side at the right, in the order given.
+/// Places the buttons side by side at the right.
 QHBoxLayout *ButtonRow(std::initializer_list<QPushButton *> buttons);
 
 /// The buttons cmd_OK and cmd_cancel, which accept and reject dialog.

@@ -18,13 +18,13 @@ void ChoiceField::ShowEntry(int entry) {
     setCurrentIndex(entry < count() ? entry : -1);
 }
 
-/// Left to itself the list measures all of its captions, or makes its drop-down at once: a tenth of the time
-/// in which the program starts.
+/// QComboBox would measure all captions or create its drop-down list. That takes a tenth of the program's
+/// start.
 QSize ChoiceField::sizeHint() const {
     QStyleOptionComboBox option;
     initStyleOption(&option);
     const QFontMetrics metrics = fontMetrics();
-    // A pixel above and below the letters, as lists have everywhere.
+    // One pixel above and below the letters, as in any QComboBox.
     const QSize contents(letters_ * metrics.horizontalAdvance(u'X'), metrics.height() + 2);
     return style()->sizeFromContents(QStyle::CT_ComboBox, &option, contents, this);
 }

@@ -4,16 +4,16 @@
 
 namespace vtr {
 
-/// A list of captions to choose one from. The mouse wheel acts on it only while it has the focus: one turned
-/// in passing would change the choice unnoticed.
+/// A list of captions to choose one from. The mouse wheel changes the choice only while the list has the
+/// focus, so that nobody changes it by accident.
 class ChoiceField : public QComboBox {
     Q_OBJECT
 
   public:
-    /// letters is the room for captions, in letters as wide as an X.
+    /// letters is the width of the captions, counted in letters X.
     ChoiceField(const QString &name, int letters, QWidget *parent = nullptr);
 
-    /// Shows that entry and tells nobody; none for -1 and for one that the list does not have.
+    /// Shows that entry without sending a signal. Shows none when the list has no such entry, as for -1.
     void ShowEntry(int entry);
 
     QSize sizeHint() const override;

@@ -5,9 +5,9 @@
 
 namespace vtr {
 
-/// The path of the one file or folder of this system that is dragged; empty when it is anything else.
+/// The path of the local file or folder that is dragged; empty when several or other things are.
 QString DroppedPath(const QDropEvent &event);
-/// Takes the drop as a copy, whatever the file manager proposes: after a move it would delete the file.
+/// Accepts the drop as a copy. After a move the file manager would delete the file.
 void AcceptAsCopy(QDropEvent &event);
 
 }  // namespace vtr

@@ -6,14 +6,14 @@
 
 namespace vtr {
 
-/// lbl_edited: which files hold less than the editor does. It takes what room there is, and pushes nobody.
+/// lbl_edited: which files have unsaved edits. It takes only the space that other widgets leave.
 class EditedFilesLabel : public QLabel {
     Q_OBJECT
 
   public:
     explicit EditedFilesLabel(QWidget *parent);
 
-    /// The usual names of the files; none: the label is empty.
+    /// files are usual names. Without any the label is empty.
     void ShowFiles(const std::vector<std::string_view> &files);
 
     QSize minimumSizeHint() const override { return {0, 0}; }

@@ -21,7 +21,7 @@ QString Chosen(QFileDialog &chooser) {
     return chooser.exec() == QDialog::Accepted ? chooser.selectedFiles().value(0) : QString();
 }
 
-/// True when there is no file at path or the user wants to replace it; a folder cannot be replaced.
+/// True when there is nothing at path, or a file that the user wants to replace.
 bool MayReplace(QWidget *parent, const std::string &path) {
     if (!FileExists(path))
         return true;
@@ -40,7 +40,8 @@ bool MayReplace(QWidget *parent, const std::string &path) {
     return box.exec() == QMessageBox::Yes;
 }
 
-/// Qt itself would leave a name with a dot without the suffix and ask about another file than is written.
+/// Adds the suffix and asks about replacing. Qt would not add it to a name with a dot, and so would ask about
+/// another file than the one that is written.
 QString ChosenToSave(QFileDialog &chooser, const QString &suffix) {
     chooser.setOption(QFileDialog::DontConfirmOverwrite);
     while (true) {

@@ -43,7 +43,7 @@ QString ShownProjectName(std::string_view name) {
 }
 
 QString ProjectCaption(std::string_view name) {
-    // A single "&" would mark the key that presses it.
+    // A single "&" would mark the letter behind it as the shortcut.
     return ShownProjectName(name).replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 

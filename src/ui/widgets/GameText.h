@@ -9,11 +9,11 @@ namespace vtr {
 
 /// The game's single-byte text as it is shown.
 QString ShownText(std::string_view bytes);
-/// The single-byte text that is shown as text; nothing when a character of it has none.
+/// The single-byte text that is shown as text; nothing when a character has no such byte.
 std::optional<std::string> GameTextOf(const QString &text);
-/// A project's name as it stands in its file, as a text; a very long one shortened.
+/// The text of a project's name from its file. A very long one is shortened.
 QString ShownProjectName(std::string_view name);
-/// The same as the caption of a menu entry or a button.
+/// The same for the caption of a menu entry or a button.
 QString ProjectCaption(std::string_view name);
 
 }  // namespace vtr

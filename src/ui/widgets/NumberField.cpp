@@ -24,7 +24,7 @@ bool AllDigits(QStringView text) {
 
 constexpr int aboveEveryMaximum = 1'000'000;
 
-/// A number as it is written, without what does not count: leading zeros, and zeros at the fraction's end.
+/// A written number without leading zeros and without zeros at the end of the fraction.
 struct Decimal {
     bool negative;
     int whole;
@@ -33,7 +33,7 @@ struct Decimal {
     bool IsBelowZero() const { return negative && (whole != 0 || !fraction.isEmpty()); }
     bool IsAbove(int maximum) const { return whole > maximum || (whole == maximum && !fraction.isEmpty()); }
 
-    /// The nearest whole number; of two that are as near the even one.
+    /// The nearest whole number, halves to the even one.
     int Rounded() const {
         const int fromHalf = fraction.compare(u"5");
         const int size = whole + (fromHalf > 0 || (fromHalf == 0 && whole % 2 != 0) ? 1 : 0);
@@ -41,7 +41,7 @@ struct Decimal {
     }
 };
 
-/// The number that text holds, without its fraction when that is cut off.
+/// The number in text, without its fraction when cutsFraction is set.
 std::optional<Decimal> ReadDecimal(QStringView text, bool cutsFraction) {
     const bool negative = text.startsWith(u'-');
     const QStringView parts = text.mid(negative || text.startsWith(u'+') ? 1 : 0);
@@ -58,11 +58,11 @@ std::optional<Decimal> ReadDecimal(QStringView text, bool cutsFraction) {
     return Decimal{negative, whole, cutsFraction ? QStringView() : fraction};
 }
 
-/// A line edit that knows whether its text is being typed, and not pasted or set, and what it was before.
+/// A line edit that knows its previous text, and whether the new one is typed or is pasted or set.
 class TypedEdit : public QLineEdit {
   public:
     bool IsTyping() const { return typing_; }
-    /// Whether text may begin with its point: a deletion has left it so.
+    /// True when text begins with a point because something before the point was deleted.
     bool MayBeginWithPoint(QStringView text) const {
         if (before_.startsWith(u'.'))
             return true;
@@ -72,7 +72,7 @@ class TypedEdit : public QLineEdit {
 
     bool event(QEvent *event) override {
         before_ = text();
-        // Taking back is the program's, also where there is nothing to take back.
+        // These keys always undo and redo edits of the campaign, never of the text.
         const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
         if (isKey) {
             const auto &key = *static_cast<QKeyEvent *>(event);
@@ -110,7 +110,7 @@ NumberField::NumberField(const QString &name, int maximum, QWidget *parent)
     setValue(0);
     setFocusPolicy(Qt::StrongFocus);
     connect(this, &QSpinBox::valueChanged, this, &NumberField::TellChange);
-    // What is typed passes validate() first; what a program sets as text does not.
+    // Typed text passes validate() first. Text that a program sets does not.
     connect(lineEdit(), &QLineEdit::textChanged, this, [this](QString text) {
         int position = 0;
         if (validate(text, position) == QValidator::Invalid)
@@ -126,7 +126,7 @@ bool NumberField::SetNumber(int number) {
 }
 
 void NumberField::ShowRecordValue(int number) {
-    // It is shown already, or a fraction is being typed, whose number it is.
+    // The field shows it already, or the user is typing a fraction that rounds to it.
     if (number == value() && (text() == textFromValue(number) || text().contains(u'.'))) {
         told_ = number;
         return;
@@ -184,7 +184,6 @@ QValidator::State NumberField::validate(QString &text, int &position) const {
     return QValidator::Acceptable;
 }
 
-/// Tells why text cannot be taken.
 QValidator::State NumberField::Refuse(const QString &text) const {
     Q_EMIT Refused(text.contains(u',')
                        ? QStringLiteral("Write a fraction with a point, not a comma.")
@@ -231,7 +230,7 @@ void NumberField::TellChange(int number) {
     Q_EMIT NumberChanged(number);
 }
 
-/// text without the letters of the zero text, or what is left of them, before and after a number.
+/// text without letters of the zero text before and after a number.
 QString NumberField::WithoutZeroText(const QString &text) const {
     QStringView bare = text;
     while (!bare.isEmpty() && zeroText_.contains(bare.front()))

@@ -4,22 +4,22 @@
 
 namespace vtr {
 
-/// A numeric field: a whole number from 0 to a maximum, typed or stepped. Typing is held within the range at
-/// every key. A fraction is rounded, halves to the even number: a pasted one at once, a typed one when the
-/// field is left; until then it stays as it is typed.
+/// A numeric field: a whole number from 0 to a maximum, typed or stepped. Every key keeps the number within
+/// the range. The field rounds a fraction, halves to the even number: a pasted one at once, a typed one when
+/// the user leaves the field.
 class NumberField : public QSpinBox {
     Q_OBJECT
 
   public:
-    /// name goes without its prefix: the field becomes "upd_name" and its line edit "txt_name".
+    /// The field's object name becomes "upd_" + name, that of its line edit "txt_" + name.
     NumberField(const QString &name, int maximum, QWidget *parent = nullptr);
 
-    /// Sets the number as stepping does. Outside the range it refuses: false, and the old number stays.
+    /// Sets the number as stepping does. Outside the range, keeps the old number and returns false.
     bool SetNumber(int number);
-    /// Shows the number that a record holds and tells nobody. One outside the range, which a file may hold,
-    /// is shown as it is until the user edits it.
+    /// Shows the number of a record without sending a signal. A file may hold a number outside the range. The
+    /// field shows it until the user edits it.
     void ShowRecordValue(int number);
-    /// Shows an empty text, and tells nobody, until a number is shown or set.
+    /// Shows an empty text without sending a signal, until a number is shown or set.
     void ShowNothing();
     /// Shows text instead of "0". A digit typed into it replaces it.
     void SetZeroText(const QString &text);
@@ -27,14 +27,13 @@ class NumberField : public QSpinBox {
     void CutFraction() { cutsFraction_ = true; }
 
     void stepBy(int steps) override;
-    /// Rewrites text to the nearest number of the range; an empty text and a lone sign are left alone.
+    /// Changes text to the nearest number of the range, except an empty text and a lone sign.
     QValidator::State validate(QString &text, int &position) const override;
 
   Q_SIGNALS:
-    /// The user or SetNumber changed the number. Unlike valueChanged it does not come for the Enter key
-    /// alone.
+    /// The user or SetNumber changed the number. Unlike valueChanged, not sent for a mere Enter key.
     void NumberChanged(int number);
-    /// What was typed or pasted cannot be taken; why, in a sentence for the user.
+    /// The field refused what was typed or pasted. why is a sentence for the user.
     void Refused(const QString &why) const;
 
   protected:

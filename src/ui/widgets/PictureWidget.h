@@ -6,21 +6,21 @@
 
 namespace vtr {
 
-/// A picture on the screen, a pixel of it a pixel there. Assistive tools are told that it is one.
+/// Shows a picture, one screen pixel for each of its pixels. Assistive tools see it as a picture.
 class PictureWidget : public QWidget {
     Q_OBJECT
 
   public:
     explicit PictureWidget(const QString &name, QWidget *parent = nullptr);
 
-    /// Takes the picture's size. An empty one shows as black and leaves the size as it is.
+    /// The widget takes the picture's size. An empty picture shows as black and leaves the size as it is.
     void SetPicture(Picture picture);
     const Picture &Shown() const { return picture_; }
-    /// What it shows, to be drawn on without changing its size, black at first; call update() afterwards.
+    /// The shown picture to draw on, black at first. Do not change its size, and call update() afterwards.
     Picture &Surface();
 
   Q_SIGNALS:
-    /// An arrow key: what is marked in the picture is to move by (dx, dy) pixels.
+    /// An arrow key asks to move what is marked in the picture by (dx, dy) pixels.
     void NudgeRequested(int dx, int dy);
 
   protected:
@@ -28,7 +28,7 @@ class PictureWidget : public QWidget {
     void paintEvent(QPaintEvent *event) override;
 
   private:
-    Picture picture_;  ///< empty until it is asked for: the window opens sooner without 800 KB of black
+    Picture picture_;  ///< empty at first: the window opens sooner without 800 KB of black
 };
 
 }  // namespace vtr

@@ -7,7 +7,7 @@
 
 namespace vtr {
 
-/// Shows text as it stands in a box with an OK button and waits for the user.
+/// Shows text as plain text in a box with an OK button and waits for the user.
 void ShowMessage(QWidget *parent, QMessageBox::Icon icon, const QString &text,
                  const QString &title = programTitle);
 
