@@ -15,7 +15,7 @@ class frm_findtarget : public QDialog {
     Q_OBJECT
 
   public:
-    /// found is called with the lowest index of a target of that name. targets must outlive the dialog.
+    /// Calls found with the lowest index of a target of that name. targets must outlive the dialog.
     frm_findtarget(std::span<const TargetRecord> targets, std::function<void(int)> found,
                    QWidget *parent = nullptr);
 

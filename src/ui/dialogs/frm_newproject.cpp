@@ -22,7 +22,7 @@ namespace vtr {
 
 namespace {
 
-/// The hint never needs more: one on dropping and one on files that are missing, two for each of the others.
+/// The most that the hint needs: one line on dropping, one on missing files, two for each other hint.
 constexpr int hintLines = 8;
 
 bool IsFolder(const QString &path) {
@@ -117,7 +117,7 @@ void frm_newproject::PickFromFolder(const QString &path) {
 
 void frm_newproject::ShowFields() {
     for (std::size_t index = 0; index < fields_.size(); ++index) {
-        const QSignalBlocker once(fields_[index]);  // the hint is made once for all rows
+        const QSignalBlocker once(fields_[index]);  // so that the hint is made once, not for each row
         fields_[index]->setText(QString::fromUtf8(project_.filenames[index]));
     }
     ShowHint();
@@ -155,7 +155,7 @@ bool frm_newproject::eventFilter(QObject *watched, QEvent *event) {
     const auto index =
         static_cast<std::size_t>(std::find(fields_.begin(), fields_.end(), watched) - fields_.begin());
     if (!IsFolder(path) && !RowTakes(index, NativePath(path))) {
-        drag->ignore();  // a file of another row, text, a page of the web
+        drag->ignore();  // a file for another row, text, a web page
         return true;
     }
     AcceptAsCopy(*drag);

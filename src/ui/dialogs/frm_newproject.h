@@ -13,7 +13,7 @@ class QLabel;
 
 namespace vtr {
 
-/// Collects the files of a new project and makes it. Lets the Error of a step that failed through.
+/// Collects the files of a new project and makes it. The Error of a failed step reaches the caller.
 class frm_newproject : public QDialog {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ class frm_newproject : public QDialog {
     /// programFolder holds map.dat and ends in a separator.
     explicit frm_newproject(std::string programFolder, QWidget *parent = nullptr);
 
-    /// After the dialog was accepted: the project to load, empty when no place was chosen for it.
+    /// After the dialog was accepted: the project to load; empty when the user chose no place for it.
     const std::string &ProjectPath() const { return projectPath_; }
     /// After the dialog was accepted: whether the map picture was generated.
     bool MapWasGenerated() const { return !projectPath_.empty() && project_.filenames[mapRow].empty(); }
@@ -38,7 +38,7 @@ class frm_newproject : public QDialog {
     void PickFromFolder(const QString &path);
     void ShowFields();
     void ShowHint();
-    /// Says why nothing is made yet and puts the cursor where that can be mended.
+    /// Tells why the project is not made and puts the cursor into the field to correct.
     void Refuse(std::size_t index, const QString &message);
     void CreateFromFields();
 

@@ -28,7 +28,7 @@ namespace {
 
 constexpr int emptyTileSize = 256;
 constexpr int largestShownSize = 512;
-/// Pixels around the tile that count as its edge: without them nobody could click at 4100 metres.
+/// Pixels around the tile that count as its edge. Only there can the user click at 4100 metres.
 constexpr int edgeWidth = 8;
 
 Picture EmptyTile() {
@@ -36,15 +36,15 @@ Picture EmptyTile() {
             std::vector<std::uint32_t>(std::size_t{emptyTileSize} * emptyTileSize, 0xFFC0C0C0)};
 }
 
-/// A tile's picture, or why there is none and what to do about it.
+/// A tile's picture, or the reason why there is none and what to do.
 struct LoadedTile {
     Picture picture{};
     QString reason{};
     QString advice{};
-    std::optional<PcxRefusal> refusal{};  ///< with a message of its own
+    std::optional<PcxRefusal> refusal{};  ///< only one that has a message
 };
 
-/// How the reason for a file that cannot be shown goes on after the file's name.
+/// Why a file cannot be shown: the words that follow its name.
 QString DamageText(const Error &error) {
     switch (error.Kind()) {
         case ErrorKind::FileAccess:
@@ -95,7 +95,7 @@ QString MetresText(double metres) {
     return QString::fromLatin1(text.data(), end - text.data()) + QStringLiteral(" m");
 }
 
-/// Draws the pixels of a rectangle that lie in picture.
+/// Makes the pixels of rectangle red that lie in picture.
 void FillRed(Picture &picture, const QRect &rectangle) {
     const QRect inside = rectangle & QRect(0, 0, picture.width, picture.height);
     for (int y = inside.top(); y <= inside.bottom(); ++y)
@@ -108,7 +108,7 @@ QLabel *MakeText(const QString &text) {
     auto *const label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    // A long name without a place to break it would make the dialog wider than the screen.
+    // A long name that cannot be wrapped would make the dialog wider than the screen.
     QSizePolicy policy = label->sizePolicy();
     policy.setHorizontalPolicy(QSizePolicy::Ignored);
     label->setSizePolicy(policy);
@@ -266,7 +266,7 @@ void frm_precise::Draw() {
     turned_ = picture_->Shown();
     DrawCross();
     ScrollToCross();
-    // A click that passed unheeded while the tile turned has moved the marks all the same.
+    // Clicks while the tile was turning were ignored but have moved the marks.
     SelectControls();
     if (loaded.refusal)
         ShowMessage(isVisible() ? this : parentWidget(),
@@ -278,7 +278,7 @@ void frm_precise::SelectControls() {
     if (tile_.type < tileTypeCount)
         tiles_->setCurrentRow(tile_.type);
     else
-        tiles_->setCurrentIndex({});  // unlike setCurrentRow(-1) it lets the focus come without a choice
+        tiles_->setCurrentIndex({});  // after setCurrentRow(-1) the focus would choose a row
     orientations_->button(static_cast<int>(tile_.orientation))->setChecked(true);
 }
 
@@ -299,7 +299,7 @@ void frm_precise::ShowPicture(const Picture &picture) {
 }
 
 void frm_precise::Turn() {
-    // Before the dialog is open the user would act on the window behind it.
+    // Before the dialog is open the user's input would go to the window behind it.
     const auto events = isVisible() ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents;
     const double angle = AngleOfHalfTurns(HalfTurnsOf(tile_.orientation));
     RotatePicture(hidden_->Shown(), picture_->Surface(), angle, [this, events] {
@@ -325,7 +325,7 @@ QPoint frm_precise::Cross() const {
     return {RoundToInt32(shown.width * fraction_[0]), RoundToInt32(shown.height * fraction_[1])};
 }
 
-/// Where in the tile a pixel of its picture lies; one outside lies at the edge.
+/// The position in the tile of a pixel of its picture. A pixel outside counts as one at the edge.
 std::array<double, 2> frm_precise::FractionAt(QPoint pixel) const {
     const QSize size = picture_->size();
     return {std::clamp(pixel.x(), 0, size.width()) / double(size.width()),
@@ -351,7 +351,7 @@ void frm_precise::ScrollToCross() {
     if (!isVisible() || picture_->visibleRegion().contains(Cross()))
         return;
     QWidget *const around = picture_->parentWidget();
-    around->layout()->activate();  // at once: the picture may have got another size
+    around->layout()->activate();  // the picture may have a new size
     const QPoint at = picture_->mapTo(around, Cross());
     scroll_->ensureVisible(at.x(), at.y());
 }

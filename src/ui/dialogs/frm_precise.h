@@ -15,23 +15,23 @@
 
 namespace vtr {
 
-/// Shows the terrain tile under a position, turned as the game turns it, and lets the user click the exact
-/// spot. Without SetPosition before and MetresX and MetresY after, it is for viewing only.
+/// Shows the terrain tile under a position, turned as in the game, and lets the user click the exact spot. To
+/// view a tile only, leave out SetPosition, MetresX and MetresY.
 class frm_precise : public QDialog {
     Q_OBJECT
 
   public:
-    /// tilesFolder holds the tiles' pictures and has no separator behind it.
+    /// tilesFolder holds the tiles' pictures and has no separator at its end.
     explicit frm_precise(std::string tilesFolder, QWidget *parent = nullptr);
 
     /// The position to show, in metres from the tile's top left corner.
     void SetPosition(std::int16_t xm, std::int16_t ym);
-    /// Shows the picture of a tile type. Lets the user act while it turns; when one is being turned already,
-    /// waits for that.
+    /// Shows the picture of a tile type. The user can act while it turns. A call during a turn takes effect
+    /// after it.
     void ShowTile(std::uint8_t type, Orientation orientation);
 
-    /// The position in metres from the tile's top left corner: that of SetPosition until the user has
-    /// pressed OK.
+    /// The position in metres from the tile's top left corner: after OK the one that the user has chosen,
+    /// before it that of SetPosition.
     double MetresX() const { return metres_[0]; }
     double MetresY() const { return metres_[1]; }
 

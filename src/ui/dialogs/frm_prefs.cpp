@@ -13,7 +13,7 @@ namespace vtr {
 namespace {
 
 struct Layer {
-    QString name;  ///< of its controls, behind the prefix of their kind
+    QString name;  ///< of its controls, without the prefix of their kind
     QString caption;
     std::int32_t Preferences::*colour;
 };

@@ -12,7 +12,8 @@ class QGridLayout;
 
 namespace vtr {
 
-/// Edits the colours of the layers and the flash switch. Only OK stores them; nothing is drawn or filed here.
+/// Edits the colours of the layers and the flash switch. OK stores them in the preferences, but draws nothing
+/// and writes no file.
 class frm_prefs : public QDialog {
     Q_OBJECT
 
@@ -25,7 +26,6 @@ class frm_prefs : public QDialog {
     static constexpr std::size_t colourTotal = 6;
 
     void AddColour(QGridLayout &grid, std::size_t index);
-    /// The colour that the three sliders give.
     std::int32_t ColourOf(std::size_t index) const;
 
     Preferences &preferences_;

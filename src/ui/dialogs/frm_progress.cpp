@@ -28,11 +28,11 @@ void frm_progress::SetProgress(double value) {
     const int percent = static_cast<int>(held);
     if (percent == bar_->value())
         return;
-    // Until the window system has shown the window there is nothing to paint on. What the user does and the
-    // timers have to wait for the work to end: they would meet a campaign that is half loaded.
+    // Lets the window system show the window. Input and timers stay in the queue: they would meet
+    // a campaign that is half loaded.
     if (isVisible() && !windowHandle()->isExposed())
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::X11ExcludeTimers);
-    // Painting the bar would take longer than the work: an eye needs no more than 40 pictures a second.
+    // Painting each step would take longer than the work. The eye needs no more than 40 pictures a second.
     const bool due = !sincePainted_.isValid() || sincePainted_.hasExpired(25);
     bar_->setUpdatesEnabled(due);
     bar_->setValue(percent);  // paints at once by itself

@@ -6,16 +6,16 @@
 
 namespace vtr {
 
-/// Shows how far a load is. Not modal: the work runs on the thread that shows it. Only the program puts it
-/// away, with hide(); the user cannot close it.
+/// Shows the progress of a load. Not modal, because the work runs on the same thread. The user cannot close
+/// it; the program calls hide().
 class frm_progress : public QDialog {
     Q_OBJECT
 
   public:
     explicit frm_progress(QWidget *parent = nullptr);
 
-    /// Shows value in percent, held within 0 to 100, as a whole number. Paints at once when that number
-    /// differs from the one shown, but no more often than every 25 milliseconds.
+    /// Shows value in percent as a whole number from 0 to 100. Paints a changed number at once, but not more
+    /// often than every 25 milliseconds.
     void SetProgress(double value);
 
     void reject() override;

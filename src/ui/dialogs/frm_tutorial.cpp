@@ -76,7 +76,7 @@ frm_tutorial::frm_tutorial(QWidget *parent) : QDialog(parent) {
     layout->addWidget(text);
     layout->addLayout(ButtonRow({close}));
 
-    // The whole text at once, where the screen is large enough for it.
+    // Large enough for the whole text where the screen is.
     const QFontMetrics metrics(text->font());
     const int around = 2 * text->frameWidth() + qRound(2 * text->document()->documentMargin()) +
                        text->verticalScrollBar()->sizeHint().width();

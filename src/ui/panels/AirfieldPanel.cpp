@@ -119,7 +119,7 @@ void AirfieldPanel::Store(const std::string &what, const std::function<void(Camp
 
 void AirfieldPanel::ShowAirfield(std::optional<int> airfield) {
     if (!airfield && !airfield_ && !missing_)
-        return ShowToolTip();  // it shows none already
+        return ShowToolTip();  // the panel is empty already
     const bool exists = airfield && *airfield < static_cast<int>(airfieldTotal);
     missing_ = exists ? std::nullopt : airfield;
     airfield_ = exists ? airfield : std::nullopt;
@@ -160,14 +160,14 @@ void AirfieldPanel::changeEvent(QEvent *event) {
 
 bool AirfieldPanel::event(QEvent *event) {
     if (event->type() == QEvent::ToolTip)
-        ShowToolTip();  // the target's box may have been enabled or disabled meanwhile
+        ShowToolTip();  // the target's frame may have been enabled or disabled
     return Panel::event(event);
 }
 
 bool AirfieldPanel::eventFilter(QObject *watched, QEvent *event) {
     if (isEnabled() || event->type() != QEvent::ToolTip)
         return Panel::eventFilter(watched, event);
-    event->ignore();  // so that it goes on to the frame
+    event->ignore();  // then the frame gets it
     return true;
 }
 

@@ -19,8 +19,8 @@ class AirfieldPanel : public Panel {
   public:
     AirfieldPanel(Session &session, QWidget *parent);
 
-    /// Shows the record of that index and lets it be edited. Nothing, or an index that no record has, empties
-    /// the panel and has it disabled. While it is disabled, its tooltip says why, also over its fields.
+    /// Shows the record of that index for editing. Without an index, or without a record of that index, the
+    /// panel is empty and disabled. The tooltip of a disabled panel and its fields says why.
     void ShowAirfield(std::optional<int> airfield);
     void Refresh() override;
 
@@ -37,14 +37,14 @@ class AirfieldPanel : public Panel {
     ChoiceField *MakeList(const QString &name, const QString &meaning, int letters);
     void BindList(ChoiceField *list, const std::string &what,
                   std::function<void(Campaign &campaign, int entry)> set);
-    /// Does an edit of the shown record, "Change WHAT of Airfield 44".
+    /// Edits the shown record: "Change WHAT of Airfield 44".
     void Store(const std::string &what, const std::function<void(Campaign &campaign)> &set,
                const std::string &field = {});
 
     std::optional<int> airfield_;  ///< the record being edited
-    std::optional<int> missing_;   ///< what the target refers to and no record has
+    std::optional<int> missing_;   ///< the target's airfield number when no record has it
 
-    /// What the tooltip goes by.
+    /// What the tooltip depends on.
     struct ToolTipState {
         std::optional<int> airfield;
         std::optional<int> missing;

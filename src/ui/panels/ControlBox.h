@@ -18,13 +18,13 @@ class ControlBox : public Panel {
     NumberField *upd_view_railint;
     NumberField *upd_view_roadint;
 
-    /// Shows what the session chooses and which railway lines are disabled.
+    /// Shows the session's choices and which railway lines are disabled.
     void Refresh() override;
     void ShowDisabledLines(const QString &caption);
 
   Q_SIGNALS:
     void ViewFrontlineChanged(int slot);
-    void ViewRailwayChanged(int line);  ///< 0 stands for all
+    void ViewRailwayChanged(int line);  ///< 0: all
 
   private:
     NumberField *AddViewSelector(const FieldText &text, const QString &toolTip, int row);

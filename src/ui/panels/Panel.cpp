@@ -14,7 +14,7 @@ namespace vtr {
 Panel::Panel(const QString &name, const QString &title, Session &session, QWidget *parent)
     : QGroupBox(title, parent), session_(session), campaign_(session.campaign), grid_(new QGridLayout(this)) {
     setObjectName(name);
-    // There is nothing to edit yet. Later on all children would have to be told.
+    // Nothing to edit yet. Disabling the panel now is cheaper than with children in it.
     setEnabled(false);
     grid_->setContentsMargins(6, 3, 6, 5);
     grid_->setHorizontalSpacing(4);

@@ -4,14 +4,14 @@
 
 namespace vtr {
 
-/// The fields of one position: its map pixel and, where a panel stores them, the metres within that tile.
+/// The fields of one position: its map pixel and, in some panels, the metres within that tile.
 struct PositionFields {
     NumberField *x;
     NumberField *y;
     NumberField *xMetres = nullptr;
     NumberField *yMetres = nullptr;
 
-    /// Sets the column and then the row, as typing them does. Each refuses a number outside the map.
+    /// Sets the column and then the row, as typing does. A field refuses a number outside the map.
     void MoveTo(int column, int row) const {
         x->SetNumber(column);
         y->SetNumber(row);

@@ -48,7 +48,7 @@ void RailwayPanel::Build() {
         AddField({"rail_ym2", "+ m:", "End: metres from the tile's top edge", "m", tileMetres}, 4, 2);
     enable_ = AddButton(QStringLiteral("cmd_Enable"), QStringLiteral("Enable All"),
                         QStringLiteral("Count no line as disabled; cleared lines are not restored"), 4);
-    // In a row of its own, where nobody presses it who meant another button.
+    // In a row of its own, so that nobody presses it by mistake.
     disable_ = AddButton(QStringLiteral("cmd_rail_disable"), QStringLiteral("Disable Lines"),
                          QStringLiteral("Clear this line and all lines after it"), 5);
     Grid().setRowStretch(6, 1);
@@ -94,8 +94,8 @@ void RailwayPanel::Refresh() {
     for (std::size_t coordinate = 0; coordinate < metres_.size(); ++coordinate)
         metres_[coordinate]->ShowRecordValue(
             RoundToInt32(campaign_.RailwayTable[index].fineOffsets[coordinate]));
-    // A row that is only a marker leaves the row field as it was. The second end goes by the first one's
-    // 1760: an all-zero record has it at both ends.
+    // A marker row leaves the field of its row as it was. In an all-zero record both rows are 1760, so the
+    // field of the second end checks the first end for that.
     pixels_[X1]->ShowRecordValue(line.x1);
     if (!IsMarkerRow(line.y1))
         pixels_[Y1]->ShowRecordValue(line.y1);
@@ -129,7 +129,7 @@ void RailwayPanel::DisableLines() {
                 {{Table::RailwayLines, static_cast<std::size_t>(first)}, {Table::RailwayCounts}},
                 [first](Campaign &campaign) { DisableRailwayFrom(campaign, first); });
     Refresh();
-    // Not DisabledLinesText: for that, a first line of 0 means that none is disabled.
+    // DisabledLinesText would take line 0 for "no line disabled".
     Q_EMIT DisabledLinesChanged(QStringLiteral("Lines %1+ Disabled").arg(first));
     Q_EMIT Changed();
 }

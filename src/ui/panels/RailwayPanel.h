@@ -9,7 +9,7 @@ class QCheckBox;
 
 namespace vtr {
 
-/// fra_railway: one railway line, and the switch that turns a tail of lines off.
+/// fra_railway: one railway line, and the buttons that disable and enable lines.
 class RailwayPanel : public Panel {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ class RailwayPanel : public Panel {
     void Select(int line) { line_->SetNumber(line); }
     /// end is 1 or 2.
     PositionFields Position(int end) const;
-    /// Places end 2 and goes on to the next line when that is asked for.
+    /// Places end 2. Then selects the next line when the increment box is checked.
     void PlaceEnd(int x, int y);
 
   Q_SIGNALS:

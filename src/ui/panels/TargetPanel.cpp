@@ -21,7 +21,7 @@ namespace vtr {
 
 namespace {
 
-/// Lets a text be typed that has no objection, and tells of the objection otherwise.
+/// Accepts a text without an objection. Otherwise refuses it and tells the objection.
 class ObjectionValidator : public QValidator {
   public:
     using Objection = std::function<QString(const QString &)>;
@@ -42,7 +42,7 @@ class ObjectionValidator : public QValidator {
     std::function<void(const QString &)> tell_;
 };
 
-/// Takes back what was typed in it; the keys go on to the program when there is nothing more to take back.
+/// Undoes and redoes its own typing. When there is none, it leaves the keys to the program.
 class NameEdit : public QLineEdit {
   public:
     using QLineEdit::QLineEdit;
@@ -196,7 +196,7 @@ void TargetPanel::StoreIsAirfield() {
     const int target = Target();
     session_.Do("Change Airfield Box of Target " + std::to_string(target), {RowOf(Table::Targets, target)},
                 [&](Campaign &campaign) { SetTargetIsAirfield(campaign, target, isAirfield_->isChecked()); });
-    // The file holds the reference alone: one of 0 is read as no airfield.
+    // The file stores only the reference. A reference of 0 is loaded as "no airfield".
     if (const auto row = static_cast<std::size_t>(target); isAirfield_->isChecked() &&
                                                            row != targetThatIsAlwaysAnAirfield &&
                                                            campaign_.TargetTable[row].airfield_ref == 0)

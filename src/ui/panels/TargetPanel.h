@@ -9,7 +9,7 @@ class QLineEdit;
 
 namespace vtr {
 
-/// fra_target: which target is selected, and all of it but its airfield.
+/// fra_target: the selected target without its airfield.
 class TargetPanel : public Panel {
     Q_OBJECT
 
@@ -18,12 +18,12 @@ class TargetPanel : public Panel {
 
     void Refresh() override;
     void Select(int target) { code_->SetNumber(target); }
-    /// The selected target has another number now; all else of it is shown already.
+    /// The selected target has a new number. The other fields show it already.
     void Renumber(int target);
     PositionFields Position() const { return {x_, y_, xMetres_, yMetres_}; }
 
   Q_SIGNALS:
-    /// The airfield record that the selected target refers to, nothing when it is no airfield.
+    /// The airfield number of the selected target, nothing when it is no airfield.
     void AirfieldShown(std::optional<int> airfield);
     void FindRequested();
     void PreciseRequested();

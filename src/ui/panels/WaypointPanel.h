@@ -6,8 +6,8 @@
 
 namespace vtr {
 
-/// fra_roadint and fra_railint: one waypoint of one interdiction path. Its fields take numbers but store
-/// none, because the editor never writes these paths.
+/// fra_roadint and fra_railint: one waypoint of one interdiction path. Its fields accept numbers but do not
+/// store them, because the editor never writes these paths.
 class WaypointPanel : public Panel {
     Q_OBJECT
 
