@@ -17,15 +17,14 @@ extern const std::array<std::string_view, 33> aircraftCaptions;
 extern const std::array<std::string_view, 11> airfieldModelCaptions;
 extern const std::array<CountryEntry, 6> countryEntries;
 
-/// What choosing entry 0 to 32 of the aircraft list stores. Throws an index Error beyond.
+/// The slot that choosing entry 0 to 32 of the aircraft list stores. Throws an index Error for other entries.
 AirfieldYearSlot YearSlotOfEntry(int entry);
-/// The aircraft list's entry that shows slot, if any does; flags decide in CodeOfYearSlot's order.
+/// The entry of the aircraft list that shows slot, if any. Checks the flags in CodeOfYearSlot's order.
 std::optional<int> EntryOfYearSlot(const AirfieldYearSlot &slot);
 /// The slot that the file's two-byte code stands for; an unknown code gives an all-zero slot.
 AirfieldYearSlot YearSlotOfCode(std::uint16_t code);
-/// The file's code for slot: the first flag that is set decides, in the order allied_no_plane_a,
-/// allied_no_plane_b, german_no_plane, german. Throws an overflow Error for an aircraft that leaves the
-/// code's low byte.
+/// The file's code for slot. The first set flag decides, in the order allied_no_plane_a, allied_no_plane_b,
+/// german_no_plane, german. Throws an overflow Error for an aircraft that does not fit the code's low byte.
 std::uint16_t CodeOfYearSlot(const AirfieldYearSlot &slot, const Place &place = {});
 
 }  // namespace vtr

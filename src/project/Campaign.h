@@ -19,17 +19,17 @@ constexpr std::size_t roadPathTotal = 297;
 constexpr std::size_t railPathTotal = 99;
 constexpr std::size_t waypointTotal = 12;
 
-/// The game treats this target as an airfield whatever its record says.
+/// The game treats this target as an airfield in any case.
 constexpr std::size_t targetThatIsAlwaysAnAirfield = 81;
 
-/// What the game's files store for "set" in a word that is a flag.
+/// The value of a set flag in the game's files.
 constexpr std::uint16_t flagSet = 65535;
 
-/// Where a position lies within its map pixel: metres from the tile's left or upper edge, 0 to 4100.
+/// The place of a position within its map pixel: metres from the tile's left or upper edge, 0 to 4100.
 template <std::size_t Positions>
 using FineOffsets = std::array<double, Positions>;
 
-/// Rows that no real point lies on: what an end marker of 255 bytes and an all-zero position convert to.
+/// True for the two rows without real points. An end marker of 255 bytes and an all-zero position have them.
 constexpr bool IsMarkerRow(std::int16_t y) {
     return y == 1759 || y == 1760;
 }
@@ -45,7 +45,7 @@ struct TargetRecord {
     std::uint16_t airfield_mark = 0;  ///< flagSet or 0
     std::uint16_t airfield_ref = 0;   ///< index into AirfieldTable
     FineOffsets<2> fineOffsets{};     ///< of x, y
-    /// What else the target's record in the file holds, in its order; nobody knows what it means.
+    /// The record's other bytes in the order of the file. Their meaning is unknown.
     std::array<std::uint8_t, 17> unknown{};
 
     bool operator==(const TargetRecord &) const = default;
@@ -107,7 +107,7 @@ struct FrontlinePoint {
 struct Frontline {
     std::array<FrontlinePoint, frontlinePointTotal> points;
 
-    /// The number of points that do not lie on a marker row.
+    /// The number of points that are not on a marker row.
     std::int16_t point_count() const {
         std::int16_t count = 0;
         for (const FrontlinePoint &point : points)
@@ -133,11 +133,11 @@ struct WaypointPath {
     bool operator==(const WaypointPath &) const = default;
 };
 
-/// One campaign: where it lies and all that its files hold, positions in map pixels (x 0 to 639, y 0 to 319).
-/// The tables have the sizes that the game's files have; it is large, so keep it on the heap.
+/// One campaign: its paths and all that its files hold. Positions are map pixels (x 0 to 639, y 0 to 319).
+/// The tables have the sizes of the game's files. It is large, so keep it on the heap.
 struct Campaign {
     ProjectPaths paths;
-    bool ProjectLoaded = false;  ///< true after the first successful load, for ever
+    bool ProjectLoaded = false;  ///< true from the first successful load on
 
     TerrainMap terrain = TerrainMap(terrainSize);
     std::array<TargetRecord, targetTotal> TargetTable;

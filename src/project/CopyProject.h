@@ -8,17 +8,17 @@
 
 namespace vtr {
 
-/// What a copy of a project lacks.
+/// What is missing in a copy of a project.
 struct ProjectCopy {
-    std::vector<std::string> missing;  ///< names in the project file that no file stands behind
-    std::optional<int> misfit;         ///< the target without a cell: the grid data is that of the last save
+    std::vector<std::string> missing;  ///< names in the project file for which there is no file
+    std::optional<int> misfit;  ///< a target without a cell, because of which the grid data is the old one
 };
 
-/// Copies the open project with its unsaved edits into folder, which is empty and ends in a separator: the
-/// files of its keys, those that the editor writes from the tables, and last the project file, which is
-/// changed only where the copy would load otherwise. Throws an Error of a folder that is not empty, of a
-/// project file whose names lead out of the folder or to one file twice, and file Errors; folder is then as
-/// empty as it was.
+/// Copies the open project with its unsaved edits into folder, which is empty and ends in a separator. Writes
+/// the campaign's files from the tables, copies the others that the project file names, and writes the
+/// project file last. Changes in the project file only what would make the copy load differently. Throws an
+/// Error when folder is not empty or when names in the project file lead out of the folder or twice to the
+/// same file, and file Errors. Then folder is empty again.
 ProjectCopy CopyProject(const Campaign &campaign, const std::string &folder,
                         const std::string &programFolder);
 

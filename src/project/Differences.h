@@ -8,7 +8,7 @@
 
 namespace vtr {
 
-/// How many railway lines the file has and which is the first that the user has disabled.
+/// How many railway lines the file has, and the first one that the user has disabled.
 struct RailwayCounts {
     std::int16_t lines = 0;
     std::int16_t firstDisabled = 0;
@@ -16,7 +16,7 @@ struct RailwayCounts {
     bool operator==(const RailwayCounts &) const = default;
 };
 
-/// A row of any of the tables that can be edited; one alternative each, in the order of Table.
+/// A row of a table that can be edited. The alternatives are in the order of Table.
 using TableRow =
     std::variant<TargetRecord, std::string, AirfieldRecord, RailwayLine, RailwayCounts, FrontlinePoint>;
 enum class Table : std::uint8_t {
@@ -61,21 +61,19 @@ TableRow RowAt(const Campaign &campaign, Table table, std::size_t row);
 Differences DifferencesOf(const Campaign &before, const Campaign &after);
 
 enum class Direction { Forwards, Backwards };
-/// Puts the rows as they are after the differences (forwards) or as they were before them (backwards) into
-/// campaign.
+/// Writes the rows after the differences (forwards) or before them (backwards) into campaign.
 void Apply(const Differences &differences, Direction direction, Campaign &campaign);
 
-/// Joins what follows differences to them, so that both are one step. A row that is again what it was drops
-/// out.
+/// Adds following to differences, so that both are one step. Removes a row that is back at its first value.
 void Join(Differences &differences, Differences following);
 
-/// Rows of a campaign as they are now.
+/// A copy of some rows of a campaign.
 class KeptRows {
   public:
-    /// Rows outside their table are left out. No row is named twice.
+    /// Leaves out rows outside their table. rows must not name a row twice.
     KeptRows(const Campaign &campaign, const std::vector<TableRows> &rows);
 
-    /// What differs in those rows from then to now. Call it once.
+    /// The differences from the copy to now. Call it once.
     Differences DifferencesTo(const Campaign &now);
 
   private:

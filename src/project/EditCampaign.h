@@ -6,19 +6,20 @@
 
 namespace vtr {
 
-// Every change that the user makes to one item. All throw an index Error for an item that does not exist and
-// an overflow Error for a number that its field cannot hold, and then change nothing.
+// The user's changes to one item. Each throws an index Error for an item that does not exist and an overflow
+// Error for a number that the field cannot hold. Then it changes nothing.
 
 void SetTargetPixel(Campaign &campaign, int target, Axis axis, int pixel);
 void SetTargetFineOffset(Campaign &campaign, int target, Axis axis, int metres);
 void SetTargetCount(Campaign &campaign, int target, int count);
 void SetTargetIsAirfield(Campaign &campaign, int target, bool isAirfield);
 
-/// True when the target's name entry may become name: the names file has room for it, or it grows no longer.
+/// True when the target may get the name: the names file has room for it, or it is no longer than the old
+/// one.
 bool TargetNameFits(const Campaign &campaign, int target, std::string_view name);
-/// Renames the name entry that the target refers to, and with it every target that refers to the same one.
+/// Renames the name entry of the target, and with it every target that refers to the same entry.
 void RenameTarget(Campaign &campaign, int target, const std::string &name);
-/// The rows that a renaming of the target changes.
+/// The rows that renaming the target changes.
 std::vector<TableRows> RowsOfTargetName(const Campaign &campaign, int target);
 
 /// year counts 0 to 3 as in airfieldYears.
@@ -39,10 +40,10 @@ constexpr std::array<std::int16_t RailwayLine::*, 4> railwayPixels{&RailwayLine:
 
 void SetRailwayPixel(Campaign &campaign, int line, RailwayCoordinate coordinate, int pixel);
 void SetRailwayFineOffset(Campaign &campaign, int line, RailwayCoordinate coordinate, int metres);
-/// Clears both ends of every line from line on, for good, and remembers line as the first disabled one. The
-/// fine offsets stay.
+/// Sets both ends of line and every later line to 0 and remembers line as the first disabled one. The fine
+/// offsets stay.
 void DisableRailwayFrom(Campaign &campaign, int line);
-/// Forgets which line was the first disabled one; what was cleared stays cleared.
+/// Forgets which line was the first disabled one. The lines stay at 0.
 void EnableRailway(Campaign &campaign);
 
 }  // namespace vtr

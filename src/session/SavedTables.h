@@ -10,22 +10,22 @@
 
 namespace vtr {
 
-/// The tables as the files on disk hold them, and which files would become others if they were saved now.
-/// GRIDDATA.DAT, which is made of the targets' positions in their order, counts as made at the load.
+/// The tables as the files on disk hold them, and which files a save would change. GRIDDATA.DAT, which is
+/// made from the targets' positions in their order, counts as made at the load.
 class SavedTables {
   public:
-    /// Everything is loaded.
+    /// campaign has just been loaded.
     void Load(const Campaign &campaign);
     /// The files of those usual names have been written.
     void Save(const Campaign &campaign, const std::vector<std::string_view> &usualNames);
-    /// The tables changed: from before to after, or the other way round.
+    /// The tables have changed, from before to after or the other way round.
     void Change(const Differences &differences, Direction direction);
 
     /// The usual names of the files that differ, in the order in which they are saved.
     std::vector<std::string_view> EditedFiles() const;
 
   private:
-    /// Counts a row that the campaign has now as 1 or, when it has it no more, as -1.
+    /// Adds by to the counts of the files in which the row's value differs from the saved one.
     void Count(std::size_t row, const TableRow &value, int by);
 
     Campaign saved_;

@@ -2,7 +2,7 @@
 
 namespace vtr {
 
-/// What the panels show, each kind counted from 0.
+/// The items that the panels show, counted from 0.
 struct Selection {
     struct PathWaypoint {
         int path = 0;

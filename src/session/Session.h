@@ -19,7 +19,7 @@
 
 namespace vtr {
 
-/// All that the editor holds while it runs: made once by the program's start and handed down by reference.
+/// All that the editor holds while it runs. Made once at the program's start and passed on by reference.
 struct Session {
     Campaign campaign;
     KeptVersions keptVersions;  ///< of its files, since it was loaded
@@ -29,9 +29,9 @@ struct Session {
     ShownLayers layers;
     EditMode mode = EditMode::Target;
     Selection selection;
-    /// Of the frames these two do not go by the mode alone: a load enables the target's in every mode, ...
+    /// A load sets this in every mode.
     bool targetFrameEnabled = false;
-    /// ... and the airfield's stays off when the targets' mode comes back, until a target is selected.
+    /// Stays false when the target mode comes back, until a target is selected.
     bool airfieldFrameEnabled = false;
     Picture map;                   ///< the project's map picture
     std::string tablesProject;     ///< the project file that the tables were loaded from
@@ -51,7 +51,7 @@ struct Session {
     /// throws goes on to the caller, and the tables are as they were.
     void Do(std::string name, const std::vector<TableRows> &rows, const std::function<void(Campaign &)> &edit,
             std::string field = {});
-    /// Makes those differences, as one edit.
+    /// Makes these differences as one edit.
     void TakeOver(std::string name, const Differences &differences);
     /// Takes the last edit back, or makes it again; the item that it was done to is selected in its mode.
     /// Call them only when the history has one, which they return.

@@ -10,7 +10,7 @@
 
 namespace vtr {
 
-/// What of the main window is enabled and what is checked.
+/// What is enabled and what is checked in the main window.
 struct WindowState {
     struct OfMode {
         bool entryChecked = false;
@@ -27,7 +27,7 @@ struct WindowState {
 
 WindowState WindowStateOf(const Session &session);
 
-/// What it tells of the edits.
+/// What the main window shows of the edits.
 struct EditState {
     std::optional<std::string> undo;  ///< the name of the edit that can be taken back
     std::optional<std::string> redo;
