@@ -32,7 +32,7 @@ void CheckThatItIsEmpty(const std::string &folder) {
         throw Error(ErrorKind::FileAccess, {.file = folder}, "an empty folder", "one that holds something");
 }
 
-/// The names of the project's files in the copy, the project file's last.
+/// The names of the copy's files, that of the project file last.
 std::vector<std::string> NamesOf(const ProjectPaths &paths) {
     const std::string projectFile = paths.ProjectDir + paths.ProjectFile;
     const auto refuse = [&projectFile](const char *expected, const std::string &found) {
@@ -58,8 +58,8 @@ std::vector<std::string> NamesOf(const ProjectPaths &paths) {
     return names;
 }
 
-/// The project file's bytes, changed only where the copy would not load as the open project does: values
-/// that this has from a project loaded before, and the tiles folder.
+/// The project file's bytes. Changes only what would make the copy load differently: values that come from a
+/// project loaded before, and the tiles folder.
 Bytes ProjectFileFor(const std::string &folder, const ProjectPaths &paths) {
     const std::string file = paths.ProjectDir + paths.ProjectFile;
     Bytes bytes = ReadSmallFile(file);
@@ -120,7 +120,7 @@ ProjectCopy CopyProject(const Campaign &campaign, const std::string &folder,
         takeAway();
         if (error.AfterTheFailure() == FileAfterwards::AsBefore)
             throw;
-        // What was written is gone again.
+        // The Error without its FileAfterwards, because takeAway has removed the file.
         throw Error(error.Kind(), {.file = error.File()}, FailedStep{error.Step(), error.Reason()});
     } catch (...) {
         takeAway();

@@ -21,7 +21,7 @@ std::string TextOf(double metres) {
     return ShortestText(metres);
 }
 
-/// A name of the game's in quotation marks, on one line and not too long to read.
+/// One of the game's names in quotation marks, on one line and not too long.
 std::string TextOf(const std::string &name) {
     constexpr std::size_t longest = 60;
     std::string line = name;
@@ -59,7 +59,7 @@ std::string PositionText(int x, int y) {
 
 /// "A to B".
 std::string Change(const std::string &was, const std::string &is) {
-    // Two aircraft have the same caption, and two long names may begin alike.
+    // Two aircraft may have the same caption, and two long names may begin alike.
     return was + (was == is ? " to another " : " to ") + is;
 }
 
@@ -74,7 +74,7 @@ class FieldChanges {
         text_ += words;
     }
 
-    /// Says "name A to B" if the field, a member or a function of the row, differs.
+    /// Says "name A to B" if the field differs. field is a member or a function of the row.
     template <typename Field, typename ValueText>
     void Compare(std::string_view name, const Field &field, const ValueText &valueText) {
         const auto &was = std::invoke(field, before_);
@@ -106,7 +106,7 @@ class FieldChanges {
 template <std::size_t Index>
 constexpr auto fineOffset = [](const auto &row) { return row.fineOffsets[Index]; };
 
-// One function a table: what its rows and fields are called and how their values read.
+// One function for each table, with the names of its rows and fields and the texts of its values.
 
 std::string Sentence(std::size_t row, const TargetRecord &before, const TargetRecord &after) {
     FieldChanges changes(before, after);
@@ -221,7 +221,7 @@ auto WithRows(const Difference &difference, const Function &function) {
         difference.before);
 }
 
-/// What keeps the name of the file of each table, in the order of Table.
+/// The member with the file name of each table, in the order of Table.
 constexpr std::array<std::string ProjectPaths::*, std::variant_size_v<TableRow>> files{
     &ProjectPaths::Targets, &ProjectPaths::TarNames, &ProjectPaths::Airfield,
     &ProjectPaths::Railway, &ProjectPaths::Railway,  &ProjectPaths::Frontline};

@@ -11,7 +11,7 @@ namespace {
 constexpr std::array<std::size_t, std::variant_size_v<TableRow>> rowTotals{
     targetTotal, targetNameTotal, airfieldTotal, railwayLineTotal, 1, frontlineTotal *frontlinePointTotal};
 
-/// Puts a row of any table back into its place.
+/// Writes a row into its table.
 struct SetRow {
     Campaign &campaign;
     std::size_t row;

@@ -16,7 +16,7 @@
 
 namespace vtr {
 
-// ROADLIST.DAT has no colon, and so loses its T where captions lose their last character.
+// ROADLIST.DAT has no colon, so FieldCaption cuts off its T.
 const std::array<NewProjectRow, newProjectRowTotal> newProjectRows = {{
     {12, "BMP MAP:", "*.bmp", generatedMapName, &ProjectPaths::Map},
     {11, "VTR.TM:", "*.tm", "VTR.TM", &ProjectPaths::MapTM},
@@ -35,7 +35,7 @@ const std::array<NewProjectRow, newProjectRowTotal> newProjectRows = {{
 
 namespace {
 
-/// The name that a row's file gets in the project's folder: that of the file picked last, else its own.
+/// The name of a row's file in the project's folder: that of the file picked last, or else its own.
 std::string_view CopiedName(const NewProject &project, std::size_t index) {
     const std::string &chosen = project.ChosenFileNames[index];
     return chosen.empty() ? FileNameOf(project.filenames[index]) : chosen;
@@ -55,11 +55,11 @@ std::string UsualFileIn(const std::string &folder, const NewProjectRow &row) {
     return std::filesystem::is_regular_file(FilesystemPath(path), error) ? path : std::string();
 }
 
-/// The same for the tiles, which may also lie in a folder directly below.
+/// The same for the tiles, which may also be in a folder directly below.
 std::string TilePictureIn(const std::string &folder) {
     const NewProjectRow &row = NewProjectRowOf(tilesRow);
     std::string path = UsualFileIn(folder, row);
-    std::set<std::string> below;  // in one order, whatever the disk's
+    std::set<std::string> below;  // sorted, because the disk's order may differ
     std::error_code error;
     using Entries = std::filesystem::directory_iterator;
     for (Entries entry(FilesystemPath(PathOnDisk(folder)), error), end; !error && entry != end;
@@ -86,7 +86,7 @@ bool Exists(const NewProject &project, std::size_t index) {
                              : std::filesystem::is_regular_file(path, error);
 }
 
-/// groups: rows that belong together.
+/// Each of groups holds rows that belong together.
 void AddHint(std::string &text, const char *sentence, const std::vector<std::vector<std::size_t>> &groups) {
     const std::size_t mostNamed = groups.size() > 1 ? 4 : 3;
     std::string names;
@@ -110,9 +110,9 @@ void CopyRow(const NewProject &project, std::size_t index, const std::string &fo
         AtomicWrite(copy, ReadWholeFile(source));
 }
 
-/// Throws the Error of a project file that cannot be written, and leaves what is there as it is.
+/// Throws an Error when the project file cannot be written. Leaves an existing file as it is.
 void CheckProjectFile(const std::string &path) {
-    // The file itself, not a link to it, goes away again.
+    // Removes the file itself, not a link to it.
     const std::filesystem::path file = FilesystemPath(FollowLinks(PathOnDisk(path)));
     const bool isNew = !FileExists(path);
     AtomicWrite(path, isNew ? Bytes() : ReadWholeFile(path));
@@ -130,7 +130,7 @@ Bytes ProjectFileOf(const NewProject &project) {
     return EncodeProjectFile(paths);
 }
 
-/// Does one of the steps that a new project does not depend on: when it fails, the next one is taken.
+/// Does a step that may fail, because the new project can do without it.
 template <typename Step>
 void Try(Step step) {
     try {
@@ -142,9 +142,7 @@ void Try(Step step) {
 }  // namespace
 
 const NewProjectRow &NewProjectRowOf(std::size_t index) {
-    const auto *const row =
-        std::find_if(newProjectRows.begin(), newProjectRows.end(),
-                     [index](const NewProjectRow &candidate) { return candidate.index == index; });
+    const auto *const row = std::ranges::find(newProjectRows, index, &NewProjectRow::index);
     if (row == newProjectRows.end())
         throw Error(ErrorKind::IndexOutOfRange, {.item = "new-project row"}, "0 to 12",
                     std::to_string(index));
@@ -223,7 +221,7 @@ bool RowTakes(std::size_t index, std::string_view path) {
 
 RowHints HintsOf(const NewProject &project) {
     RowHints hints;
-    std::vector<std::pair<std::string, std::vector<std::size_t>>> copies;  // by name, the first row's first
+    std::vector<std::pair<std::string, std::vector<std::size_t>>> copies;  // rows by name, in their order
     for (const NewProjectRow &row : newProjectRows) {
         const std::size_t index = row.index;
         const std::string &text = project.filenames[index];

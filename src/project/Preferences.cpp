@@ -24,7 +24,7 @@ struct ColourKey {
     std::int32_t Preferences::*colour;
 };
 
-/// In the order of their lines.
+/// In the order of their lines in the file.
 constexpr std::array<ColourKey, 6> colourKeys{{{"FRONTLINECOLOUR", &Preferences::FrontlineColour},
                                                {"RAILWAYCOLOUR", &Preferences::RailwayColour},
                                                {"ROADINTCOLOUR", &Preferences::RoadIntColour},
@@ -36,7 +36,7 @@ constexpr std::array<std::string_view, 4> projectKeys{"LASTPROJECT1", "LASTPROJE
 constexpr std::array<std::string_view, 4> fileKeys{"LASTFILE1", "LASTFILE2", "LASTFILE3", "LASTFILE4"};
 constexpr std::string_view flashKey = "FLASHTARGET";
 
-/// The value for a text key; null when key is none.
+/// The value of a text key; null for other keys.
 std::string *TextOf(Preferences &preferences, std::string_view key) {
     for (std::size_t i = 0; i < projectKeys.size(); ++i) {
         if (key == projectKeys[i])
@@ -47,7 +47,7 @@ std::string *TextOf(Preferences &preferences, std::string_view key) {
     return nullptr;
 }
 
-/// The value for a number key; null when key is none.
+/// The value of a number key; null for other keys.
 std::int32_t *NumberOf(Preferences &preferences, std::string_view key) {
     const auto found = std::ranges::find(colourKeys, key, &ColourKey::key);
     if (found != colourKeys.end())
@@ -55,7 +55,7 @@ std::int32_t *NumberOf(Preferences &preferences, std::string_view key) {
     return key == flashKey ? &preferences.FlashTarget : nullptr;
 }
 
-/// The whole number that a value stands for: colours are rounded down, the switch to the nearest one.
+/// The whole number of a value: rounded down for a colour, to the nearest for the switch.
 std::optional<std::int32_t> WholeNumber(std::string_view key, std::string_view value) {
     const std::optional<double> number = FindNumber(value);
     if (!number)
@@ -72,7 +72,7 @@ void NoteTopEntryName(Preferences &preferences) {
 }
 
 void MakeFolderOf(const std::string &path) {
-    // When this fails, so does the writing, which then says why.
+    // When this fails, writing the file fails too and gives the reason.
     std::error_code error;
     std::filesystem::create_directories(FilesystemPath(FolderOf(path)), error);
 }
@@ -81,7 +81,7 @@ void MakeFolderOf(const std::string &path) {
 
 Preferences ShippedPreferences() {
     Preferences preferences;
-    // Chosen by the figures of data/ColourFigures.cpp.
+    // data/ColourFigures.cpp shows why these.
     preferences.FrontlineColour = ColourOfSliders({255, 32, 0});   // red
     preferences.RailwayColour = ColourOfSliders({0, 0, 64});       // nearly black
     preferences.RoadIntColour = ColourOfSliders({0, 0, 224});      // blue

@@ -20,17 +20,17 @@ struct Preferences {
     std::int32_t FlashTarget = 0;  ///< 0 off, 1 on
     std::array<std::string, 4> RecentProjectNames;
     std::array<std::string, 4> RecentProjectFiles;  ///< full paths
-    /// The last name that the first recent entry was shown with, empty at first; not filed. An entry without
-    /// a name is hidden and keeps it.
+    /// The last name that the first recent entry has shown, empty at first. An entry without a name is hidden
+    /// and does not change it. Not written to the file.
     std::string TopEntryName;
 
     bool operator==(const Preferences &) const = default;
 };
 
-/// What the program starts with when it has no prefs.cfg. data/prefs.cfg holds the same.
+/// The preferences of a program without prefs.cfg. data/prefs.cfg holds the same.
 Preferences ShippedPreferences();
 
-/// A line of prefs.cfg that was passed over.
+/// A line of prefs.cfg that could not be read.
 struct BadPreferencesLine {
     int number;  ///< counted from 1
     std::string text;
@@ -40,11 +40,11 @@ struct BadPreferencesLine {
     bool operator==(const BadPreferencesLine &) const = default;
 };
 
-/// What a prefs.cfg holds: the values of its good lines, 0 and empty where it has none, and its bad lines.
+/// What a prefs.cfg holds: the values of its good lines (0 and empty for missing ones) and its bad lines.
 struct PreferencesRead {
     Preferences preferences;
     std::vector<BadPreferencesLine> badLines;
-    /// The copy of a file that has bad lines; empty when there are none or it could not be made.
+    /// The path of the copy of a file with bad lines; empty when there is no copy.
     std::string keptAs;
 };
 
@@ -58,22 +58,22 @@ struct PreferencesPaths {
     std::string writeTo;
 };
 
-/// The program's folder; where that cannot be written to, the user's folder, which then starts out with what
-/// the program's folder holds. Both end in a separator.
+/// Uses the program's folder, or the user's folder when the program's cannot be written to. Until the user's
+/// folder has a prefs.cfg, reads that of the program's folder. Both folders end in a separator.
 PreferencesPaths FindPreferences(const std::string &programFolder, const std::string &userFolder);
 
-/// The preferences on disk, or the shipped ones where there is no file. A file with bad lines is copied to
-/// "prefs.cfg.bad" where it will be written. Throws file-access Errors when there is a file that cannot be
-/// read, and a file-too-large Error above 1 MiB.
+/// Reads the preferences, or returns the shipped ones when there is no file. Copies a file with bad lines to
+/// "prefs.cfg.bad" beside the file to write. Throws a file-access Error when the file cannot be read, and a
+/// file-too-large Error above 1 MiB.
 PreferencesRead ReadPreferences(const PreferencesPaths &paths);
-/// Keeps a prefs.cfg that is too large to be read under the name "prefs.cfg.bad", which it gives. Nothing
-/// when it cannot be moved, or need not because another one is written.
+/// Renames a prefs.cfg that is too large to read to "prefs.cfg.bad" and returns the new path. Returns an
+/// empty text when that fails, or when another file will be written anyway.
 std::string KeepUnreadPreferences(const PreferencesPaths &paths);
-/// Replaces prefs.cfg, makes its folder if need be. Throws the Errors of AtomicWrite.
+/// Replaces prefs.cfg and makes its folder when it is missing. Throws the Errors of AtomicWrite.
 void WritePreferences(const PreferencesPaths &paths, const Preferences &preferences);
 
-/// Puts a project that has been loaded on top of the recent ones, unless its name is the one that the first
-/// entry was last shown with. The file plays no part in that, nor do the other entries.
+/// Puts a loaded project on top of the recent ones, unless its name is TopEntryName. Compares neither the
+/// file nor the other entries.
 void UpdateRecentProjects(Preferences &preferences, const std::string &name, const std::string &file);
 
 }  // namespace vtr

@@ -4,8 +4,8 @@
 
 namespace vtr {
 
-/// The values of the project file's keys, as they stand there, and where the project lies (UTF-8). Never
-/// cleared: a key that a project file lacks keeps the value of the project loaded before.
+/// The values of the project file's keys, unchanged, and the project's folder and file (UTF-8). A load never
+/// clears them: a key that is missing in a project file keeps the value of the project before.
 struct ProjectPaths {
     std::string Name;
     std::string Map;
@@ -26,7 +26,8 @@ struct ProjectPaths {
 
     bool operator==(const ProjectPaths &) const = default;
 
-    /// The full path of a file of the project, empty when value is: an empty path means "not configured".
+    /// The full path of a file of the project. An empty value gives an empty path, which means "not
+    /// configured".
     std::string PathOf(const std::string &value) const;
 };
 

@@ -7,7 +7,7 @@ namespace vtr {
 
 namespace {
 
-/// The sweep goes over the map column by column and sees this many columns more to the right.
+/// The sweep goes over the map column by column and also sees this many columns to the right.
 constexpr int columnsAhead = 3;
 
 using TargetOrder = std::array<std::size_t, targetTotal>;
@@ -16,9 +16,9 @@ bool SweepMeets(const TargetRecord &target) {
     return target.x >= 0 && target.x < mapWidth + columnsAhead && target.y >= 0 && target.y < mapHeight;
 }
 
-/// Puts the entry at order[n] to place n, going round each ring of entries that change places.
-template <typename Table>
-void Rearrange(Table &table, const TargetOrder &order) {
+/// Moves the entry at order[n] to place n. Follows each ring of entries that change places, because that is
+/// faster than a second table.
+void Rearrange(std::array<TargetRecord, targetTotal> &table, const TargetOrder &order) {
     std::array<bool, targetTotal> done{};
     for (std::size_t start = 0; start < targetTotal; ++start) {
         if (done[start] || order[start] == start)
@@ -44,7 +44,7 @@ std::optional<NewTargetIndices> ReorderTargets(Campaign &campaign,
     if (!std::ranges::all_of(targets, SweepMeets))
         return std::nullopt;
 
-    // Column, row and old index as the digits of one number, by which they are sorted.
+    // Each key combines column, row and old index in one number.
     std::array<std::size_t, targetTotal> keys{};
     for (std::size_t t = 0; t < targetTotal; ++t) {
         const auto column = static_cast<std::size_t>(std::max(targets[t].x - columnsAhead, 0));

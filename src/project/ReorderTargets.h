@@ -9,16 +9,16 @@
 
 namespace vtr {
 
-/// What the user is told when the targets cannot be reordered.
+/// The message when the targets cannot be reordered.
 constexpr std::string_view reorderFailedMessage = "GRIDDATA reordering failed somewhere.  BUGGER!";
 
 /// The new index of each target, by its old one.
 using NewTargetIndices = std::array<std::size_t, targetTotal>;
 
-/// Sorts the targets so that a grid can be built of them: by column with 0 to 3 as one, then by row, then as
-/// they stood. Their fine offsets go with them. Nothing changes and nothing is returned when a target lies
-/// outside columns 0 to 642 or rows 0 to 319. Calls addProgress with the step of a bar of 0 to 100, once for
-/// each of the map's 640 columns, either way.
+/// Sorts the targets so that a grid can be built from them: by column, with 0 to 3 as one, then by row, then
+/// in their old order. When a target lies outside columns 0 to 642 or rows 0 to 319, changes and returns
+/// nothing. In both cases calls addProgress 640 times, once for each column of the map, with a step of a bar
+/// of 0 to 100.
 std::optional<NewTargetIndices> ReorderTargets(Campaign &campaign,
                                                const std::function<void(double)> &addProgress);
 
