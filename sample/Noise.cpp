@@ -1,7 +1,5 @@
 #include "Noise.h"
 
-#include <cmath>
-
 namespace vtr {
 
 namespace {
@@ -52,10 +50,6 @@ int FractalNoise(int x, int y, int size, int octaves, std::uint32_t seed) {
         sum += Noise(across, down, 5 * size >> octave, seed + static_cast<std::uint32_t>(octave)) /
                (1 << octave);
     return sum;
-}
-
-int SquareRoot(int value) {
-    return static_cast<int>(std::sqrt(static_cast<double>(value)));
 }
 
 int Random::Below(int count) {

@@ -14,9 +14,6 @@ int Noise(int x, int y, int size, std::uint32_t seed, int period = 0);
 /// Noise of size plus half as much of half the size and so on: -2048 to 2048. x is at most 1000.
 int FractalNoise(int x, int y, int size, int octaves, std::uint32_t seed);
 
-/// The largest whole number whose square is not above value; value is not negative.
-int SquareRoot(int value);
-
 /// A sequence of numbers that is the same on every run and every machine.
 class Random {
   public:

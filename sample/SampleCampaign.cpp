@@ -113,9 +113,8 @@ SampleFile SampleMapPicture() {
 std::vector<SampleFile> SampleTilePictures() {
     const Palette palette = TilePalette();
     std::vector<SampleFile> files;
-    files.reserve(tileTotal);
     for (const TileDesign &design : tileDesigns)
-        files.push_back({std::string(tilesFolder) + "/" + TileFileName(design.name),
+        files.push_back({std::string(tilesFolder) + "/" + TilePictureFile(static_cast<int>(files.size())),
                          EncodePcx(tileEdge, tileEdge, PaintTile(design), palette)});
     return files;
 }

@@ -14,10 +14,6 @@ namespace vtr {
 
 namespace {
 
-/// The game takes the target of this index for an airfield whatever its reference says, so airfield 0, to
-/// which no reference can point, is put there.
-constexpr std::size_t airfieldZeroTarget = 81;
-
 struct Draft {
     Point place;
     std::string name;
@@ -126,8 +122,9 @@ void FillTargets(const Theatre &theatre, Campaign &campaign) {
     campaign.TargetNameTable[targetTotal] = "Unused Target";
     std::ranges::stable_sort(
         drafts, {}, [](const Draft &draft) { return std::pair(std::max(draft.place.x, 3), draft.place.y); });
-    const std::vector<std::size_t> sites =
-        SitesWithFirst(drafts[airfieldZeroTarget].airfieldSite.value_or(0), theatre.airfieldSites.size());
+    // Airfield 0 comes to the one target that is an airfield although its reference is 0.
+    const std::vector<std::size_t> sites = SitesWithFirst(
+        drafts[targetThatIsAlwaysAnAirfield].airfieldSite.value_or(0), theatre.airfieldSites.size());
     for (std::size_t i = 0; i < drafts.size(); ++i) {
         const Draft &draft = drafts[i];
         TargetRecord &target = campaign.TargetTable[i];

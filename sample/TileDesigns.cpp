@@ -13,7 +13,7 @@ constexpr int west = SideBit(3);
 
 }  // namespace
 
-const std::array<TileDesign, tileTotal> tileDesigns{{
+const std::array<TileDesign, tileTypeCount> tileDesigns{{
     {.name = "Field8", .ground = Ground::Fields, .variant = 8},
     {.name = "Grass", .ground = Ground::Meadow},
     {.name = "Water", .ground = Ground::Water},
@@ -74,14 +74,5 @@ const std::array<TileDesign, tileTotal> tileDesigns{{
     {.name = "CostCT", .ground = Ground::City, .variant = 3, .sea = north},
     {.name = "CostTR", .ground = Ground::Meadow, .variant = 11, .sea = north, .road = east | west},
 }};
-
-std::string TileFileName(std::string_view tileName) {
-    std::string name(tileName);
-    if (name == "City1")
-        name = "Alcty";
-    else if (name.starts_with("City"))
-        name = "Alcty" + name.substr(name.size() - 1);
-    return "BN" + name + ".pcx";
-}
 
 }  // namespace vtr

@@ -2,8 +2,9 @@
 
 #include <array>
 #include <cstdint>
-#include <string>
 #include <string_view>
+
+#include "TileTypes.h"
 
 namespace vtr {
 
@@ -69,7 +70,6 @@ enum class Tile : std::uint8_t {
     CostCT,
     CostTR
 };
-constexpr std::size_t tileTotal = 59;
 
 enum class Ground : std::uint8_t { Water, Meadow, Fields, Forest, Mountain, City };
 
@@ -85,9 +85,6 @@ struct TileDesign {
     int track = 0;           ///< the sides through which a railway runs
 };
 
-extern const std::array<TileDesign, tileTotal> tileDesigns;
-
-/// The file that holds a tile's picture, as the game looks for it.
-std::string TileFileName(std::string_view tileName);
+extern const std::array<TileDesign, tileTypeCount> tileDesigns;
 
 }  // namespace vtr

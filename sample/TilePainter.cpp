@@ -21,7 +21,7 @@ bool Has(int sideSet, int side) {
 }
 
 int Distance(Point a, Point b) {
-    return SquareRoot(SquaredDistance(a, b));
+    return static_cast<int>(SquareRoot(SquaredDistance(a, b)));
 }
 
 int DistanceToSide(Point at, int side) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -51,6 +52,16 @@ constexpr std::int64_t FloorDiv(std::int64_t a, std::int64_t b) {
 /// The mathematical remainder of a / b for b > 0: never negative.
 constexpr std::int64_t FloorMod(std::int64_t a, std::int64_t b) {
     return a % b + (a % b < 0 ? b : 0);
+}
+
+/// The largest whole number whose square is not above value, for value >= 0.
+inline std::int64_t SquareRoot(std::int64_t value) {
+    auto root = static_cast<std::int64_t>(std::sqrt(static_cast<double>(value)));
+    while (root * root > value)
+        --root;
+    while ((root + 1) * (root + 1) <= value)
+        ++root;
+    return root;
 }
 
 /// Returns index. Throws an index Error when it is not within 0..count-1.

@@ -95,5 +95,12 @@ TEST(Arithmetic, APointNeedsDigitsAroundItAndThereIsOnlyOne) {
     EXPECT_EQ(FindNumber("0000000000000000000001.5"), 1.5);
 }
 
+TEST(Arithmetic, SquareRootsAreRoundedDown) {
+    EXPECT_EQ(SquareRoot(0), 0);
+    EXPECT_EQ(SquareRoot(15), 3);
+    EXPECT_EQ(SquareRoot(16), 4);
+    EXPECT_EQ(SquareRoot(130050), 360);
+}
+
 }  // namespace
 }  // namespace vtr

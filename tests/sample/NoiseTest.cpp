@@ -29,13 +29,6 @@ TEST(Noise, WithAPeriodRunsOnWithoutASeam) {
         EXPECT_LT(std::abs(Noise(63, y, 16, 1, 64) - Noise(0, y, 16, 1, 64)), 260);
 }
 
-TEST(Noise, SquareRootsAreRoundedDown) {
-    EXPECT_EQ(SquareRoot(0), 0);
-    EXPECT_EQ(SquareRoot(15), 3);
-    EXPECT_EQ(SquareRoot(16), 4);
-    EXPECT_EQ(SquareRoot(130050), 360);
-}
-
 TEST(Noise, RandomNumbersAreTheSameForTheSameSeedAndCoverTheirRange) {
     Random first(5);
     Random second(5);

@@ -5,14 +5,6 @@
 namespace vtr {
 namespace {
 
-TEST(TileDesigns, NamePictureFilesAsTheGameLooksForThem) {
-    EXPECT_EQ(TileFileName("Water"), "BNWater.pcx");
-    EXPECT_EQ(TileFileName("City1"), "BNAlcty.pcx");
-    EXPECT_EQ(TileFileName("City2"), "BNAlcty2.pcx");
-    EXPECT_EQ(TileFileName("City9"), "BNAlcty9.pcx");
-    EXPECT_EQ(TileFileName("Road10"), "BNRoad10.pcx");
-}
-
 TEST(TileDesigns, StandInTheGamesNumbering) {
     EXPECT_EQ(tileDesigns[0].name, "Field8");
     EXPECT_EQ(tileDesigns[2].name, "Water");
