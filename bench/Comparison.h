@@ -21,7 +21,7 @@ struct Comparison {
     double baseline = std::numeric_limits<double>::max();
 };
 
-/// Runs both in turn, so that whatever else the machine does meets both, and keeps the shortest time of each.
+/// Runs both in turn, so that other load on the machine slows both. Keeps the shortest time of each.
 template <typename Ours, typename Baseline>
 Comparison Compare(int runs, Ours ours, Baseline baseline) {
     Comparison shortest;
@@ -32,7 +32,7 @@ Comparison Compare(int runs, Ours ours, Baseline baseline) {
     return shortest;
 }
 
-/// The same with the median of each, for work whose time the disk decides: there the shortest is luck.
+/// The same with the median of each, for work that waits for the disk: there the shortest time is luck.
 template <typename Ours, typename Baseline>
 Comparison CompareMedians(int runs, Ours ours, Baseline baseline) {
     std::vector<double> oursTimes;

@@ -1,5 +1,5 @@
-// From a value set in a field of the main window to the finished map surface, beside setting a bare spin box
-// and one full redraw, and beside the same field when its edits cannot be undone. Undoing beside one redraw.
+// Setting a value in a field of the main window until the map surface is finished, compared with setting a
+// bare spin box and one full redraw, and with the same field without undo. Undoing compared with one redraw.
 
 #include <QAction>
 #include <QApplication>
@@ -44,7 +44,7 @@ int Run(int argc, char **argv, const std::string &folder) {
         x = 1 - x;
         const bool phase = session->view.TargetFlashPhase;
         field.SetNumber(100 + x);
-        // The phase of the selected target's ring moves with every redraw.
+        // The phase of the selected target's ring changes with every redraw.
         if (session->campaign.TargetTable[0].x != 100 + x || session->view.TargetFlashPhase == phase)
             std::abort();
     };
@@ -67,7 +67,7 @@ int Run(int argc, char **argv, const std::string &folder) {
         forgetfulX = 1 - forgetfulX;
         forgetfulField.SetNumber(100 + forgetfulX);
     };
-    // Each value is an edit of its own, as those of a player are.
+    // Each value is an edit of its own, as a player's edits are.
     const auto setAndEnd = [&] {
         session->history.EndMerging();
         setField();

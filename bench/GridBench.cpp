@@ -1,4 +1,4 @@
-// How much faster the grid and the reordering are made than by taking their steps one by one.
+// How much faster the editor builds the grid and reorders targets than a program that takes each step.
 
 #include <benchmark/benchmark.h>
 
@@ -18,7 +18,7 @@ namespace {
 
 using namespace vtr;
 
-/// Targets all over the map in no order, with the texts that a loaded campaign has.
+/// Places targets all over the map in no order, with texts as in a loaded campaign.
 void Scatter(Campaign &campaign, unsigned seed) {
     std::mt19937 random(seed);
     std::uniform_int_distribution<std::int16_t> column(0, 639);
@@ -31,7 +31,7 @@ void Scatter(Campaign &campaign, unsigned seed) {
     }
 }
 
-/// The shortest time of several runs, in seconds. What prepare does before each is not timed.
+/// The shortest time of several runs in seconds, without the time of prepare.
 template <typename Prepare, typename Work>
 double ShortestTime(int runs, Prepare prepare, Work work) {
     double shortest = std::numeric_limits<double>::max();

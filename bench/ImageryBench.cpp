@@ -1,5 +1,5 @@
-// How fast tile pictures are read, beside other decoders of the same bytes where they are installed, and
-// turned, beside the trigonometry that defines the turn.
+// How fast tile pictures are read, compared with the other decoders that are installed, and how fast they are
+// turned, compared with the trigonometry that defines the turn.
 
 #include <cstdlib>
 #include <functional>
@@ -89,7 +89,7 @@ Bytes Encoded(const std::vector<std::uint8_t> &indexes) {
     return file;
 }
 
-/// A decoder of another house; fills indexes with the palette entries it finds.
+/// A decoder of another library. It fills indexes with the palette entries it finds.
 struct Rival {
     const char *name;
     std::function<void(const Bytes &file, Bytes *indexes)> decode;
@@ -151,7 +151,7 @@ std::size_t PixelsDecoded(const Bytes &file) {
     return std::get<PcxPicture>(DecodePcx(file)).picture.pixels.size();
 }
 
-/// False when a decoder does not see the sample's pixels.
+/// Returns false when a decoder does not find the sample's pixels.
 bool CompareDecoders(const Sample &sample, const std::vector<Rival> &rivals) {
     const Bytes file = Encoded(sample.indexes);
     const PcxResult result = DecodePcx(file);

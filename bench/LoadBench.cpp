@@ -1,4 +1,4 @@
-// Loading the whole sample without a window, beside reading the same files whole with read(2).
+// Loading the whole sample without a window, compared with reading the same files with read(2).
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -1,7 +1,7 @@
-// A full redraw of the map, all layers on, beside QPainter drawing the same primitives (raster, no smoothing,
-// one pen and one call a layer, an explicit clip rectangle) and beside copying the surface. The three take
-// turns, and of each the fastest turn counts, so that what else the machine does weighs on none of them.
-// "items" is how many campaigns lie over each other: it shows how the time grows.
+// A full redraw of the map with all layers, compared with QPainter drawing the same primitives (raster, no
+// smoothing, one pen and one call a layer, an explicit clip rectangle) and with copying the surface. The
+// three take turns and the fastest turn of each counts, so that other load on the machine does not matter.
+// "items" is the number of campaigns on top of each other. It shows how the time grows.
 
 #include <QImage>
 #include <QList>
@@ -27,7 +27,7 @@ using namespace vtr;
 
 constexpr std::int16_t everything = 0;
 
-/// What both sides draw: the sample campaign, and over it as often again as the case asks for.
+/// What both sides draw: the sample campaign, one or more times.
 struct Scene {
     Scene(std::int16_t zoom, unsigned items) {
         for (unsigned i = 0; i < items; ++i)
@@ -64,7 +64,7 @@ void DrawWithEditor(Scene &scene, Picture &surface) {
     }
 }
 
-/// One layer's lines for one QPainter call; the same segments that the editor draws.
+/// The segments of one layer that the editor draws, for one QPainter call.
 class LineBatch {
   public:
     LineBatch(QPainter &painter, const MapView &view, std::int32_t colour, double width)
@@ -156,8 +156,8 @@ void DrawWithQPainter(const Scene &scene, const QImage &worldMap, QImage &surfac
         PaintCampaign(painter, scene.view, scene.preferences, *campaign);
 }
 
-/// Prints how a redraw at zoom compares with QPainter and with copying its surface. Of the sample alone the
-/// map wants the given bounds held (atMostCopies 0: none); of more items it only shows the growth.
+/// Prints how a redraw at zoom compares with QPainter and with copying its surface. The bounds apply to the
+/// sample alone (atMostCopies 0: no bound). More items only show how the time grows.
 void CompareAt(std::int16_t zoom, unsigned items, double atLeast, double atMostCopies) {
     Scene scene(zoom, items);
     Picture surface{mapWidth, mapHeight, std::vector<std::uint32_t>(std::size_t{mapWidth} * mapHeight)};
@@ -176,7 +176,7 @@ void CompareAt(std::int16_t zoom, unsigned items, double atLeast, double atMostC
         besidePainter.ours = std::min(besidePainter.ours, SecondsOf([&] { DrawWithEditor(scene, surface); }));
         besidePainter.baseline = std::min(besidePainter.baseline,
                                           SecondsOf([&] { DrawWithQPainter(scene, worldMap, qtSurface); }));
-        // The first copy brings the two pictures into the cache, as the last turn did for the others'.
+        // The first copy only brings the two pictures into the cache.
         for (int i = 0; i < 2; ++i)
             besideCopying.baseline = std::min(besideCopying.baseline, SecondsOf(copySurface));
     }

@@ -1,4 +1,4 @@
-// Encoding and saving all six files, beside writing, flushing and renaming the same bytes.
+// Encoding and saving all six files, compared with writing, flushing and renaming the same bytes.
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -40,8 +40,7 @@ struct NoQuestions : SaveQuestions {
 }  // namespace
 
 int main() {
-    // In the folder that it runs in, since the folder for temporary files may lie in memory, where flushing
-    // is free.
+    // In the current folder, because the folder for temporary files may be in memory, where a flush is free.
     const std::string folder = std::filesystem::current_path().string() + "/vtr-save-bench/";
     WriteSampleCampaign(folder, false);
     const std::unique_ptr<Campaign> campaign = MakeSampleCampaign();

@@ -1,6 +1,5 @@
-// From the start of the program to its first shown window with the sample loaded, off-screen, beside a bare
-// Qt main window with a menu bar. Each start is a process of its own: this program, called again with an
-// argument.
+// From the start of the program to its first window with the sample loaded, off-screen, compared with a bare
+// Qt main window with a menu bar. Each start is a process of its own: this program, called with an argument.
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -46,7 +45,7 @@ int StartBareWindow(int argc, char **argv) {
     return QCoreApplication::exec();
 }
 
-/// Ends when the main window is painted for the first time, or when the sample's map is painted in it.
+/// Ends when the main window is first painted, or when the sample's map is painted in it.
 int StartEditor(int argc, char **argv, const std::string &project, bool untilMapIsShown) {
     const auto session = std::make_unique<Session>();
     session->programFolder = ProgramFolder();

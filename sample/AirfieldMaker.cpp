@@ -59,7 +59,7 @@ class AirfieldMaker {
     }
 
   private:
-    // The units go round the airfields in turn, so that all of them are met.
+    // The aircraft take turns, so that each of them is used.
     int EntryFor(Side side, std::size_t year, bool inUse) {
         const std::vector<int> &aircraft = AircraftOf(side, year);
         if (!inUse || random_.Below(12) == 0)

@@ -6,8 +6,8 @@
 
 namespace vtr {
 
-/// A fine offset in metres for something at place: any of those that the game's files can hold, and for the
-/// same place and seed always the same.
+/// A fine offset in metres for something at place, one that the game's files can hold. The same place and
+/// seed always give the same offset.
 double FineOffsetAt(Point place, std::uint32_t seed);
 
 }  // namespace vtr

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int anchors = 6;
 
-/// The run of the front in one slot, from its southern or western end to its northern or eastern end.
+/// The course of the front in one slot, from its southern or western end to its northern or eastern end.
 struct KeyFront {
     int slot;
     std::array<Point, anchors> points;
@@ -58,7 +58,7 @@ Point NearestPlace(Point centre, const Test &test) {
     return best;
 }
 
-// The front follows the ground: its bends are drawn where the land lies.
+// Moves place a little, so that the front bends.
 Point Bent(Point place) {
     return {place.x + FractalNoise(place.x, place.y, 20, 2, 901) * 7 / 1024,
             place.y + FractalNoise(place.x, place.y, 20, 2, 911) * 7 / 1024};

@@ -45,7 +45,7 @@ class GroundPainter {
         return pixels;
     }
 
-    // Every variant lies elsewhere in the textures.
+    // Each variant shows another part of the textures.
     int Coarse(int x, int y) const { return CoarseTexture().At(x + 53 * variant_, y + 97 * variant_); }
     static int Fine(int x, int y) { return FineTexture().At(x, y); }
 

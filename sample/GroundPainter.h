@@ -30,7 +30,7 @@ enum class Ramp : std::uint8_t {
 constexpr std::size_t rampTotal = 16;
 constexpr int shadeTotal = 16;
 
-/// The palette index of a shade, 0 dark to 15 light; what lies beyond counts as the darkest or lightest.
+/// The palette index of a shade, 0 dark to 15 light. A shade outside counts as the darkest or lightest.
 constexpr std::uint8_t Shade(Ramp ramp, int shade) {
     return static_cast<std::uint8_t>(static_cast<int>(ramp) * shadeTotal +
                                      std::clamp(shade, 0, shadeTotal - 1));

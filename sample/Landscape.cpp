@@ -62,8 +62,8 @@ int SketchedMetres(int column, int row) {
     return drawn == '-' ? -80 : sketchMetres[static_cast<std::size_t>(drawn - '0')];
 }
 
-// The weights of three neighbours at a position of 0 to 20 along the middle one (quadratic B-spline), 800 in
-// all.
+// The weights of three neighbours at position 0 to 20 along the middle one (quadratic B-spline). Their sum is
+// 800.
 constexpr std::array<int, 3> SplineWeights(int position) {
     const int rest = 20 - position;
     return {rest * rest, 400 + 40 * position - 2 * position * position, position * position};
@@ -89,7 +89,7 @@ int HeightOf(Point place) {
     return smooth + FractalNoise(place.x, place.y, 40, 5, 31) * roughness / 1024;
 }
 
-// The places that hang together with start by their sides and are all land or all sea.
+// The places that are joined to start by their sides and are land, or sea, as start is.
 std::vector<Point> PatchAround(Point start, const Theatre &theatre, MapGrid<std::uint8_t> &seen) {
     std::vector<Point> patch{start};
     seen[start] = 1;
@@ -104,7 +104,7 @@ std::vector<Point> PatchAround(Point start, const Theatre &theatre, MapGrid<std:
     return patch;
 }
 
-// Floods islets and fills ponds, and numbers the lands that are left.
+// Floods islets, fills ponds and numbers the remaining lands.
 void TidyAndNumber(Theatre &theatre) {
     constexpr std::size_t smallestIsland = 12;
     constexpr std::size_t smallestLake = 16;
@@ -140,7 +140,7 @@ bool TouchesSea(const Theatre &theatre, Point land) {
 
 struct Wet {
     int level;
-    std::uint32_t lot;  // among places of the same level the flood takes a random way, so that streams wind
+    std::uint32_t lot;  // a random order of places of the same level, so that streams wind
     Point place;
 
     bool operator>(const Wet &other) const {

@@ -47,7 +47,8 @@ Colour TintOf(int metres) {
     return tints.back().colour;
 }
 
-// How much lighter a slope that faces the north-west is than level ground; negative on the other side.
+// How much lighter than level ground a slope is: above 0 when it faces the north-west, below on the other
+// side.
 int SunOn(const Theatre &theatre, Point place) {
     const Point before{std::max(place.x - 1, 0), std::max(place.y - 1, 0)};
     const Point after{std::min(place.x + 1, mapWidth - 1), std::min(place.y + 1, mapHeight - 1)};

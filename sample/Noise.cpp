@@ -42,7 +42,7 @@ int Noise(int x, int y, int size, std::uint32_t seed, int period) {
 }
 
 int FractalNoise(int x, int y, int size, int octaves, std::uint32_t seed) {
-    // Turned by the angle of the 3-4-5 triangle, so that no hill or coast runs along the rows and columns.
+    // Turns the noise by the angle of the 3-4-5 triangle, so that no hill or coast follows rows or columns.
     const int across = 4 * x + 3 * y;
     const int down = 4 * y - 3 * x + 5000;
     int sum = 0;

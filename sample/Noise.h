@@ -4,11 +4,11 @@
 
 namespace vtr {
 
-/// A number that depends on nothing but its arguments: the same on every machine.
+/// A number that depends only on the arguments and is the same on every machine.
 std::uint32_t Hash(int x, int y, std::uint32_t seed);
 
-/// Value noise, -1024 to 1024, whose hills and hollows are about size pixels wide. x and y are not negative.
-/// It repeats itself after period pixels, a multiple of size, when that is not 0.
+/// Value noise, -1024 to 1024, with hills and hollows about size pixels wide. x and y are not negative. When
+/// period is not 0, the noise repeats after period pixels, a multiple of size.
 int Noise(int x, int y, int size, std::uint32_t seed, int period = 0);
 
 /// Noise of size plus half as much of half the size and so on: -2048 to 2048. x is at most 1000.

@@ -14,7 +14,7 @@ void AppendRuns(ConstByteSpan row, Bytes &bytes) {
         std::size_t run = 1;
         while (x + run < row.size() && run < longestRun && row[x + run] == row[x])
             ++run;
-        // A byte that looks like a run's length can only be written as a run.
+        // A byte that looks like a run's length must be written as a run.
         if (run > 1 || row[x] >= runMark)
             bytes.push_back(static_cast<std::uint8_t>(runMark | run));
         bytes.push_back(row[x]);

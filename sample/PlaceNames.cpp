@@ -45,8 +45,8 @@ std::string PlaceName(Country country, int index) {
     const NameParts parts = PartsOf(country);
     const auto at = static_cast<std::size_t>(index);
     const std::size_t roots = parts.roots.size();
-    // Going round both lists at once meets every pair only when their lengths share no factor; a step aside
-    // after each common round does so for all lengths.
+    // Stepping through both lists at once meets every pair only when their lengths share no factor. One more
+    // step after each common round makes it work for all lengths.
     const std::size_t ending = at + at / std::lcm(roots, parts.endings.size());
     return std::string(parts.roots[at % roots]) + std::string(parts.endings[ending % parts.endings.size()]);
 }

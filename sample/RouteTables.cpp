@@ -18,7 +18,7 @@ std::size_t LinesOf(const Route &route, int tilesPerLine) {
     return std::max<std::size_t>(steps / static_cast<std::size_t>(tilesPerLine), 1);
 }
 
-// The shortest lines of which no more are needed than the table is to hold.
+// The shortest length of lines with which all routes fit into the table.
 int TilesPerLine(const std::vector<Route> &routes) {
     int tilesPerLine = 0;
     std::size_t total = 0;
@@ -31,8 +31,8 @@ int TilesPerLine(const std::vector<Route> &routes) {
     return tilesPerLine;
 }
 
-// The routes in an order and direction in which each begins where the one before it ended, as far as there is
-// one left that does.
+// The routes in an order and direction in which each begins where the one before it ends, if one is left that
+// does.
 std::vector<Route> Chained(std::vector<Route> routes) {
     for (std::size_t done = 1; done < routes.size(); ++done) {
         const std::size_t city = routes[done - 1].to;

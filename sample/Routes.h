@@ -4,9 +4,9 @@
 
 namespace vtr {
 
-/// Joins neighbouring cities by roads, which share what there is of earlier ones.
+/// Joins neighbouring cities by roads. A road uses earlier ones where it can.
 void BuildRoads(Theatre &theatre);
-/// Joins neighbouring cities by railways, which shun steep land more than roads do.
+/// Joins neighbouring cities by railways, which avoid steep land more than roads do.
 void BuildRails(Theatre &theatre);
 
 }  // namespace vtr

@@ -27,7 +27,7 @@ namespace {
 
 constexpr std::string_view tilesFolder = "tiles";
 
-// The theatre is asked for by the campaign and by its map picture, and is always the same one.
+// Made once, for the campaign and for its map picture.
 const Theatre &SampleTheatre() {
     static const Theatre theatre = MakeTheatre();
     return theatre;
@@ -123,7 +123,7 @@ void WriteSampleFiles(const std::string &folder, const std::vector<SampleFile> &
     for (const SampleFile &file : files) {
         const std::filesystem::path path = std::filesystem::path(folder) / file.name;
         std::filesystem::create_directories(path.parent_path());
-        // Nothing of the user's is replaced here, so nothing needs to be flushed to disk.
+        // No flush to disk, because this replaces none of the user's files.
         std::ofstream stream(path, std::ios::binary);
         std::ranges::copy(file.bytes, std::ostreambuf_iterator<char>(stream));
         stream.close();

@@ -14,11 +14,11 @@ struct SampleFile {
     Bytes bytes;
 };
 
-/// The invented campaign as its files load, but without a folder; always the same one.
+/// The invented campaign as loaded from its files, but without a folder. Always the same one.
 std::unique_ptr<Campaign> MakeSampleCampaign();
 
-/// A campaign's project file and the game files it names, all but its map picture: of the sample campaign or
-/// of a variation of it. Files whose name campaign.paths leaves empty are left out. The grid must build.
+/// The project file and game files of the sample campaign or a variation of it, without the map picture.
+/// Leaves out files whose name in campaign.paths is empty. The grid must build.
 std::vector<SampleFile> EncodeCampaignFiles(const Campaign &campaign);
 
 /// The map picture of the sample campaign.
@@ -26,10 +26,10 @@ SampleFile SampleMapPicture();
 /// The pictures of the 59 tile types.
 std::vector<SampleFile> SampleTilePictures();
 
-/// Writes files below folder, which is made when it is not there.
+/// Writes files below folder and makes the folder when it is missing.
 void WriteSampleFiles(const std::string &folder, const std::vector<SampleFile> &files);
 
-/// Writes the sample campaign to folder with its map picture; the tile pictures only if asked for.
+/// Writes the sample campaign and its map picture into folder, and the tile pictures if wanted.
 void WriteSampleCampaign(const std::string &folder, bool withTilePictures = true);
 
 }  // namespace vtr

@@ -41,7 +41,7 @@ bool AnyAround(Point centre, int reach, const Test &test) {
     return false;
 }
 
-// The sites of a country that worth gives more than 0, the best first.
+// The sites of a country whose worth is above 0, the best first.
 template <typename Worth>
 std::vector<Site> RankedSites(const Theatre &theatre, Country country, const Worth &worth) {
     std::vector<Site> sites;
@@ -55,7 +55,7 @@ std::vector<Site> RankedSites(const Theatre &theatre, Country country, const Wor
     return sites;
 }
 
-// The best count sites that keep the widest distance that leaves room for all of them.
+// The best count sites at the widest distance from each other that leaves room for all of them.
 std::vector<Point> SpreadOut(const std::vector<Site> &sites, int count, int distance,
                              const std::vector<Point> &taken) {
     std::vector<Point> chosen;
@@ -84,7 +84,7 @@ int CityWorth(const Theatre &theatre, Point place) {
            theatre.height[place];
 }
 
-// Big cities first, many small ones after them.
+// The first ranks are big cities, most are small ones.
 int CitySize(int rank, int total) {
     if (rank * 8 < total)
         return 4;

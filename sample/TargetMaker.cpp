@@ -41,8 +41,7 @@ class Drafter {
   public:
     explicit Drafter(const Theatre &theatre) : theatre_(theatre) {}
 
-    // First one target in every city, then a second one in those that are larger, and so on; then the
-    // airfields.
+    // Makes one target in every city, then a second one in each larger city, and so on. Then the airfields.
     std::vector<Draft> Make() {
         for (int round = 0; round < 4; ++round)
             for (std::size_t number = 0; number < theatre_.cities.size(); ++number)
@@ -77,7 +76,7 @@ class Drafter {
         return Nearest(city.place, test);
     }
 
-    // The free place on land nearest to centre that passes test; there is one within a few tiles.
+    // The nearest free place on land around centre that passes test. There is one within a few tiles.
     template <typename Test>
     Point Nearest(Point centre, const Test &test) {
         constexpr int reach = 6;

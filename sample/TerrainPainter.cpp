@@ -24,7 +24,7 @@ constexpr int Turned(int sideSet, int quarters) {
     return (sideSet << quarters | sideSet >> (4 - quarters)) & 0b1111;
 }
 
-// How many quarters to the right shape must be turned to become sideSet; 0 when it never does.
+// How many quarter turns to the right make shape equal to sideSet. 0 when none do.
 int QuartersTo(int sideSet, int shape) {
     for (int quarters = 1; quarters < 4; ++quarters)
         if (Turned(shape, quarters) == sideSet)

@@ -29,14 +29,14 @@ struct City {
     bool onRiver = false;
 };
 
-/// A place of its own for an airfield, out in the country.
+/// A place for an airfield in the country.
 struct AirfieldSite {
     Point place;
     Country country = Country::Britain;
     std::string name;
 };
 
-/// A road or railway between two cities: tiles that touch side by side, from one city's place to the other's.
+/// A road or railway between two cities: a chain of neighbouring tiles from one city's place to the other's.
 struct Route {
     std::size_t from = 0;
     std::size_t to = 0;

@@ -29,8 +29,8 @@ int DistanceToSide(Point at, int side) {
     return distances[static_cast<std::size_t>(side)];
 }
 
-// Where a way to the north and the east bends it follows a quarter of a circle; every other way runs straight
-// from the centre to the middle of its sides.
+// A way to the north and the east follows a quarter of a circle. Every other way runs straight from the
+// centre to the middle of its sides.
 int DistanceToWay(Point at, int sideSet) {
     if (sideSet == (SideBit(0) | SideBit(1)))
         return std::abs(Distance(at, {tileEdge, 0}) - centre);
@@ -58,7 +58,7 @@ int DistanceToSea(Point at, const TileDesign &design) {
     return inland;
 }
 
-// The place whose shape at has: bent a little, but not at the rim, where the next tile must fit.
+// Moves at a little, so that shapes bend, but not at the rim, where the next tile must fit.
 Point Wobbled(Point at, int variant) {
     const TileTexture &texture = CoarseTexture();
     const Point from{at.x + 53 * variant, at.y + 97 * variant};

@@ -5,8 +5,8 @@
 
 namespace vtr {
 
-/// Noise over a tile that runs on without a seam into the next tile of the same kind: value noise whose hills
-/// are size pixels wide (a power of two), and half and a quarter of that; about -1792 to 1792.
+/// Noise over a tile that continues without a seam on the next tile of the same kind. It adds value noise
+/// with hills of size pixels (a power of two) and of half and a quarter of that: about -1792 to 1792 in all.
 class TileTexture {
   public:
     TileTexture(int size, std::uint32_t seed);
