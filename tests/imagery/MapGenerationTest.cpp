@@ -114,7 +114,7 @@ TEST(MapGeneration, AFolderOfTheMapsNameIsAnErrorAndStays) {
     EXPECT_TRUE(std::filesystem::is_directory(folder.Path() + "worldmap.bmp"));
 }
 
-/// map.dat as the build made it beside the editor.
+/// The map.dat that the build has made beside the editor.
 class BuiltTemplate : public testing::Test {
   protected:
     BuiltTemplate() {

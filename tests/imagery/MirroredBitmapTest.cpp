@@ -8,7 +8,7 @@
 namespace vtr {
 namespace {
 
-/// A bitmap's file header, an information header of that size and its pixels, the rows one after the other.
+/// A bitmap file with an information header of that size and the given pixels, row after row.
 Bytes Bitmap(std::uint32_t headerSize, int width, int height, int bits, std::uint32_t compression,
              const Bytes &between, const Bytes &pixels) {
     Bytes bytes(14 + headerSize);
@@ -57,12 +57,12 @@ TEST(MirroredBitmap, KnowsEveryHeaderAndTheRowsThatAreStoredFromTheTop) {
 }
 
 TEST(MirroredBitmap, RowsOfEveryDepthFillFourBytesOrAMultipleOfThem) {
-    // 32 pixels of one bit, eight of four, four of eight, two of sixteen or one of more fill four bytes.
+    // A row of four bytes: 32 pixels of one bit, 8 of four, 4 of eight, 2 of sixteen or one of more.
     for (const auto &[bits, width] : {std::pair(1, 32), {4, 8}, {8, 4}, {16, 2}, {24, 1}, {32, 1}})
         EXPECT_EQ(MirroredBitmap(Bitmap(40, width, 3, bits, 0, {}, threeRows), ""),
                   Bitmap(40, width, 3, bits, 0, {}, threeRowsTurned))
             << bits;
-    // One pixel more takes eight; the twelve bytes hold one row.
+    // With one pixel more a row takes eight bytes, so the twelve bytes hold one row.
     EXPECT_EQ(KindThrownBy([] { MirroredBitmap(Bitmap(40, 5, 3, 8, 0, {}, threeRows), ""); }),
               ErrorKind::FileTooShort);
 }

@@ -6,7 +6,7 @@
 
 #include "modPcxReader.h"
 
-// PCX files put together byte by byte, and what comes of them.
+// PCX files made byte by byte, and the results of decoding them.
 
 namespace vtr {
 
@@ -20,7 +20,7 @@ struct Head {
     int bitsPerPixel = 8;
 };
 
-/// A header of 128 bytes and data behind it.
+/// A header of 128 bytes with data behind it.
 inline Bytes Pcx(const Head &head, const Bytes &data) {
     Bytes file(128 + data.size());
     const auto put = [&file](std::size_t at, int value) {

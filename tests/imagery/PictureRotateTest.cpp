@@ -63,7 +63,7 @@ TEST(PictureRotate, OtherAnglesAreThoseOfThePlainArithmetic) {
 }
 
 TEST(PictureRotate, TheSourceOfAQuarterTurnIsTheExactOneAtEveryRadiusUpToThatOfATallestPicture) {
-    // The shortcut rests on this: it is tried where rounding the radius comes closest to shifting a pixel.
+    // The shortcut needs this. It is tried where rounding the radius comes closest to shifting a pixel.
     int nearest = 0;
     for (int a = 0; a < 16384; a += 13) {
         for (int b = 0; b < 16384; b += 29) {
@@ -85,7 +85,7 @@ TEST(PictureRotate, TheSourceOfAQuarterTurnIsTheExactOneAtEveryRadiusUpToThatOfA
 }
 
 TEST(PictureRotate, EastBringsTheRightHandSideToTheBottom) {
-    // 4 x 4 about (2, 2): the pixel right of the centre goes below it, the one below to the left.
+    // 4 x 4 pixels around (2, 2): the pixel right of the centre goes below it, the pixel below goes left.
     const Picture source = Numbered(4, 4, 0);
     Picture turned = source;
     RotatePicture(source, turned, east);

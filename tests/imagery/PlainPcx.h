@@ -6,9 +6,9 @@
 
 namespace vtr {
 
-/// A PCX picture decoded the plainest way, a byte at a time into buffers that tell when they are left: what
-/// DecodePcx has to agree with. Throws std::overflow_error, std::out_of_range and, for a file too short for
-/// its header or palette, std::length_error.
+/// A PCX picture decoded in the plainest way, byte by byte into buffers that check each access. DecodePcx
+/// must agree with it. Throws std::overflow_error, std::out_of_range and, for a file too short for its header
+/// or palette, std::length_error.
 class PlainPcx {
   public:
     explicit PlainPcx(std::vector<std::uint8_t> file) : file_(std::move(file)) {
@@ -100,7 +100,7 @@ class PlainPcx {
         for (std::size_t p = 0; p < encoded.size(); ++p) {
             const int b = encoded[p];
             if ((b & 192) == 192) {
-                // A run without a byte behind it repeats the zero that stands behind the data.
+                // A run without a byte behind it repeats the zero behind the data.
                 const int value = p + 1 < encoded.size() ? encoded[p + 1] : 0;
                 for (int i = 0; i < (b & 63); ++i)
                     planes.at(o++) = static_cast<std::uint8_t>(value);

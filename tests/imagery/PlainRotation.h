@@ -11,8 +11,7 @@ auto &PixelAt(AnyPicture &picture, int x, int y) {
     return picture.pixels[std::size_t(y) * std::size_t(picture.width) + std::size_t(x)];
 }
 
-/// A picture turned by the trigonometry of its definition, pixel by pixel, without any shortcut: what
-/// RotatePicture has to agree with.
+/// Turns a picture pixel by pixel by the trigonometry of the definition. RotatePicture must agree with it.
 inline void RotatePlainly(const Picture &source, Picture &destination, double angle) {
     const auto copy = [&](int toX, int toY, int fromX, int fromY) {
         const bool valid = fromX >= 0 && fromY >= 0 && fromX < source.width && fromY < source.height;

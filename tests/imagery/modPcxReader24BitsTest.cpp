@@ -62,7 +62,7 @@ TEST(PcxOf24Bits, ARunWithoutAByteBehindItRepeatsZero) {
 }
 
 TEST(PcxOf24Bits, DataBeyondThePlanesIsAnIndexErrorAtTheByteThatDoesNotFit) {
-    // The buffer has room for one byte more than the planes, which the zero behind the data fills.
+    // The buffer has one byte more than the planes. The zero behind the data fills it.
     EXPECT_THAT(PixelsOf(twoByTwo, {0xCC, 9}), Each(0xFF090909));
     ExpectError(Pcx(twoByTwo, {0xCC, 9, 1}), ErrorKind::IndexOutOfRange, 128 + 3);
     ExpectError(Pcx(twoByTwo, {0xCC, 9, 1, 1}), ErrorKind::IndexOutOfRange, 128 + 3);

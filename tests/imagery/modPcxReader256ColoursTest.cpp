@@ -95,7 +95,7 @@ TEST(PcxOf256Colours, ATooLongRunBehindTheWidthTakesTheLineBackToTheWidth) {
 }
 
 TEST(PcxOf256Colours, AWidthAboveTheLineCutsRunsInThePaddingOfTheRow) {
-    // Six bytes a line lie in rows of eight: a run cut at the width of eight fits, and does not show.
+    // Six bytes a line are in rows of eight. A run cut at the width of eight fits but does not show.
     const Head head{.xMax = 7, .yMax = 1, .bytesPerLine = 6};
     EXPECT_THAT(EntriesOf(head, {1, 2, 3, 4, 5, 0xFF, 6, 7, 8, 9, 10, 11, 0xFF, 12}),
                 ElementsAre(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12));

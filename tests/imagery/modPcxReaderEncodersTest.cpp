@@ -53,13 +53,13 @@ void ExpectPicture(const Bytes &file, int width, int height, const Painter &pain
         }
 }
 
-/// The encoder does not pad lines: a picture is as wide as it was.
+/// The encoder does not pad lines, so the picture keeps its width.
 void ExpectEncodersPicture(const std::string &command, int width, int height, const Painter &paint) {
     SCOPED_TRACE(command);
     ExpectPicture(EncodedBy(command, width, height, paint), width, height, paint);
 }
 
-/// The encoder's picture one column wider, called a column narrower in its header: then that column is the
+/// Encodes the picture one column wider and makes its header name the odd width. Then that column is the
 /// padding of an odd line, and it shows.
 void ExpectPaddedPicture(const std::string &command, int oddWidth, int height, const Painter &paint) {
     SCOPED_TRACE(command + ", padded");
@@ -70,7 +70,7 @@ void ExpectPaddedPicture(const std::string &command, int oddWidth, int height, c
     ExpectPicture(file, oddWidth + 1, height, paint);
 }
 
-/// Pictures that no more than 256 colours make up: flat, striped, of every colour, of hardly any run.
+/// Pictures of at most 256 colours: flat, striped, of every colour, almost without runs.
 void ExpectEncoders256ColourPictures(const std::string &command) {
     const std::vector<std::pair<int, int>> sizes = {{1, 20},  {7, 5},   {33, 17},
                                                     {64, 64}, {131, 3}, {256, 256}};

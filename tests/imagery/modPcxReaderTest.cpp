@@ -5,8 +5,8 @@
 #include <random>
 
 #include "ErrorThrownBy.h"
-#include "PlainPcx.h"
 #include "PcxFiles.h"
+#include "PlainPcx.h"
 #include "TemporaryFolder.h"
 
 namespace vtr {
@@ -49,7 +49,7 @@ TEST(Pcx, ASizeBeyond16BitsIsAnOverflow) {
 }
 
 TEST(Pcx, AWidthOrHeightBelowOneIsAnIndexError) {
-    // In one plane the width is that of the lines; Xmax counts only where a run is cut.
+    // In one plane the lines give the width. Xmax counts only where a run is cut.
     for (const int planes : {1, 3}) {
         const Head head{.yMin = 1, .yMax = 0, .planes = planes, .bytesPerLine = 4};
         ExpectError(PcxOf256Colours(head, {}), ErrorKind::IndexOutOfRange, 10);
@@ -85,7 +85,7 @@ TEST(Pcx, AFileOfMoreThan128MiBIsAnOverflowBeforeItIsRead) {
     EXPECT_EQ(error.Found(), "134217729 bytes");
 }
 
-/// What came of a file, in a form to compare: the kind of error or refusal, else the picture.
+/// The result of decoding a file, for comparison: the kind of error or refusal, or else the picture.
 struct Outcome {
     std::string kind;
     int width = 0;
@@ -140,7 +140,7 @@ TEST(Pcx, WithRandomDamageGivesWhatThePlainDecoderGives) {
             file[below(2) == 0 ? below(72) : below(file.size())] = static_cast<std::uint8_t>(below(256));
         if (below(8) == 0)
             file.resize(below(file.size()));
-        // Runs of 0, and runs without their byte, at the end.
+        // At the end, runs of length 0 and runs without their byte.
         if (below(4) == 0 && !file.empty())
             file.back() = static_cast<std::uint8_t>(0xC0 + below(3));
         const Outcome outcome = OutcomeOf(file);

@@ -19,7 +19,7 @@ std::uint32_t At(const Picture &picture, int x, int y) {
     return picture.pixels.at(static_cast<std::size_t>(y * picture.width + x));
 }
 
-/// The rows of a picture as text, '#' for what is not black.
+/// The rows of a picture as text, with '#' for pixels that are not black.
 std::string Drawing(const Picture &picture) {
     std::string text;
     for (int y = 0; y < picture.height; ++y) {
@@ -76,7 +76,7 @@ Picture ThinLineByDefinition(int width, int height, int x1, int y1, int x2, int 
                 picture.pixels[static_cast<std::size_t>(acrossFrom * width + step)] = red;
             continue;
         }
-        // Distances in units of 1 / (to - from); the row (column) outside the canvas can be the nearest.
+        // Distances in units of 1 / (to - from). The nearest row (column) may be outside the canvas.
         std::int64_t best = INT64_MAX;
         int nearest = -1;
         for (int choice = -1; choice <= choices; ++choice) {

@@ -8,8 +8,8 @@
 
 namespace vtr {
 
-/// A scroll bar that behaves as the window's: it holds its value within 0 to the maximum and reports every
-/// change at once.
+/// A scroll bar that behaves like the window's: it keeps its value between 0 and the maximum and reports
+/// every change at once.
 class FakeScrollBar : public ScrollBarControl {
   public:
     using Handler = void (*)(MapView &view, std::int16_t value);
@@ -52,7 +52,7 @@ class FakeScrollBar : public ScrollBarControl {
     std::vector<std::string> &calls_;
 };
 
-/// A view with its two scroll bars, and what the zoom commands asked of them.
+/// A view with its two scroll bars and a record of what the zoom commands did to them.
 struct ScrolledView {
     MapView view;
     std::vector<std::string> calls;
@@ -65,7 +65,7 @@ struct ScrolledView {
 
     ScrollBars Bars() { return {horizontal, vertical}; }
     void LoadProject() { ZoomTo100(view, Bars()); }
-    /// Gets to any factor by the commands that a user has.
+    /// Reaches any factor with the user's commands.
     void ZoomTo(int factor) {
         ZoomTo100(view, Bars());
         while (view.MapZoom < factor)

@@ -67,7 +67,7 @@ TEST_F(FrontlineLayer, TheSelectedPointHasARingOfRadius4At100Percent) {
 
 TEST_F(FrontlineLayer, RingAndSegmentsGrowWithTheZoom) {
     EditPoint(0);
-    // The ring's pen is as wide as the segment's; from the middle of the point it covers 3.5 to 4.5 factors.
+    // The ring's pen is as wide as the segment's. The ring covers 3.5 to 4.5 factors from the point's middle.
     Show(2, 10, 20);  // middle (21, 21): 7 to 9
     Redraw();
     ExpectPixels({{11, 21, ground},

@@ -34,7 +34,7 @@ TEST_F(MapRedraw, PaintsTheLayersInTheOrderFrontlineRailwayRoadRailTargets) {
         Redraw();
         EXPECT_EQ(At(50, 50), colour);
     }
-    // Each layer shows beside the crossing, and alone when the others are hidden.
+    // Each layer shows beside the crossing. With the others hidden it shows alone.
     ExpectPixels({{42, 50, frontline}, {50, 42, railway}, {42, 42, roadInt}, {42, 58, railInt}});
     for (const auto &layer : layers) {
         for (const auto &other : layers)

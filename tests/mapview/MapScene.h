@@ -10,7 +10,7 @@
 
 namespace vtr {
 
-/// A map without any item, every layer off and each colour its own.
+/// A map without any item. Every layer is off and has a colour of its own.
 class MapScene {
   public:
     static constexpr std::uint32_t ground = 0xFF202020;
@@ -21,7 +21,7 @@ class MapScene {
     static constexpr std::uint32_t target = 0xFFFF8000;
     static constexpr std::uint32_t airfield = 0xFF00FFFE;
     static constexpr std::uint32_t yellow = 0xFFFFFF00;
-    /// Where what a test does not place lies: off the map, and off-screen above 100%.
+    /// The position of items that a test does not place: off the map, and off-screen above 100%.
     static constexpr std::int16_t nowhere = -500;
 
     MapScene() {
@@ -105,7 +105,7 @@ class MapScene {
     Picture surface;
 };
 
-/// An index Error whose item is what.
+/// Expects an index Error whose item is what.
 inline void ExpectIndexError(MapScene &scene, const std::string &what) {
     try {
         scene.Redraw();

@@ -16,7 +16,7 @@ class RailwayLayer : public testing::Test, public MapScene {
                                                                   .y1 = static_cast<std::int16_t>(y),
                                                                   .y2 = static_cast<std::int16_t>(y)};
     }
-    /// Each line in a place of its own: line i at the left of cell (i % 60, i / 60) of 10 by 10 map pixels.
+    /// Puts line i at the left of cell (i % 60, i / 60) of 10 by 10 map pixels, so that no two lines touch.
     void SpreadLines() {
         for (int i = 0; i < 894; ++i)
             SetLine(i, i % 60 * 10, i / 60 * 10);
@@ -133,7 +133,7 @@ TEST_F(RailwayLayer, TheFarthestEndAtTheLargestZoomIsNoOverflow) {
     Show(100, 634, 317);
     Redraw();
     EXPECT_EQ(At(50, 50), railway);
-    // Downwards to the left by 32450 in 33402, it leaves through the left edge below row 98.
+    // It falls to the left by 32450 in 33402 and leaves through the left edge below row 98.
     EXPECT_EQ(At(0, 98), railway);
     EXPECT_EQ(At(200, 200), ground);
 }

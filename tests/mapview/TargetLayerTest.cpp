@@ -39,7 +39,7 @@ TEST_F(TargetLayer, At200PercentTheCentreIsAt201And101AndTheArmsReach2Pixels) {
     SetTarget(0, 100, 50);
     Show(2, 0, 0);
     Redraw();
-    // The pen of 2 pixels runs along pixel corners here: 2 pixels and its radius of 1 to every side.
+    // Here the pen of 2 pixels runs along pixel corners. The X reaches 2 pixels and the pen's radius of 1.
     ExpectPixels({{200, 100, target},
                   {201, 101, target},
                   {199, 99, target},
@@ -124,7 +124,7 @@ TEST_F(TargetLayer, All302TargetsAreDrawnTheLaterOnTop) {
 }
 
 TEST_F(TargetLayer, MarkerRowsAreSkippedAndTheirNeighboursAreNot) {
-    // A view far below the map, where those rows are on screen.
+    // A view far below the map, which shows those rows.
     Show(2, 0, 1758);
     for (const auto &[y, drawn] : {std::pair{1758, true}, {1759, false}, {1760, false}, {1761, true}}) {
         SetTarget(0, 30, y);

@@ -5,7 +5,7 @@
 namespace vtr {
 namespace {
 
-/// Both interdiction layers: each path i from (10, y) over (20, y) to (20, y + 1), y by its number.
+/// Both interdiction layers. Each path goes from (10, y) over (20, y) to (20, y + 1), with y by its number.
 class InterdictionLayers : public testing::Test, public MapScene {
   protected:
     InterdictionLayers() {

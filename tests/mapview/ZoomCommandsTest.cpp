@@ -109,7 +109,7 @@ TEST(ZoomOut, To100KeepsACentreThatNoScrollValueTouched) {
     scrolled.horizontal.SetValue(0);
     EXPECT_EQ(scrolled.view.MapCenterX, 160);
     ZoomOut(scrolled.view, scrolled.Bars());
-    // The horizontal value was 0 and stays so; the vertical one was moved by the maximum of 0.
+    // The horizontal value was and stays 0. The maximum of 0 has moved the vertical one.
     EXPECT_EQ(scrolled.view.MapCenterX, 160);
     EXPECT_EQ(scrolled.view.MapCenterY, 160);
     ZoomIn(scrolled.view, scrolled.Bars());
@@ -239,7 +239,7 @@ void ExpectSame(const ScrolledView &scrolled, const ExpectedView &expected) {
     EXPECT_EQ(view.zoomMenu.checked400, expected.checked == 400);
 }
 
-/// One command or scroll on both, as the menus allow it. Gives its name.
+/// Does one command or scroll on both, if the menus allow it, and returns its name.
 std::string RandomStep(std::mt19937 &random, ScrolledView &scrolled, ExpectedView &expected) {
     const auto below = [&random](int limit) {
         return static_cast<std::int16_t>(random() % static_cast<unsigned>(limit));
@@ -268,7 +268,7 @@ std::string RandomStep(std::mt19937 &random, ScrolledView &scrolled, ExpectedVie
         case 5:
         case 6:
         case 7: {
-            // Runs of steps, so that the far factors are met too.
+            // Many steps in a row, to reach the far factors too.
             for (int steps = 1 + below(30); steps > 0 && view.zoomMenu.inEnabled; --steps) {
                 ZoomIn(view, scrolled.Bars());
                 expected.In();
