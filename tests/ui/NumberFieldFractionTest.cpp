@@ -167,6 +167,16 @@ TEST_F(NumberFieldTest, AFractionMayLoseItsWholePartByDeletionAndIsTheFractionAl
     }
 }
 
+TEST_F(NumberFieldTest, AFractionMayBeTypedWithoutAWholePart) {
+    field.SetNumber(12);
+    field.selectAll();
+    Type(".7");
+    EXPECT_EQ(Text(), QStringLiteral(".7"));
+    EXPECT_EQ(field.value(), 1);
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(Text(), QStringLiteral("1"));
+}
+
 TEST_F(NumberFieldTest, AFieldThatCutsDropsTheFraction) {
     field.CutFraction();
     for (const auto &[fraction, shown] :

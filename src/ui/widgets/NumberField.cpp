@@ -167,7 +167,7 @@ QValidator::State NumberField::validate(QString &text, int &position) const {
         bare.prepend(u'0');
     const auto *const edit = static_cast<const TypedEdit *>(lineEdit());
     const bool typing = edit->IsTyping();
-    const bool onlyFraction = bare.startsWith(u'.') && edit->MayBeginWithPoint(text);
+    const bool onlyFraction = bare.startsWith(u'.') && (typing || edit->MayBeginWithPoint(text));
     const QString written = onlyFraction ? u'0' + bare : bare;
     const std::optional<Decimal> number = ReadDecimal(written, cutsFraction_);
     if (!number || (typing && text != text.trimmed()))
