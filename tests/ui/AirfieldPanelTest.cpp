@@ -196,7 +196,10 @@ TEST_F(AirfieldPanelTest, WhileDisabledItsFieldsShowItsToolTip) {
 TEST_F(AirfieldPanelTest, ItSaysNothingOfTheTargetsBoxWhileThatIsDisabledToo) {
     session->targetFrameEnabled = false;
     panel.ShowAirfield(std::nullopt);
-    EXPECT_EQ(panel.toolTip(), "");
+    EXPECT_EQ(panel.toolTip(), "No project is loaded");
+    campaign->ProjectLoaded = true;
+    panel.ShowAirfield(std::nullopt);
+    EXPECT_EQ(panel.toolTip(), "The selected target is no airfield");
 }
 
 TEST_F(AirfieldPanelTest, AnAirfieldAbove161IsShownDisabledWithItsNumberAndTheReason) {

@@ -128,7 +128,8 @@ void AirfieldPanel::ShowAirfield(std::optional<int> airfield) {
 }
 
 void AirfieldPanel::ShowToolTip() {
-    const ToolTipState state{airfield_, missing_, session_.targetFrameEnabled, isEnabled()};
+    const bool isLoaded = campaign_.ProjectLoaded;
+    const ToolTipState state{airfield_, missing_, isLoaded, session_.targetFrameEnabled, isEnabled()};
     if (std::exchange(shownToolTip_, state) == state)
         return;
     constexpr int last = airfieldTotal - 1;
@@ -142,7 +143,8 @@ void AirfieldPanel::ShowToolTip() {
     if (missing_)
         setToolTip(whyMissing);
     else if (!airfield_ && !session_.targetFrameEnabled)
-        setToolTip({});
+        setToolTip(isLoaded ? QStringLiteral("The selected target is no airfield")
+                            : QStringLiteral("No project is loaded"));
     else if (!airfield_)
         setToolTip(QStringLiteral("The selected target is no airfield; its box \"Airfield\" makes it one"));
     else if (!isEnabled())

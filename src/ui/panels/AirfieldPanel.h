@@ -48,6 +48,7 @@ class AirfieldPanel : public Panel {
     struct ToolTipState {
         std::optional<int> airfield;
         std::optional<int> missing;
+        bool isLoaded = false;
         bool targetFrameEnabled = false;
         bool isEnabled = false;
 
