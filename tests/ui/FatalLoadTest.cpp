@@ -113,7 +113,8 @@ class FatalSecondLoadTest : public FatalLoadTest {
                                            [&window] { window.close(); });
             window.Start(QString::fromStdString(SamplePath()));
             nameBefore = Find<QToolButton>(window, QStringLiteral("project")).text();
-            Find<NumberField>(window, QStringLiteral("upd_tar_x")).SetNumber(321);
+            if (hasEdits)
+                Find<NumberField>(window, QStringLiteral("upd_tar_x")).SetNumber(321);
             WhenModalOpens<QMessageBox>([this, &window, answer](QMessageBox &report) {
                 text = report.text();
                 nameInReport = Find<QToolButton>(window, QStringLiteral("project")).text();
@@ -128,6 +129,7 @@ class FatalSecondLoadTest : public FatalLoadTest {
         FatalLoadTest::TearDown();
     }
 
+    bool hasEdits = true;  ///< whether a target is moved
     QString text;
     QString nameBefore;
     QString nameInReport;
@@ -138,6 +140,19 @@ TEST_F(FatalSecondLoadTest, SaysThatTheOpenCampaignIsWholeAndWritesThePreference
     EXPECT_TRUE(text.contains(QStringLiteral("still is, with all its edits"))) << text.toStdString();
     EXPECT_EQ(nameInReport, nameBefore);
     EXPECT_EQ(BoundarySession().campaign.TargetTable[0].x, 321);
+    EXPECT_TRUE(std::filesystem::exists(folder.Path() + "program/prefs.cfg"));
+}
+
+TEST_F(FatalSecondLoadTest, WithoutUnsavedEditsSaysNothingOfThemAndOffersNoSave) {
+    hasEdits = false;
+    int buttons = 0;
+    EXPECT_EQ(ExitStatusAfterAnswer([&buttons](QMessageBox &report) {
+                  buttons = static_cast<int>(report.buttons().size());
+                  report.button(QMessageBox::Ok)->click();
+              }),
+              1);
+    EXPECT_THAT(text.toStdString(), ::testing::EndsWith("\n\nThe program ends now. " + whatToDo));
+    EXPECT_EQ(buttons, 1);
     EXPECT_TRUE(std::filesystem::exists(folder.Path() + "program/prefs.cfg"));
 }
 

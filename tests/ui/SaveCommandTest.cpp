@@ -280,6 +280,22 @@ TEST_F(SaveCommand, SeveralFilesThatAnotherProgramChangedAreOneQuestionWhichNoAn
     EXPECT_EQ(folder.Content("AIRFIELD.DAT"), "theirs");
 }
 
+TEST_F(SaveCommand, WithoutUnsavedEditsNothingIsSaidOfThem) {
+    StartWithSample();
+    folder.Make("TARGET.DAT", "theirs");
+    OpenSaveDialog();
+    Tick(0);
+    ShownBox box;
+    AnswerNextBox(box, QMessageBox::No);
+    PressSave();
+    EXPECT_EQ(Line().text(), "Nothing was written.");
+    std::filesystem::remove(folder.Path() + "TARGET.DAT");
+    std::filesystem::create_directory(folder.Path() + "TARGET.DAT");
+    EXPECT_THAT(BoxShownBy([this] { PressSave(); }).text.toStdString(),
+                ::testing::EndsWith("\nWritten: none.\nNot written: TARGET.DAT.\n"
+                                    "Put right what is said above, then save again."));
+}
+
 TEST_F(SaveCommand, AnEarlierVersionThatCannotBeKeptIsAQuestionWhichNoAnswersByDefault) {
     StartWithSample();
     Number("upd_tar_x").SetNumber(321);

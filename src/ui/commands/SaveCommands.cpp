@@ -126,7 +126,7 @@ bool SaveCommands::Save(const SaveBoxes &ticked) {
     const std::optional<SaveOutcome> saved =
         MayFollowLinks(ticked) ? SaveCampaign(session_, ticked, *this) : std::nullopt;
     if (!saved) {
-        Say(tr("Nothing was written. All your edits are still in the editor."));
+        Say((tr("Nothing was written. ") + AllEditsAreKept()).trimmed());
         return false;
     }
     const SaveOutcome &outcome = *saved;
@@ -156,9 +156,9 @@ bool SaveCommands::Save(const SaveBoxes &ticked) {
 void SaveCommands::TellFailure(const SaveOutcome &outcome) {
     const QString text =
         ErrorReport(tr("Saving the files"), *outcome.failure,
-                    tr("Written: %1.\nNot written: %2.\nAll your edits are still in the editor. "
-                       "Put right what is said above, then save again.")
-                        .arg(JoinedCaptions(outcome.written), JoinedCaptions(outcome.notWritten)));
+                    tr("Written: %1.\nNot written: %2.\n")
+                            .arg(JoinedCaptions(outcome.written), JoinedCaptions(outcome.notWritten)) +
+                        AllEditsAreKept() + tr("Put right what is said above, then save again."));
     if (outcome.LeavesMixture())
         WarnOfMixture(frm_save_,
                       text + tr("\n\nUntil then the campaign's files do not belong together: some "
@@ -194,6 +194,10 @@ void SaveCommands::WarnOfMixture(QWidget *parent, const QString &text) {
     box.exec();
     if (box.clickedButton() == versions)
         widgets_.menu.mnu_p_versions->trigger();
+}
+
+QString SaveCommands::AllEditsAreKept() const {
+    return session_.HasUnsavedEdits() ? tr("All your edits are still in the editor. ") : QString();
 }
 
 bool SaveCommands::MayFollowLinks(const SaveBoxes &ticked) {

@@ -45,6 +45,8 @@ class SaveCommands : public QObject, private SaveQuestions {
     void WarnOfMixture(QWidget *parent, const QString &text);
     /// Asks over the dialog; No is the default.
     bool AskYesNo(const QString &text);
+    /// That sentence and a blank; empty when there are no unsaved edits.
+    QString AllEditsAreKept() const;
     /// What the user should know before saving; empty: nothing.
     QString Warning() const;
 

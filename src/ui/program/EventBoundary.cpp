@@ -60,7 +60,7 @@ bool EventBoundary::notify(QObject *receiver, QEvent *event) {
 
 QString EventBoundary::EndOfTheProgram() const {
     const Kept edits = keepWork_();
-    if (CampaignIsWhole(session_))
+    if (CampaignIsWhole(session_) && session_.HasUnsavedEdits())
         return QStringLiteral(
             "The program ends now. The campaign that was open still is, with all its edits: press \"Save "
             "Files "
@@ -93,12 +93,14 @@ void EventBoundary::ShowReport(const QString &report) {
         return ShowMessage(nullptr, QMessageBox::Critical, report);
     QMessageBox box(QMessageBox::Critical, programTitle, report, QMessageBox::Ok);
     box.setTextFormat(Qt::PlainText);
-    QPushButton *const saveFirst =
-        box.addButton(QStringLiteral("Save Files First..."), QMessageBox::ActionRole);
-    box.setDefaultButton(saveFirst);
+    QPushButton *saveFirst = nullptr;
+    if (session_.HasUnsavedEdits()) {
+        saveFirst = box.addButton(QStringLiteral("Save Files First..."), QMessageBox::ActionRole);
+        box.setDefaultButton(saveFirst);
+    }
     do
         box.exec();
-    while (box.clickedButton() == saveFirst && (saveFiles_(), true));
+    while (saveFirst != nullptr && box.clickedButton() == saveFirst && (saveFiles_(), true));
     closeWindow_();
 }
 

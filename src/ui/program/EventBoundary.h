@@ -16,8 +16,8 @@ class EventBoundary : public QApplication {
   public:
     EventBoundary(int &argc, char **argv, const Session &session);
 
-    /// When a load fails over an open campaign, which is whole then, the report offers to save its files
-    /// before the program ends; closeWindow is called at that end.
+    /// When a load fails over an open campaign, which is whole then, the report offers to save its unsaved
+    /// edits before the program ends; closeWindow is called at that end.
     void OfferSavingFirst(std::function<void()> saveFiles, std::function<void()> closeWindow);
 
     /// keepWork is called before each report, which tells what became of the unsaved edits.
