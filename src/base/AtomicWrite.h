@@ -7,6 +7,9 @@
 
 namespace vtr {
 
+/// A larger file is not written in place, where its old content is held in memory: the program writes none.
+constexpr std::size_t mostMebibytesInPlace = 1024;
+
 /// Replaces the file at path (UTF-8) by bytes, whole or not at all: writes and flushes a temporary file
 /// beside it, renames that over the file and flushes the folder. Follows a symbolic link to the real file and
 /// keeps an existing file's permissions. Refuses anything that is no regular file. Some folders take no new

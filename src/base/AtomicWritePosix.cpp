@@ -144,7 +144,7 @@ class Replacement {
     }
 
     void WriteInPlace() const {
-        const Bytes old = ReadWholeFile(path_);
+        const Bytes old = ReadFileOfAtMost(mostMebibytesInPlace, path_);
         Descriptor file(open(target_.c_str(), O_WRONLY | O_CLOEXEC));
         Check(file.IsOpen(), "opening the file");
         if (const char *const failed = Overwrite(file.Number(), bytes_)) {

@@ -84,7 +84,7 @@ const char *Overwrite(const OpenFile &file, ConstByteSpan bytes) {
 }
 
 void WriteInPlace(const std::string &path, const std::filesystem::path &target, ConstByteSpan bytes) {
-    const Bytes old = ReadWholeFile(path);
+    const Bytes old = ReadFileOfAtMost(mostMebibytesInPlace, path);
     OpenFile file(target, OPEN_EXISTING);
     Check(file.IsOpen(), path, "opening the file");
     if (const char *const failed = Overwrite(file, bytes)) {

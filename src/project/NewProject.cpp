@@ -7,8 +7,10 @@
 #include <utility>
 
 #include "AtomicWrite.h"
+#include "CampaignFiles.h"
 #include "Errors.h"
 #include "MapGeneration.h"
+#include "MirrorMapPicture.h"
 #include "Paths.h"
 #include "ProjectFile.h"
 #include "Text.h"
@@ -107,7 +109,8 @@ void CopyRow(const NewProject &project, std::size_t index, const std::string &fo
     const std::string &source = project.filenames[index];
     const std::string copy = folder + std::string(CopiedName(project, index));
     if (!AreTheSameFile(source, copy))
-        AtomicWrite(copy, ReadWholeFile(source));
+        AtomicWrite(copy,
+                    ReadFileOfAtMost(index == mapRow ? mostMapMebibytes : mostGameFileMebibytes, source));
 }
 
 /// Throws an Error when the project file cannot be written. Leaves an existing file as it is.
@@ -115,7 +118,7 @@ void CheckProjectFile(const std::string &path) {
     // Removes the file itself, not a link to it.
     const std::filesystem::path file = FilesystemPath(FollowLinks(PathOnDisk(path)));
     const bool isNew = !FileExists(path);
-    AtomicWrite(path, isNew ? Bytes() : ReadWholeFile(path));
+    AtomicWrite(path, isNew ? Bytes() : ReadSmallFile(path));
     std::error_code error;
     if (isNew)
         std::filesystem::remove(file, error);

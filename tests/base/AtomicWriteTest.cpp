@@ -396,6 +396,18 @@ TEST(AtomicWrite, LeavesAFileThatCannotBeReadAsItIsWhenItWouldHaveToWriteInPlace
     EXPECT_EQ(locked.Content(), "the old content");
 }
 
+TEST(AtomicWrite, ReadsNoFileInPlaceThatIsTooLargeToBeGivenBack) {
+    const LockedFolder locked;
+    fs::resize_file(locked.path, std::uintmax_t{4} << 30);
+    const OrdinaryUser user;
+    const SystemCalls calls;
+    const Error error = ErrorThrownBy([&] { AtomicWrite(locked.path, BytesOf("new")); });
+    EXPECT_EQ(error.Kind(), ErrorKind::FileTooLarge);
+    EXPECT_EQ(error.File(), locked.path);
+    EXPECT_EQ(calls.BytesRead(), 0U);
+    EXPECT_EQ(fs::file_size(locked.path), std::uintmax_t{4} << 30);
+}
+
 TEST(AtomicWrite, WritesInPlaceWhereTheFolderDoesNotLetTheOldFileGo) {
     const TemporaryFolder folder;
     const std::string path = folder.Make("a.dat", "the old content");

@@ -5,6 +5,7 @@
 #include "Errors.h"
 #include "NewProject.h"
 #include "Paths.h"
+#include "SystemCalls.h"
 #include "TemporaryFolder.h"
 
 namespace vtr {
@@ -385,6 +386,21 @@ TEST_F(CreatingAProject, AProjectFileThatCannotBeWrittenIsAnErrorBeforeAnythingI
     project_.filenames[12].clear();
     EXPECT_EQ(FileNameOf(ErrorOfCreate().File()), "north.prj");
     EXPECT_THAT(target_.Names(), UnorderedElementsAre("north.prj"));
+}
+
+TEST_F(CreatingAProject, ReadsNoFileThatIsTooLargeForItsKind) {
+    const auto expectUnread = [this](const std::string &file) {
+        std::filesystem::resize_file(file, std::uintmax_t{4} << 30);
+        const SystemCalls calls;
+        const Error error = ErrorOfCreate();
+        EXPECT_EQ(error.Kind(), ErrorKind::FileTooLarge);
+        EXPECT_EQ(error.File(), file);
+        EXPECT_LT(calls.BytesRead(), 1000U);
+    };
+    expectUnread(project_.filenames[12]);
+    expectUnread(project_.filenames[4]);
+    target_.Make("north.prj", "");
+    expectUnread(Path());
 }
 
 TEST_F(CreatingAProject, AFolderIsNoFileToCopyEvenWhenItIsTheProjectsOwn) {
