@@ -104,16 +104,18 @@ void LoadProject(const std::string &path, Campaign &open, LoadProjectWindow &win
 
     try {
         window.LoadMapPicture(paths.PathOf(paths.Map), steps);
-    } catch (const Error &) {
+        steps.AddProgress(5);
+        loaded->ProjectLoaded = true;
+        ReadCampaignFiles(*loaded, steps);
+    } catch (const Error &error) {
         if (!facts.wasMade)
             throw;
         throw Error(ErrorKind::FileMissing, {.file = path}, "a project file",
-                    "no such file, so that an empty one was made; the map picture of the project before (\"" +
-                        Utf8OfProjectText(paths.Map) + "\") is not there");
+                    "no such file, so that an empty one was made; " +
+                        std::string(error.File() == paths.PathOf(paths.Map) ? "the map picture" : "a file") +
+                        " of the project before (\"" + std::string(FileNameOf(error.File())) + "\") " +
+                        (error.Kind() == ErrorKind::FileMissing ? "is not there" : "cannot be read"));
     }
-    steps.AddProgress(5);
-    loaded->ProjectLoaded = true;
-    ReadCampaignFiles(*loaded, steps);
     open = std::move(*loaded);
     if (stamps != nullptr)
         *stamps = std::move(steps.Stamps());

@@ -359,6 +359,46 @@ TEST_F(LoadProjectTest, AProjectThatDoesNotExistIsNamedWhenTheMapOfTheOneBeforeI
               folder.Path() + "old.bmp");
 }
 
+TEST_F(LoadProjectTest, AProjectThatDoesNotExistIsNamedWhenAnotherFileOfTheOneBeforeIsNotBesideIt) {
+    campaign->paths.Map = "old.bmp";
+    campaign->paths.Targets = "TARGET.DAT";
+    const std::string path = folder.Path() + "new.prj";
+    const Error error = ErrorThrownBy([&] { LoadProject(path, *campaign, window); });
+    EXPECT_EQ(error.Kind(), ErrorKind::FileMissing);
+    EXPECT_EQ(error.File(), path);
+    EXPECT_EQ(error.Expected(), "a project file");
+    EXPECT_EQ(error.Found(),
+              "no such file, so that an empty one was made; a file of the project before "
+              "(\"TARGET.DAT\") is not there");
+}
+
+TEST_F(LoadProjectTest, AnUnreadableFileBesideAProjectThatDoesNotExistIsNamedAsSuch) {
+    campaign->paths.Map = "old.bmp";
+    campaign->paths.TarNames = "TARNAMES.STR";
+    std::filesystem::create_directory(folder.Path() + "TARNAMES.STR");
+    const Error error = ErrorThrownBy([&] { LoadProject(folder.Path() + "new.prj", *campaign, window); });
+    EXPECT_EQ(error.File(), folder.Path() + "new.prj");
+    EXPECT_EQ(error.Found(),
+              "no such file, so that an empty one was made; a file of the project before "
+              "(\"TARNAMES.STR\") cannot be read");
+}
+
+TEST_F(LoadProjectTest, AProjectFileThatWasMadeIsTold) {
+    campaign->paths.Map = "old.bmp";
+    LoadProject(folder.Path() + "new.prj", *campaign, window);
+    EXPECT_TRUE(window.report.projectFile.wasMade);
+    LoadProject(folder.Path() + "new.prj", *campaign, window);
+    EXPECT_FALSE(window.report.projectFile.wasMade);
+}
+
+TEST_F(LoadProjectTest, AUtf8MarkBeforeTheMapIsToldWhenThereIsNoMap) {
+    const std::string path = folder.Make("p.prj", "\xEF\xBB\xBFMap=m.bmp\r\n");
+    const Error error = ErrorThrownBy([&] { LoadProject(path, *campaign, window); });
+    EXPECT_EQ(error.Kind(), ErrorKind::TypeMismatch);
+    EXPECT_EQ(error.File(), path);
+    EXPECT_EQ(error.Found(), "none; a UTF-8 mark makes the first line count for nothing");
+}
+
 TEST_F(LoadProjectTest, AProjectNamedInMoreCharactersThanTheSystemAllowsIsAnErrorThatNamesIt) {
     const std::string path = folder.Path() + std::string(300, 'n') + ".prj";
     EXPECT_FALSE(RefusalOfProjectPath(path));

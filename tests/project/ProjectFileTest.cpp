@@ -69,6 +69,15 @@ TEST_F(ProjectFileTest, APathThatTheSystemRefusesIsAnErrorOfThatFile) {
     EXPECT_EQ(error.File(), path);
 }
 
+TEST_F(ProjectFileTest, AFolderThatIsGoneIsSaidToBe) {
+    const std::string path = folder.Path() + "gone/p.prj";
+    const Error error = ErrorThrownBy([&] { ReadProjectFile(path, paths, [] {}); });
+    EXPECT_EQ(error.Kind(), ErrorKind::FileMissing);
+    EXPECT_EQ(error.File(), path);
+    EXPECT_EQ(error.Expected(), "a project file");
+    EXPECT_EQ(error.Found(), "no such folder: it has been moved, renamed or removed");
+}
+
 TEST_F(ProjectFileTest, AValueKeepsEverythingBehindTheFirstEqualsSign) {
     Read("Name=a=b\r\nMap= m.bmp \r\n");
     EXPECT_EQ(paths.Name, "a=b");

@@ -54,6 +54,10 @@ bool IsAbsoluteTilesDir(std::string_view path) {
 ProjectFileFacts ReadProjectFile(const std::string &path, ProjectPaths &paths,
                                  const std::function<void()> &lineRead) {
     const bool isMissing = !FileExists(path);
+    const std::string_view folder = FolderOf(path);
+    if (isMissing && !folder.empty() && !FileExists(folder))
+        throw Error(ErrorKind::FileMissing, {.file = path}, "a project file",
+                    "no such folder: it has been moved, renamed or removed");
     if (isMissing)
         AtomicWrite(path, {});
     ProjectFileFacts facts = DecodeProjectFile(ReadSmallFile(path), path, paths, lineRead);
