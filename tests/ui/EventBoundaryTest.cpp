@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <signal.h>
 
+#include <new>
 #include <stdexcept>
 
 #include "BoundarySession.h"
@@ -67,6 +68,15 @@ TEST_F(EventBoundaryTest, AnErrorOfTheLibrariesEndsTheProgramTheSameWay) {
     EXPECT_EQ(shown.text,
               "Loading the project failed.\n\nin the library's words\n\n"
               "The program ends now. Put right what is said above, if you can, and start it again.");
+}
+
+TEST_F(EventBoundaryTest, ALackOfMemoryIsToldInAPlayersWords) {
+    QTimer::singleShot(0, qApp, [] { throw std::bad_alloc(); });
+    ShownBox shown;
+    AcceptNextBox(shown);
+    EXPECT_EQ(QCoreApplication::exec(), 1);
+    EXPECT_TRUE(shown.text.startsWith("Loading the project failed.\n\nThere is not enough memory.\n\n"))
+        << shown.text.toStdString();
 }
 
 TEST_F(EventBoundaryTest, TheMessageSaysWhatBecameOfUnsavedEdits) {

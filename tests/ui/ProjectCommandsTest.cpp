@@ -209,7 +209,7 @@ TEST_F(ProjectCommandsTest, AnEmptyPathInQuotesIsRefusedAndNothingChanges) {
         EXPECT_EQ(warning.text,
                   "Loading the project failed.\n\nFile access failed.\n"
                   "Expected: the path of a project file (*.prj)\nFound: no path at all\n\n"
-                  "Nothing was changed.");
+                  "Nothing was changed. Choose a project file (*.prj).");
         EXPECT_EQ(paths.Name, name);
         EXPECT_EQ(paths.ProjectDir + paths.ProjectFile, project);
         ExpectTarget100At(7);
@@ -268,6 +268,11 @@ TEST_F(ProjectCommandsTest, ShortFilesAreListedInOneMessage) {
     EXPECT_EQ(warning.count, 1);
     EXPECT_THAT(warning.text.toStdString(), ::testing::HasSubstr("AIRFIELD.DAT"));
     EXPECT_THAT(warning.text.toStdString(), ::testing::HasSubstr("found 100 bytes, expected 7132 bytes"));
+    EXPECT_THAT(
+        warning.text.toStdString(),
+        ::testing::EndsWith(
+            "\n\nA save writes what is missing as zeros into the files that it saves. Before you save, "
+            "put whole files in their place and load the project again."));
     EXPECT_TRUE(session->campaign.ProjectLoaded);
 }
 

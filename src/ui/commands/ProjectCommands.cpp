@@ -48,9 +48,9 @@ ProjectCommands::ProjectCommands(Session &session, MainWidgets &widgets, SaveCom
 void ProjectCommands::Load(const std::string &path) {
     const Operation loading(session_.operation, tr("Loading the project"));
     if (const auto refusal = RefusalOfProjectPath(path)) {
-        ShowMessage(
-            window_, QMessageBox::Warning,
-            ErrorReport(QString::fromStdString(session_.operation), *refusal, tr("Nothing was changed.")));
+        ShowMessage(window_, QMessageBox::Warning,
+                    ErrorReport(QString::fromStdString(session_.operation), *refusal,
+                                tr("Nothing was changed. Choose a project file (*.prj).")));
         return;
     }
     const QString nameBefore = widgets_.sb_status->project->text();
@@ -228,6 +228,9 @@ void ProjectCommands::Tell(const LoadReport &report) {
                     .arg(QString::fromStdString(file.path))
                     .arg(file.found)
                     .arg(file.expected == 0 ? tr("more") : tr("%1 bytes").arg(file.expected));
+    text +=
+        tr("\n\nA save writes what is missing as zeros into the files that it saves. Before you save, put "
+           "whole files in their place and load the project again.");
     ShowMessage(window_, QMessageBox::Warning, text);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QPushButton>
 #include <exception>
+#include <new>
 #include <utility>
 
 #include "AtomicWrite.h"
@@ -51,8 +52,11 @@ bool EventBoundary::notify(QObject *receiver, QEvent *event) {
     } catch (const Error &error) {
         Fail(ErrorReport(QString::fromStdString(session_.operation), error, EndOfTheProgram()));
     } catch (const std::exception &error) {
+        const bool lacksMemory = dynamic_cast<const std::bad_alloc *>(&error) != nullptr;
         Fail(QStringLiteral("%1 failed.\n\n%2\n\n%3")
-                 .arg(QString::fromStdString(session_.operation), QString::fromUtf8(error.what()),
+                 .arg(QString::fromStdString(session_.operation),
+                      lacksMemory ? QStringLiteral("There is not enough memory.")
+                                  : QString::fromUtf8(error.what()),
                       EndOfTheProgram()));
     }
     return false;
