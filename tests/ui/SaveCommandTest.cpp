@@ -424,6 +424,19 @@ TEST_F(SaveCommand, AfterAProjectWithoutAMapTheLineWarnsThatTheTablesAreThoseOfA
     EXPECT_EQ(Line().text().toStdString(), warning);
 }
 
+TEST_F(SaveCommand, WhenAnotherProjectHasBeenLoadedTheOpenDialogShowsItAndSaysSo) {
+    StartWithSample();
+    OpenSaveDialog();
+    const TemporaryFolder other;
+    WriteSampleCampaign(other.Path(), false);
+    std::ofstream(other.Path() + "sample.prj", std::ios::app) << "NAME=Other\r\n";
+    window().Start(QString::fromStdString(other.Path() + "sample.prj"));
+    EXPECT_TRUE(DialogIsOpen());
+    EXPECT_EQ(Line().text(), "Another project is open now.");
+    EXPECT_EQ(Find<QLabel>(*SaveDialog(), "lbl_project").text(), "Other");
+    EXPECT_EQ(Find<QLabel>(*SaveDialog(), "lbl_folder").text().toStdString(), other.Path());
+}
+
 TEST_F(SaveCommand, TheDialogOutlivesAMessageThatIsUpWhenItIsClosed) {
     StartWithSample();
     std::filesystem::remove(folder.Path() + "TARNAMES.STR");
@@ -466,6 +479,27 @@ TEST_F(SaveCommand, TheDialogCanBeUsedBesideTheChooserOfAProject) {
     EXPECT_EQ(choosers, 1);
     EXPECT_TRUE(DialogIsOpen());
     EXPECT_EQ(SaveDialog()->windowHandle()->transientParent(), window().windowHandle());
+}
+
+TEST_F(SaveCommand, TheChooserOfAProjectStandsBesideTheDialog) {
+    StartWithSample();
+    OpenSaveDialog();
+    const QRect screen = window().screen()->availableGeometry();
+    for (const QPoint &place : {screen.topLeft(), screen.center(), screen.bottomRight()}) {
+        SaveDialog()->move(place);
+        ShownBox question;
+        AnswerNextBox(question, QMessageBox::No);
+        QRect frame;
+        WhenModalOpens<QFileDialog>([&](QFileDialog &chooser) {
+            frame = chooser.frameGeometry();
+            chooser.reject();
+        });
+        Entry("mnu_p_load").trigger();
+        EXPECT_TRUE(frame.isValid());
+        EXPECT_FALSE(frame.intersects(SaveDialog()->frameGeometry()));
+        EXPECT_EQ(frame.left(), std::max(frame.left(), screen.left()));
+        EXPECT_EQ(frame.right(), std::min(frame.right(), screen.right()));
+    }
 }
 
 TEST_F(SaveCommand, TheBoxesAreReachedByTheArrowKeys) {

@@ -91,7 +91,7 @@ void ProjectCommands::ChooseAndLoad() {
     // The save dialog is not waited for: it can be used beside the chooser.
     saveCommands_.SetUsableBesideMainWindow(true);
     const std::string chosen = ChooseFile(window_, QFileDialog::AcceptOpen, QStringLiteral("Load Project"),
-                                          projectFilter, lastChosenFile_);
+                                          projectFilter, lastChosenFile_, saveCommands_.OpenDialog());
     saveCommands_.SetUsableBesideMainWindow(false);
     if (chosen.empty())
         return;

@@ -68,6 +68,10 @@ bool SaveCommands::ShowAndWait() {
     return frm_save_->exec() == QDialog::Accepted;
 }
 
+QWidget *SaveCommands::OpenDialog() const {
+    return IsShown() ? frm_save_ : nullptr;
+}
+
 void SaveCommands::SetUsableBesideMainWindow(bool usable) {
     // What is modal to a window blocks the dialogs that belong to it too.
     if (frm_save_ != nullptr && frm_save_->windowHandle() != nullptr)

@@ -20,6 +20,8 @@ class SaveCommands : public QObject, private SaveQuestions {
     void Show();
     /// Shows it over the window until it is closed; true when it closed after a save.
     bool ShowAndWait();
+    /// The dialog when it is open, else null.
+    QWidget *OpenDialog() const;
     /// Whether an open dialog can be used while another window is modal to the main window.
     void SetUsableBesideMainWindow(bool usable);
     /// A project's paths are loaded: an open dialog shows them, and says so when the project is another.

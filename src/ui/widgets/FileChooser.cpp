@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QScreen>
+#include <algorithm>
 
 #include "Paths.h"
 #include "ShowMessage.h"
@@ -53,6 +55,29 @@ QString ChosenToSave(QFileDialog &chooser, const QString &suffix) {
     }
 }
 
+/// Places chooser, which is not shown yet, beside other so that it covers nothing of it, as far as the screen
+/// has room. other moves only when there is no room beside it.
+void PlaceBeside(QFileDialog &chooser, QWidget &other) {
+    const QRect screen = other.screen()->availableGeometry();
+    QRect frame = other.frameGeometry();
+    const QSize borders = frame.size() - other.size();
+    chooser.ensurePolished();
+    const int room =
+        std::max(screen.width() - frame.width() - borders.width(), chooser.minimumSizeHint().width());
+    chooser.resize(std::min(chooser.width(), room), chooser.height());
+    const QSize size = chooser.size() + borders;
+    int left = frame.right() + 1;
+    if (left + size.width() > screen.right() + 1)
+        left = frame.left() - size.width();
+    if (left < screen.left()) {
+        frame.moveLeft(screen.left());
+        other.move(frame.topLeft());
+        left = std::max(screen.left(), std::min(frame.right() + 1, screen.right() + 1 - size.width()));
+    }
+    const int lowest = screen.bottom() + 1 - size.height();
+    chooser.move(left, std::max(screen.top(), std::min(frame.top(), lowest)));
+}
+
 }  // namespace
 
 std::string NativePath(const QString &path) {
@@ -60,7 +85,7 @@ std::string NativePath(const QString &path) {
 }
 
 std::string ChooseFile(QWidget *parent, QFileDialog::AcceptMode mode, const QString &title,
-                       std::string_view filter, const std::string &preset) {
+                       std::string_view filter, const std::string &preset, QWidget *beside) {
     QFileDialog chooser(parent, title, QString(), QtFilter(filter));
     chooser.setObjectName(QStringLiteral("cmdiag"));
     chooser.setWindowModality(Qt::WindowModal);
@@ -70,6 +95,8 @@ std::string ChooseFile(QWidget *parent, QFileDialog::AcceptMode mode, const QStr
         chooser.setDirectory(QString::fromStdString(preset));
     else if (!preset.empty())
         chooser.selectFile(QString::fromStdString(preset));
+    if (beside != nullptr)
+        PlaceBeside(chooser, *beside);
     return NativePath(mode == QFileDialog::AcceptSave
                           ? ChosenToSave(chooser, QString::fromUtf8(filter.substr(filter.rfind('.'))))
                           : Chosen(chooser));
