@@ -93,7 +93,7 @@ std::optional<int> Write(const CampaignFile &file, const Campaign &campaign, con
         !objection.empty())
         throw Error(ErrorKind::FileAccess, {.file = path},
                     "a file in the project's folder that only " + UpperAscii(file.key) + " names",
-                    "\"" + Utf8OfProjectText(name) + "\", which " + objection);
+                    "\"" + Shortened(Utf8OfProjectText(name)) + "\", which " + objection);
     // Without a file too: the grid data is checked all the same.
     return file.write(path, campaign, programFolder, replacer.WriteFor(file.SaveBox()));
 }

@@ -291,6 +291,13 @@ TEST_F(SaveFilesTest, ANameThatAnotherKeyHasTooIsNeverWrittenInAnyLetterCase) {
     }
 }
 
+TEST_F(SaveFilesTest, OfAVeryLongNameThatIsNeverWrittenTheReasonIsToldAllTheSame) {
+    campaign->paths.GridData = "../" + std::string(100000, 'm');
+    const std::string found = FailureOfSave(allBoxes).Found();
+    EXPECT_THAT(found, ::testing::EndsWith("mmm...\", which leads out of the folder"));
+    EXPECT_LT(found.size(), 300U);
+}
+
 TEST_F(SaveFilesTest, OneNameInTwoEncodingsIsOneName) {
     campaign->paths.RailList = "K\u00F6ln.dat";
     campaign->paths.GridData = "K\xF6ln.dat";

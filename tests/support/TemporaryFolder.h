@@ -32,6 +32,15 @@ class TemporaryFolder {
         return path_ + name;
     }
 
+    /// Makes a folder in it whose path is longer than a message shows.
+    std::string MakeDeep() const {
+        std::string deep = path_;
+        for (int level = 0; level < 9; ++level)
+            deep += std::string(200, 'm') + '/';
+        std::filesystem::create_directories(deep);
+        return deep;
+    }
+
     std::string Content(const std::string &name) const {
         std::ifstream file(path_ + name, std::ios::binary);
         EXPECT_TRUE(file.is_open()) << name;

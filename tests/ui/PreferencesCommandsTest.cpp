@@ -113,6 +113,21 @@ TEST_F(PreferencesCommandsTest, BadLinesAreListedInOneMessageAndTheFileIsKept) {
     EXPECT_EQ(OnDisk().find("nonsense"), std::string::npos);
 }
 
+TEST_F(PreferencesCommandsTest, OfAVeryDeepFolderOnlyTheBeginningIsShown) {
+    session->programFolder = folder.MakeDeep();
+    const std::string file = session->programFolder + "prefs.cfg";
+    std::ofstream(file) << "nonsense\r\n";
+    const ShownBox badLine = BoxShownBy([this] { Start(); });
+    EXPECT_TRUE(badLine.text.contains("mmm...\" could not be read")) << badLine.text.toStdString();
+    EXPECT_TRUE(badLine.text.endsWith("mmm...\"."));
+    EXPECT_LT(badLine.text.size(), 1500);
+    EndAndMakeAnew();
+    std::filesystem::resize_file(file, 2U << 20);
+    const ShownBox tooLarge = BoxShownBy([this] { Start(); });
+    EXPECT_TRUE(tooLarge.text.endsWith("mmm...\".")) << tooLarge.text.toStdString();
+    EXPECT_LT(tooLarge.text.size(), 1500);
+}
+
 TEST_F(PreferencesCommandsTest, GoodLinesGiveNoMessageAndNoCopy) {
     folder.Make("program/prefs.cfg", allSet);
     Start();

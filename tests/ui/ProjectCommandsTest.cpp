@@ -276,6 +276,15 @@ TEST_F(ProjectCommandsTest, ShortFilesAreListedInOneMessage) {
     EXPECT_TRUE(session->campaign.ProjectLoaded);
 }
 
+TEST_F(ProjectCommandsTest, OfAShortFileInAVeryDeepFolderOnlyTheBeginningIsShown) {
+    const std::string deep = folder.MakeDeep();
+    WriteSampleCampaign(deep, false);
+    std::filesystem::resize_file(deep + "AIRFIELD.DAT", 100);
+    const ShownBox box = BoxShownBy([&] { window().Start(QString::fromStdString(deep + "sample.prj")); });
+    EXPECT_THAT(box.text.toStdString(), ::testing::HasSubstr("mmm...\n    found 100 bytes"));
+    EXPECT_LT(box.text.size(), 1200);
+}
+
 TEST_F(ProjectCommandsTest, AMapPictureThatEndsTooEarlyIsListedAmongTheShortFiles) {
     WriteSample();
     const std::string picture = folder.Path() + "map.bmp";
@@ -296,6 +305,15 @@ TEST_F(ProjectCommandsTest, AMapPictureOfAnUnknownLengthIsListedWithWhatItHas) {
     const ShownBox warning = BoxShownBy([this] { window().Start(QString::fromStdString(SamplePath())); });
     EXPECT_THAT(warning.text.toStdString(),
                 ::testing::HasSubstr(picture.toStdString() + "\n    found 5000 bytes, expected more"));
+}
+
+TEST_F(ProjectCommandsTest, AfterALoadTheStatusBarTellsOfAProjectFileThatWasMade) {
+    StartWithSample();
+    window().Start(Path("new.prj"));
+    EXPECT_EQ(folder.Content("new.prj"), "");
+    EXPECT_EQ(window().statusBar()->currentMessage(),
+              "The project file did not exist: an empty one was made, and the names of the project before "
+              "count.");
 }
 
 TEST_F(ProjectCommandsTest, AfterALoadTheStatusBarTellsWhichKeysHaveNoFileAndOfAMark) {

@@ -270,6 +270,27 @@ TEST_F(ProjectFileCommandsTest, ACopyOfTheProjectHoldsTheEditsAndTheOpenProjectS
     EXPECT_EQ(session->preferences.RecentProjectFiles, recent);
 }
 
+TEST_F(ProjectFileCommandsTest, OfAVeryDeepFolderOnlyTheBeginningIsShown) {
+    StartWithSample();
+    const std::string deep = folder.MakeDeep();
+    ChooseFor("mnu_p_tiles", deep);
+    EXPECT_EQ(session->campaign.paths.TilesDir + '/', deep);
+    EXPECT_THAT(Status().toStdString(), ::testing::StartsWith("The tiles are taken from /"));
+    EXPECT_THAT(Status().toStdString(), ::testing::EndsWith("mmm..."));
+    EXPECT_LT(Status().size(), 700);
+    for (const char *name : {"ROADLIST.DAT", "RAILLIST.DAT"})
+        folder.Make(name, "");
+    ChooseFor("mnu_p_copy", deep);
+    EXPECT_THAT(Status().toStdString(), ::testing::StartsWith("The project was copied to /"));
+    EXPECT_THAT(Status().toStdString(), ::testing::EndsWith("mmm..."));
+    EXPECT_LT(Status().size(), 700);
+    ProjectPaths &paths = session->campaign.paths;
+    paths.Map = "NONE";
+    paths.ProjectDir = deep;
+    const ShownBox box = BoxShownBy([this] { Entry("mnu_p_copy").trigger(); });
+    EXPECT_THAT(box.text.toStdString(), HasSubstr("mmm... says Map=NONE"));
+}
+
 TEST_F(ProjectFileCommandsTest, ACopyTellsWhatItLacks) {
     StartWithSample();
     for (const char *name : {"GRIDDATA.DAT", "ROADLIST.DAT"})

@@ -273,6 +273,18 @@ TEST_F(NewProjectDialog, AProjectThatIsReplacedIsAskedAboutOnce) {
     EXPECT_EQ(target.Content("a.prj").substr(0, 5), "Name=");
 }
 
+TEST_F(NewProjectDialog, OfTheFileToBeReplacedInAVeryDeepFolderOnlyTheBeginningIsShown) {
+    BrowseAllBut(-1);
+    const std::string deep = target.MakeDeep();
+    std::ofstream(deep + "a.prj") << "the one before";
+    ShownBox question;
+    AnswerNextBox(question, QMessageBox::Yes);
+    Create(deep + "a.prj");
+    EXPECT_TRUE(question.text.endsWith("mmm... already exists.\nDo you want to replace it?"))
+        << question.text.toStdString();
+    EXPECT_LT(question.text.size(), 700);
+}
+
 TEST_F(NewProjectDialog, ANameThatAFolderHasIsRefusedInTheChooser) {
     BrowseAllBut(-1);
     std::filesystem::create_directory(target.Path() + "north.prj");

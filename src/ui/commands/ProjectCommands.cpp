@@ -20,6 +20,7 @@
 #include "ShowMessage.h"
 #include "StatusBar.h"
 #include "TargetPanel.h"
+#include "Text.h"
 #include "UnsavedWorkQuestion.h"
 #include "WaypointPanel.h"
 #include "WorkKeeper.h"
@@ -225,7 +226,7 @@ void ProjectCommands::Tell(const LoadReport &report) {
            "zero:\n");
     for (const ShortFile &file : report.shortFiles)
         text += tr("\n%1\n    found %2 bytes, expected %3")
-                    .arg(QString::fromStdString(file.path))
+                    .arg(QString::fromStdString(Shortened(file.path, longestShownPath)))
                     .arg(file.found)
                     .arg(file.expected == 0 ? tr("more") : tr("%1 bytes").arg(file.expected));
     text +=

@@ -46,6 +46,10 @@ void TurnOver(Picture &picture) {
     }
 }
 
+QString ShownPath(const std::string &path) {
+    return QString::fromStdString(Shortened(path, longestShownPath));
+}
+
 QString AfterMirroring(const Error &error) {
     if (error.FileReplaced())
         return ProjectFileCommands::tr(
@@ -102,7 +106,7 @@ void ProjectFileCommands::ChooseTilesFolder() {
     const std::string folder = ChooseFolder(window_, tr("Tiles Folder"), paths.TilesDir);
     if (folder.empty())
         return;
-    const QString shown = QString::fromStdString(folder);
+    const QString shown = ShownPath(folder);
     if (const auto failure =
             FailureOf(paths.ProjectDir + paths.ProjectFile, [&] { SetTilesFolder(paths, folder); }))
         return Warn(*failure,
@@ -124,7 +128,7 @@ void ProjectFileCommands::SaveCopy() {
             window_, QMessageBox::Warning,
             tr("No copy was made.\n\nThe project file %1 says Map=NONE, so the project's files "
                "were not loaded. Name its map picture there, load the project, and copy it then.")
-                .arg(QString::fromStdString(paths.ProjectDir + paths.ProjectFile)));
+                .arg(ShownPath(paths.ProjectDir + paths.ProjectFile)));
     const std::string folder = ChooseFolder(window_, tr("Save Copy of Project"), paths.ProjectDir);
     if (folder.empty())
         return;
@@ -136,7 +140,7 @@ void ProjectFileCommands::SaveCopy() {
         return Warn(*failure,
                     tr("No copy was made. The open project is as it was. Put right what is said above, "
                        "or choose another empty folder."));
-    const QString done = tr("The project was copied to %1").arg(QString::fromStdString(folder));
+    const QString done = tr("The project was copied to %1").arg(ShownPath(folder));
     QStringList lacks;
     if (!copy.missing.empty()) {
         QStringList names;

@@ -7,6 +7,7 @@
 
 #include "Paths.h"
 #include "ShowMessage.h"
+#include "Text.h"
 
 namespace vtr {
 
@@ -27,15 +28,15 @@ QString Chosen(QFileDialog &chooser) {
 bool MayReplace(QWidget *parent, const std::string &path) {
     if (!FileExists(path))
         return true;
-    if (QFileInfo(QString::fromStdString(PathOnDisk(path))).isDir()) {
+    const std::string onDisk = PathOnDisk(path);
+    const QString shown = QString::fromStdString(Shortened(onDisk, longestShownPath));
+    if (QFileInfo(QString::fromStdString(onDisk)).isDir()) {
         ShowMessage(parent, QMessageBox::Warning,
-                    QFileDialog::tr("There is a folder called %1\nChoose another name.")
-                        .arg(QString::fromStdString(PathOnDisk(path))));
+                    QFileDialog::tr("There is a folder called %1\nChoose another name.").arg(shown));
         return false;
     }
     QMessageBox box(QMessageBox::Question, programTitle,
-                    QFileDialog::tr("%1 already exists.\nDo you want to replace it?")
-                        .arg(QString::fromStdString(PathOnDisk(path))),
+                    QFileDialog::tr("%1 already exists.\nDo you want to replace it?").arg(shown),
                     QMessageBox::Yes | QMessageBox::No, parent);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(QMessageBox::No);
