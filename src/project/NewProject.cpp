@@ -89,8 +89,9 @@ bool Exists(const NewProject &project, std::size_t index) {
 }
 
 /// Each of groups holds rows that belong together.
-void AddHint(std::string &text, const char *sentence, const std::vector<std::vector<std::size_t>> &groups) {
-    const std::size_t mostNamed = groups.size() > 1 ? 4 : 3;
+void AddHint(std::string &text, const char *sentence, const std::vector<std::vector<std::size_t>> &groups,
+             bool namesAll) {
+    const std::size_t mostNamed = namesAll ? newProjectRowTotal : groups.size() > 1 ? 4 : 3;
     std::string names;
     std::size_t rows = 0;
     for (const auto &group : groups)
@@ -103,6 +104,15 @@ void AddHint(std::string &text, const char *sentence, const std::vector<std::vec
         text += "\n";
     text += std::string(sentence) + ": " + names;
     text += rows > mostNamed ? " and " + std::to_string(rows - mostNamed) + " more." : ".";
+}
+
+std::string TextOf(const RowHints &hints, bool namesAll) {
+    std::string text;
+    AddHint(text, "Not found", {hints.missing}, namesAll);
+    AddHint(text, "Of one file name, so that one overwrites the other", hints.sameName, namesAll);
+    AddHint(text, "Typed by hand, so copied but not entered in the project file", {hints.typed}, namesAll);
+    AddHint(text, "Edited by hand, so copied under the name browsed before", {hints.edited}, namesAll);
+    return text;
 }
 
 void CopyRow(const NewProject &project, std::size_t index, const std::string &folder) {
@@ -251,12 +261,11 @@ RowHints HintsOf(const NewProject &project) {
 }
 
 std::string TextOf(const RowHints &hints) {
-    std::string text;
-    AddHint(text, "Not found", {hints.missing});
-    AddHint(text, "Of one file name, so that one overwrites the other", hints.sameName);
-    AddHint(text, "Typed by hand, so copied but not entered in the project file", {hints.typed});
-    AddHint(text, "Edited by hand, so copied under the name browsed before", {hints.edited});
-    return text;
+    return TextOf(hints, false);
+}
+
+std::string WholeTextOf(const RowHints &hints) {
+    return TextOf(hints, true);
 }
 
 void CreateProject(NewProject &project, const std::string &projectPath, const std::string &programFolder) {

@@ -77,6 +77,8 @@ RowHints HintsOf(const NewProject &project);
 /// The hints as sentences, one per line. A line names at most three rows (four when they have two or more
 /// file names) and counts the others.
 std::string TextOf(const RowHints &hints);
+/// The same with every row named.
+std::string WholeTextOf(const RowHints &hints);
 
 /// Makes the project at projectPath: copies the files into its folder, generates the map picture with the
 /// map.dat of programFolder when the user has named none, and writes the project file of thirteen lines.

@@ -180,6 +180,19 @@ TEST_F(NewProjectDialog, TheLongestHintIsShownWholeAndMovesNothing) {
     EXPECT_LE(hint.heightForWidth(hint.width()), hint.height());
 }
 
+TEST_F(NewProjectDialog, TheHintsToolTipNamesTheRowsThatTheHintOnlyCounts) {
+    for (const int index : {4, 5, 6, 7, 8})
+        Field(index).setText("no/such file");
+    const auto &hint = Find<QLabel>(dialog, "lbl_hint");
+    EXPECT_TRUE(hint.text().contains("Not found: AIRFIELD.DAT, VTR_RRD.DAT, ROADLIST.DAT and 2 more."));
+    EXPECT_TRUE(hint.toolTip().contains(
+        "Not found: AIRFIELD.DAT, VTR_RRD.DAT, ROADLIST.DAT, ROADWPT.DAT, RAILLIST.DAT."))
+        << hint.toolTip().toStdString();
+    for (const int index : {4, 5, 6, 7, 8})
+        Field(index).clear();
+    EXPECT_EQ(hint.toolTip(), "");
+}
+
 TEST_F(NewProjectDialog, BlanksAndQuotationMarksAreRefusedBeforeAnythingIsCopied) {
     for (const QString &text : {QStringLiteral("  "), QStringLiteral("\"/game/AIRFIELD.DAT\"")}) {
         BrowseAllBut(-1);

@@ -124,8 +124,10 @@ void frm_newproject::ShowFields() {
 }
 
 void frm_newproject::ShowHint() {
+    const RowHints hints = HintsOf(project_);
     lbl_hint_->setText(tr("Drop a folder of game files here, or a file on its row.") + QLatin1Char('\n') +
-                       QString::fromUtf8(TextOf(HintsOf(project_))));
+                       QString::fromUtf8(TextOf(hints)));
+    lbl_hint_->setToolTip(QString::fromUtf8(WholeTextOf(hints)));
 }
 
 void frm_newproject::Refuse(std::size_t index, const QString &message) {
