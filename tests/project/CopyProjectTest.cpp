@@ -108,6 +108,20 @@ TEST_F(CopyingAProject, ThatFailsLeavesTheFolderEmpty) {
     EXPECT_THAT(copy.Names(), IsEmpty());
 }
 
+TEST_F(CopyingAProject, WritesTheProjectFileLast) {
+    std::size_t filesThen = 0;
+    bool hadProjectFile = true;
+    // Twelve files are copied, then six written from the tables, the railways' last.
+    const SystemCalls calls({{.call = "renameat", .nth = 18, .error = EIO, .lookOn = [&] {
+                                  filesThen = copy.Names().size();
+                                  hadProjectFile = copy.Names().contains("sample.prj");
+                              }}});
+    EXPECT_EQ(ErrorThrownBy([this] { Copy(); }).File(), copy.Path() + "VTR_RRD.DAT");
+    EXPECT_FALSE(hadProjectFile);
+    EXPECT_EQ(filesThen, 13U) << "the twelve and a temporary one";
+    EXPECT_THAT(copy.Names(), IsEmpty());
+}
+
 TEST_F(CopyingAProject, ThatCannotBeFlushedIsTakenAwayAndSaysSo) {
     const SystemCalls calls({{.call = "fsync", .nth = 2, .error = EIO}});
     const Error error = ErrorThrownBy([this] { Copy(); });
