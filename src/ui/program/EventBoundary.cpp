@@ -97,14 +97,13 @@ void EventBoundary::ShowReport(const QString &report) {
         return ShowMessage(nullptr, QMessageBox::Critical, report);
     QMessageBox box(QMessageBox::Critical, programTitle, report, QMessageBox::Ok);
     box.setTextFormat(Qt::PlainText);
-    QPushButton *saveFirst = nullptr;
-    if (session_.HasUnsavedEdits()) {
-        saveFirst = box.addButton(QStringLiteral("Save Files First..."), QMessageBox::ActionRole);
+    QPushButton *const saveFirst =
+        box.addButton(QStringLiteral("Save Files First..."), QMessageBox::ActionRole);
+    if (session_.HasUnsavedEdits())
         box.setDefaultButton(saveFirst);
-    }
     do
         box.exec();
-    while (saveFirst != nullptr && box.clickedButton() == saveFirst && (saveFiles_(), true));
+    while (box.clickedButton() == saveFirst && (saveFiles_(), true));
     closeWindow_();
 }
 
