@@ -162,6 +162,15 @@ class OfferedWorkTest : public UnsavedWorkTest {
         EXPECT_NE(XOf(5), 100);
         EXPECT_NE(XOf(5), 101);
     }
+
+    /// Takes the work at left back in a new process that cannot write it anew.
+    void TakeBackOnAFullDisk(const std::string &left) {
+        EndAndMakeAnew();
+        const SystemCalls full({{.call = "write", .nth = 1, .error = ENOSPC}});
+        TextsAtLoad({QStringLiteral("Take Back")});
+        QTest::qWait(200);
+        EXPECT_THAT(WorkFiles(), ElementsAre(left));
+    }
 };
 
 TEST_F(OfferedWorkTest, IsTakenBackAsOneEditThatIsKeptAtOnce) {
@@ -209,6 +218,53 @@ TEST_F(OfferedWorkTest, StaysUntilWhatWasTakenBackIsKeptAnew) {
         EXPECT_THAT(full.Made(), ::testing::Contains("write"));
     }
     EXPECT_THAT(WorkFiles(), ElementsAre(left));
+}
+
+TEST_F(OfferedWorkTest, ThatCouldNotBeKeptAnewGoesWithALaterKeepThatSucceeds) {
+    TakeBackOnAFullDisk(LeaveWork(100));
+    EXPECT_EQ(window().KeepWork(), Kept::Kept);
+    EXPECT_EQ(KeptXOf(5), 100);
+}
+
+TEST_F(OfferedWorkTest, ThatCouldNotBeKeptAnewGoesWhenAllIsSaved) {
+    TakeBackOnAFullDisk(LeaveWork(100));
+    session->FilesSaved({"TARGET.DAT", "GRIDDATA.DAT"});
+    EXPECT_TRUE(Soon([this] { return WorkFiles().empty(); }));
+}
+
+TEST_F(OfferedWorkTest, GoesWhenAllIsSavedThoughNoFileForItCouldBeMade) {
+    LeaveWork(100);
+    EndAndMakeAnew();
+    {
+        const SystemCalls full({{.call = "openat", .nth = 1, .error = ENOSPC}});
+        TextsAtLoad({QStringLiteral("Take Back")});
+        EXPECT_THAT(full.Made(), ::testing::Contains("openat"));
+    }
+    EXPECT_THAT(WorkFiles(), SizeIs(1));
+    session->FilesSaved({"TARGET.DAT", "GRIDDATA.DAT"});
+    EXPECT_TRUE(Soon([this] { return WorkFiles().empty(); }));
+}
+
+TEST_F(OfferedWorkTest, ThatCouldNotBeKeptAnewIsOfferedAgainWhenItsProjectIsLoadedAgain) {
+    const std::string left = LeaveWork(100);
+    TakeBackOnAFullDisk(left);
+    {
+        const SystemCalls full({{.call = "write", .nth = 1, .error = ENOSPC}});
+        TextsAtLoad({QStringLiteral("Keep for Later")});
+    }
+    MoveTarget(7, 200);
+    EXPECT_EQ(window().KeepWork(), Kept::Kept);
+    EXPECT_TRUE(fs::exists(left));
+}
+
+TEST_F(OfferedWorkTest, OfTwoIsTakenBackOnceAndTheOtherStaysForLater) {
+    const std::string other = LeaveWork(101, 30);
+    LeaveWork(100);
+    EndAndMakeAnew();
+    EXPECT_THAT(TextsAtLoad({QStringLiteral("Take Back")}), ElementsAre(HasSubstr("14:03")));
+    EXPECT_EQ(XOf(5), 100);
+    EXPECT_EQ(window().KeepWork(), Kept::Kept);
+    EXPECT_THAT(WorkFiles(), ::testing::AllOf(SizeIs(2), ::testing::Contains(other)));
 }
 
 TEST_F(OfferedWorkTest, ThatIsKeptForLaterIsNotOverwrittenByNewEdits) {

@@ -98,26 +98,30 @@ std::optional<UnsavedWork> Read(const std::string &path, Campaign &tables, QWidg
     return std::nullopt;
 }
 
-void Offer(const std::string &path, Session &session, WorkKeeper &keeper, QWidget *window,
-           const std::function<void()> &show) {
+/// True when the work was taken back.
+bool Offer(const std::string &path, Session &session, WorkKeeper &keeper, QWidget *window) {
     const auto tables = std::make_unique<Campaign>(session.campaign);
     const std::optional<UnsavedWork> work = Read(path, *tables, window);
     if (!work)
-        return;
+        return false;
     const Differences differences = DifferencesOf(session.campaign, *tables);
     const std::string summary = SummaryOf(differences);
-    if (summary.empty())
-        return Remove(path);
+    if (summary.empty()) {
+        Remove(path);
+        return false;
+    }
     switch (Ask(Question(*work, summary, session.fileStamps), window)) {
         case Answer::TakeBack:
             session.TakeOver("Take Back Unsaved Work", differences);
-            keeper.Keep({path});
-            return show();
+            keeper.KeepInsteadOf(path);
+            return true;
         case Answer::ThrowAway:
-            return Remove(path);
+            Remove(path);
+            return false;
         case Answer::KeepForLater:
-            return;
+            return false;
     }
+    return false;
 }
 
 }  // namespace
@@ -128,7 +132,9 @@ void OfferUnsavedWork(Session &session, WorkKeeper &keeper, QWidget *window,
         return;
     keeper.Wait();
     for (const std::string &path : AbandonedWork(session.dataFolder, session.tablesProject))
-        Offer(path, session, keeper, window, show);
+        // A second one would overwrite what the first has brought back: it stays for later.
+        if (Offer(path, session, keeper, window))
+            return show();
 }
 
 }  // namespace vtr

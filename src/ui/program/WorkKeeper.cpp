@@ -35,9 +35,16 @@ void WorkKeeper::TablesChanged() {
     afterFirstEdit_.stop();
     if (std::exchange(isKept_, false))
         writer_.Remove(own_->Path());
+    for (const std::string &path : outdated_)
+        writer_.Remove(path);
 }
 
-void WorkKeeper::Keep(const std::vector<std::string> &outdated) {
+void WorkKeeper::KeepInsteadOf(const std::string &path) {
+    outdated_.push_back(path);
+    Keep();
+}
+
+void WorkKeeper::Keep() {
     afterLastEdit_.stop();
     afterFirstEdit_.stop();
     if (session_.dataFolder.empty() || !session_.HasUnsavedEdits())
@@ -47,7 +54,7 @@ void WorkKeeper::Keep(const std::vector<std::string> &outdated) {
             own_ = std::make_unique<KeptWork>(session_.dataFolder, session_.tablesProject);
         const UnsavedWork work{own_->Project(), QDateTime::currentSecsSinceEpoch(),
                                StampedFilesOf(session_.fileStamps)};
-        writer_.Write(own_->Path(), EncodeUnsavedWork(work, session_.campaign), outdated);
+        writer_.Write(own_->Path(), EncodeUnsavedWork(work, session_.campaign), outdated_);
         isKept_ = true;
     } catch (const Error &error) {
         hasFailed_ = true;
@@ -68,6 +75,7 @@ void WorkKeeper::LetGo() {
     afterFirstEdit_.stop();
     own_.reset();
     isKept_ = false;
+    outdated_.clear();
 }
 
 void WorkKeeper::Written(const std::optional<Error> &failure) {

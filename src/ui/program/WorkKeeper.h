@@ -26,8 +26,10 @@ class WorkKeeper : public QObject {
     /// Call it after each change of the tables and each save. Keeps the edits two seconds after the last of
     /// them, at the latest four after the first that is not kept; removes what is kept when all is saved.
     void TablesChanged();
-    /// Keeps the edits now, without waiting for the disk; the files of outdated go when that is done.
-    void Keep(const std::vector<std::string> &outdated = {});
+    /// Keeps the edits now, without waiting for the disk.
+    void Keep();
+    /// The same; the file at path, which was taken back, goes as soon as the edits are kept or all is saved.
+    void KeepInsteadOf(const std::string &path);
     /// Keeps them now and waits until the disk has them.
     Kept KeepAndWait();
     /// Waits until what was asked for is done.
@@ -45,8 +47,9 @@ class WorkKeeper : public QObject {
     Session &session_;
     QTimer afterLastEdit_;
     QTimer afterFirstEdit_;
-    std::unique_ptr<KeptWork> own_;  ///< made when it is first needed
-    bool isKept_ = false;            ///< something was given to the writer for own_
+    std::unique_ptr<KeptWork> own_;      ///< made when it is first needed
+    bool isKept_ = false;                ///< something was given to the writer for own_
+    std::vector<std::string> outdated_;  ///< removed by each write that succeeds, the first or a later one
     bool isTold_ = false;
     std::atomic<bool> hasFailed_ = false;  ///< the last write
     BackgroundWriter writer_;
