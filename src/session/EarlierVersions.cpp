@@ -12,6 +12,7 @@
 
 #include "AtomicWrite.h"
 #include "Hash.h"
+#include "KeptWork.h"
 #include "Paths.h"
 #include "TemporaryNames.h"
 #include "WholeFile.h"
@@ -90,20 +91,6 @@ std::string MakeSet(const std::string &versionsFolder) {
     }
 }
 
-void RemoveOldSets(const std::string &versionsFolder, const std::string &current) {
-    const std::vector<VersionSet> sets = VersionSetsIn(versionsFolder);
-    for (std::size_t i = versionSetTotal; i < sets.size(); ++i) {
-        if (sets[i].folder == current)
-            continue;
-        std::error_code ignored;
-        for (const CampaignFile *file : sets[i].files)
-            fs::remove(FilesystemPath(sets[i].folder + std::string(file->usualName)), ignored);
-        RemoveAbandonedTemporaries(sets[i].folder);
-        // Stays where it holds anything else.
-        fs::remove(FilesystemPath(sets[i].folder), ignored);
-    }
-}
-
 struct ShortFiles : LoadListener {
     std::vector<ShortFile> found;
 
@@ -112,10 +99,7 @@ struct ShortFiles : LoadListener {
 };
 
 std::string RealProjectOf(const ProjectPaths &paths) {
-    const fs::path named = FilesystemPath(PathOnDisk(paths.ProjectDir + paths.ProjectFile));
-    std::error_code failed;
-    const fs::path real = fs::weakly_canonical(named, failed);
-    return PathText(failed ? named : real);
+    return RealProjectPath(paths.ProjectDir + paths.ProjectFile);
 }
 
 }  // namespace
@@ -196,7 +180,23 @@ void KeepVersions(const std::string &versionsFolder, const ProjectPaths &paths,
     FlushFolder(versionsFolder);
     for (const CampaignFile *file : present)
         kept.files[file->SaveBox()] = true;
-    RemoveOldSets(versionsFolder, kept.set);
+}
+
+void RemoveSet(const std::string &set) {
+    std::error_code ignored;
+    for (const CampaignFile &file : campaignFiles)
+        if (file.write != nullptr)
+            fs::remove(FilesystemPath(set + std::string(file.usualName)), ignored);
+    RemoveAbandonedTemporaries(set);
+    // Stays where it holds anything else.
+    fs::remove(FilesystemPath(set), ignored);
+}
+
+void RemoveOldSets(const std::string &versionsFolder, const std::string &current) {
+    const std::vector<VersionSet> sets = VersionSetsIn(versionsFolder);
+    for (std::size_t i = versionSetTotal; i < sets.size(); ++i)
+        if (sets[i].folder != current)
+            RemoveSet(sets[i].folder);
 }
 
 TakenBack ReadVersions(const VersionSet &set, const std::vector<const CampaignFile *> &files,

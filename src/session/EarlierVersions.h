@@ -34,15 +34,20 @@ std::vector<VersionSet> VersionSetsIn(const std::string &versionsFolder);
 
 /// What a session, from one load to the next, has kept.
 struct KeptVersions {
-    std::string set;    ///< the folder of its set; empty: it has none yet
-    SaveBoxes files{};  ///< those of which it has kept what was there before
+    std::string set;         ///< the folder of its set; empty: it has none yet
+    SaveBoxes files{};       ///< those of which it has kept what was there before
+    bool mayBeLost = false;  ///< the user has let a save go on that could keep nothing
 };
 
 /// Copies these files of the project, those that exist, into the session's set in the versions folder, which
-/// exists, and flushes the copies to the disk. A file that the set has already begins a new set. The oldest
-/// sets are removed. Throws an Error for the file that cannot be read or written.
+/// exists, and flushes the copies to the disk. A file that the set has already begins a new set. Throws an
+/// Error for the file that cannot be read or written.
 void KeepVersions(const std::string &versionsFolder, const ProjectPaths &paths,
                   const std::vector<const CampaignFile *> &files, KeptVersions &kept);
+/// Removes a set, as far as it holds files of ours.
+void RemoveSet(const std::string &set);
+/// Removes all but the newest sets and the current one.
+void RemoveOldSets(const std::string &versionsFolder, const std::string &current);
 
 /// The campaign with some files of a set read into it.
 struct TakenBack {

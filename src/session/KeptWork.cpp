@@ -42,14 +42,9 @@ std::string WorkFolder(const std::string &dataFolder) {
 /// A path that no work has had before: the number of a process comes again, and so does a moment when the
 /// clock is set back.
 std::string NewWorkPath(const std::string &dataFolder, const std::string &realProject) {
-    const std::string folder = WorkFolder(dataFolder);
-    std::error_code error;
-    fs::create_directories(FilesystemPath(folder), error);
-    if (error)
-        throw Error(ErrorKind::FileAccess, {.file = folder}, {"making the folder", error.message()});
     std::random_device random;
-    return folder + NameStart(realProject) + Hexadecimal(std::uint64_t{random()} << 32 | random()) +
-           std::string(workEnding);
+    return WorkFolder(dataFolder) + NameStart(realProject) +
+           Hexadecimal(std::uint64_t{random()} << 32 | random()) + std::string(workEnding);
 }
 
 /// Nobody knows what was in a file that was only looked at from outside: no edit rests on it.
@@ -64,13 +59,26 @@ std::string MarkOf(const std::string &work) {
 }  // namespace
 
 KeptWork::KeptWork(const std::string &dataFolder, const std::string &project)
-    : project_(RealProjectPath(project)), path_(NewWorkPath(dataFolder, project_)), mark_(MarkOf(path_)) {}
+    : project_(RealProjectPath(project)), path_(NewWorkPath(dataFolder, project_)) {
+    Mark();
+}
+
+void KeptWork::Mark() {
+    if (mark_ && FileExists(MarkOf(path_)))
+        return;
+    const std::string folder(FolderOf(path_));
+    std::error_code error;
+    fs::create_directories(FilesystemPath(folder), error);
+    if (error)
+        throw Error(ErrorKind::FileAccess, {.file = folder}, {"making the folder", error.message()});
+    mark_.emplace(MarkOf(path_));
+}
 
 std::string RealProjectPath(const std::string &project) {
     const std::string clean = CleanAbsolutePath(PathOnDisk(project));
     std::error_code error;
-    const fs::path real = fs::weakly_canonical(FilesystemPath(clean), error);
-    return error ? clean : PathText(real);
+    const fs::path folder = fs::weakly_canonical(FilesystemPath(FolderOf(clean)), error);
+    return error ? clean : PathText(folder / FilesystemPath(FileNameOf(clean)));
 }
 
 std::vector<std::string> AbandonedWork(const std::string &dataFolder, const std::string &project) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,10 @@ class KeptWork {
     /// made. Throws file-access Errors.
     KeptWork(const std::string &dataFolder, const std::string &project);
 
+    /// Marks it again when its mark, or the whole folder, has been removed meanwhile. Throws file-access
+    /// Errors.
+    void Mark();
+
     const std::string &Path() const { return path_; }
     /// The project's RealProjectPath.
     const std::string &Project() const { return project_; }
@@ -23,10 +28,11 @@ class KeptWork {
   private:
     std::string project_;
     std::string path_;
-    OwnerMark mark_;
+    std::optional<OwnerMark> mark_;
 };
 
-/// The path that a project has whichever way leads to it.
+/// The path that a project has whichever way leads to its folder. A project file that is a link is a project
+/// of its own: the campaign's files lie beside it.
 std::string RealProjectPath(const std::string &project);
 
 /// The files of unsaved work of the project that are nobody's own: their processes have ended, or have loaded

@@ -43,7 +43,9 @@ class CampaignSave {
                     return std::nullopt;
             } catch (const Error &notKept) {
                 lock = nullptr;
-                if (!questions_.MaySaveWithoutEarlierVersion(notKept))
+                bool &mayBeLost = session_.keptVersions.mayBeLost;
+                mayBeLost = mayBeLost || questions_.MaySaveWithoutEarlierVersion(notKept);
+                if (!mayBeLost)
                     return std::nullopt;
                 versionsFolder_.clear();
             }
@@ -82,20 +84,40 @@ class CampaignSave {
         if (versionsFolder_.empty())
             return;
         KeptVersions &kept = session_.keptVersions;
-        if (!kept.set.starts_with(versionsFolder_))  // of another project, after a load that met "NONE"
+        if (!kept.set.empty() &&
+            !kept.set.starts_with(versionsFolder_))  // of another project, after a load that met "NONE"
             kept = {};
         std::vector<const CampaignFile *> files;
         std::ranges::copy_if(files_, std::back_inserter(files), [&](const CampaignFile *file) {
             const std::size_t box = file->SaveBox();
             return !kept.files[box] || changedByOthers_[box];
         });
+        keptBefore_ = kept;
         KeepVersions(versionsFolder_, paths_, files, kept);
-        stoppedBefore_ = NotedFiles(versionsFolder_).value_or(FileNames());
+        stoppedBefore_ = FilesOfSaveBefore();
         FileNames noted = stoppedBefore_;
         for (const CampaignFile *file : files_)
             if (std::ranges::find(noted, file->usualName) == noted.end())
                 noted.emplace_back(file->usualName);
-        NoteSave(versionsFolder_, noted);
+        try {
+            NoteSave(versionsFolder_, noted);
+        } catch (const Error &) {
+            // The versions are kept: that nobody would hear of a save that is killed is no reason not to
+            // save.
+        }
+    }
+
+    FileNames FilesOfSaveBefore() const {
+        std::optional<FileNames> noted = NotedFiles(versionsFolder_);
+        if (!noted)
+            return {};
+        if (noted->empty()) {  // its text was lost: it may have been any of them
+            SaveBoxes all;
+            all.fill(true);
+            for (const CampaignFile *file : FilesToSave(paths_, all))
+                noted->emplace_back(file->usualName);
+        }
+        return *noted;
     }
 
     SaveOutcome Write() {
@@ -104,8 +126,16 @@ class CampaignSave {
             if (const KnownFile &now = outcome.stamps[file->SaveBox()]; !now.path.empty())
                 session_.fileStamps[file->SaveBox()] = now;
         session_.FilesSaved(outcome.written);
-        if (!versionsFolder_.empty())
-            NoteRest(versionsFolder_, RestAfter(outcome));
+        if (versionsFolder_.empty())
+            return outcome;
+        NoteRest(versionsFolder_, RestAfter(outcome));
+        KeptVersions &kept = session_.keptVersions;
+        if (!outcome.written.empty() || outcome.LeavesMixture()) {
+            RemoveOldSets(versionsFolder_, kept.set);
+        } else if (kept.set != keptBefore_.set) {
+            RemoveSet(kept.set);
+            kept = keptBefore_;
+        }
         return outcome;
     }
 
@@ -128,6 +158,7 @@ class CampaignSave {
     const std::vector<const CampaignFile *> files_;
     FileStamps expected_;
     SaveBoxes changedByOthers_{};
+    KeptVersions keptBefore_;     ///< before this save
     FileNames stoppedBefore_;     ///< not written by a save before, which stopped half way
     std::string versionsFolder_;  ///< empty: nothing is kept
 };

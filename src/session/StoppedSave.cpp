@@ -1,11 +1,13 @@
 #include "StoppedSave.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
 
 #include "AtomicWrite.h"
+#include "CampaignFiles.h"
 #include "Errors.h"
 #include "FolderLock.h"
 #include "Paths.h"
@@ -51,7 +53,8 @@ std::optional<FileNames> NotedFiles(const std::string &versionsFolder) {
         return std::nullopt;
     FileNames files;
     for (std::string line; std::getline(stream, line);)
-        files.push_back(line);
+        if (std::ranges::find(campaignFiles, line, &CampaignFile::usualName) != campaignFiles.end())
+            files.push_back(line);
     return files;
 }
 

@@ -17,7 +17,7 @@ void NoteSave(const std::string &versionsFolder, const FileNames &files);
 /// Of the noted files only these are still to be written; none: the save is over.
 void NoteRest(const std::string &versionsFolder, const FileNames &rest);
 
-/// The files of the note, when there is one.
+/// The files of the note, when there is one; none when its text was lost.
 std::optional<FileNames> NotedFiles(const std::string &versionsFolder);
 /// The files that a save which stopped half way has not written, so that they do not belong to those that it
 /// has. Nothing when there is no such save, or when it is under way in another process.

@@ -110,6 +110,22 @@ TEST_F(EarlierVersionsTest, TwoProjectsHaveTwoFoldersWhichTellWhoseTheyAre) {
     EXPECT_EQ(ContentOf(Sets()[0].folder + "TARGET.DAT"), "of the other project");
 }
 
+TEST_F(EarlierVersionsTest, TwoCampaignsWhoseProjectFilesAreLinksToOneHaveTwoFolders) {
+    TemporaryFolder other;
+    fs::create_symlink(folder.Path() + "sample.prj", other.Path() + "sample.prj");
+    const std::string first = VersionsFolder();
+    session->campaign.paths.ProjectDir = other.Path();
+    EXPECT_NE(VersionsFolder(), first);
+}
+
+TEST_F(EarlierVersionsTest, AProjectReachedThroughALinkToItsFolderHasTheSameFolder) {
+    TemporaryFolder other;
+    fs::create_directory_symlink(folder.Path(), other.Path() + "link");
+    const std::string first = VersionsFolder();
+    session->campaign.paths.ProjectDir = other.Path() + "link/";
+    EXPECT_EQ(VersionsFolder(), first);
+}
+
 TEST_F(EarlierVersionsTest, WithoutADataFolderNothingIsKept) {
     session->dataFolder.clear();
     ASSERT_TRUE(Save(allBoxes)->Succeeded());
@@ -171,6 +187,53 @@ TEST_F(EarlierVersionsTest, WithAFullDiskOrAReadOnlyDataFolderYesSavesWithoutOne
     ASSERT_TRUE(Save(allBoxes)->Succeeded());
     ASSERT_THAT(answers.notKept, SizeIs(1));
     EXPECT_EQ(answers.notKept[0].Step(), "making the folder");
+}
+
+TEST_F(EarlierVersionsTest, SavesThatWriteNothingPushNoSetOut) {
+    for (std::size_t minute = 0; minute < versionSetTotal; ++minute)
+        MakeSet(static_cast<int>(minute));
+    const std::vector<VersionSet> before = Sets();
+    ASSERT_THAT(before, SizeIs(versionSetTotal));
+    for (int load = 0; load < 3; ++load) {
+        Load(*session);
+        session->campaign.TargetTable[12].x = static_cast<std::int16_t>(50 + load);
+        const SystemCalls calls({{.call = "write", .nth = 7, .error = EROFS}});  // six copies before it
+        EXPECT_TRUE(Save(allBoxes)->written.empty());
+    }
+    ASSERT_THAT(Sets(), SizeIs(versionSetTotal));
+    EXPECT_EQ(Sets().front().folder, before.front().folder);
+    EXPECT_EQ(Sets().back().folder, before.back().folder);
+
+    const std::string targets = folder.Content("TARGET.DAT");
+    ASSERT_TRUE(Save({true})->Succeeded());
+    EXPECT_EQ(ContentOf(Sets()[0].folder + "TARGET.DAT"), targets);
+}
+
+TEST_F(EarlierVersionsTest, WhoSaidYesIsNotAskedAgainInTheSession) {
+    data.Make("file", "no folder can be made in a file");
+    session->dataFolder = data.Path() + "file/";
+    for (int save = 0; save < 3; ++save)
+        ASSERT_TRUE(Save(allBoxes)->Succeeded());
+    EXPECT_THAT(answers.notKept, SizeIs(1));
+    Load(*session);
+    ASSERT_TRUE(Save(allBoxes)->Succeeded());
+    EXPECT_THAT(answers.notKept, SizeIs(2));
+}
+
+TEST_F(EarlierVersionsTest, AfterNoTheNextSaveAsksAgain) {
+    data.Make("file", "no folder can be made in a file");
+    session->dataFolder = data.Path() + "file/";
+    answers.yes = false;
+    EXPECT_FALSE(Save(allBoxes));
+    EXPECT_FALSE(Save(allBoxes));
+    EXPECT_THAT(answers.notKept, SizeIs(2));
+}
+
+TEST_F(EarlierVersionsTest, WhenAllIsKeptAndOnlyTheNoteOfTheSaveCannotBeMadeNothingIsAsked) {
+    ASSERT_TRUE(Save(allBoxes)->Succeeded());
+    fs::create_directory(VersionsFolder() + "saving.txt");  // no file can be made there
+    ASSERT_TRUE(Save(allBoxes)->Succeeded());
+    EXPECT_THAT(answers.notKept, IsEmpty());
 }
 
 TEST_F(EarlierVersionsTest, TakingFilesBackReadsThemAsALoadDoesAndLeavesTheOthersAlone) {

@@ -101,6 +101,27 @@ TEST_F(KeptWorkTest, IsFoundWhicheverWayLeadsToTheProject) {
         EXPECT_THAT(AbandonedWork(dataFolder, folder.Path() + way), ElementsAre(path)) << way;
 }
 
+TEST_F(KeptWorkTest, OfTwoCampaignsWhoseProjectFilesAreLinksToOneIsNotShared) {
+    fs::create_directory(folder.Path() + "other");
+    const std::string one = folder.Path() + "campaign/linked.prj";
+    const std::string other = folder.Path() + "other/linked.prj";
+    for (const std::string &link : {one, other})
+        fs::create_symlink(project, link);
+    const std::string path = MakeAbandoned({}, one);
+    EXPECT_THAT(AbandonedWork(dataFolder, one), ElementsAre(path));
+    EXPECT_THAT(AbandonedWork(dataFolder, other), IsEmpty());
+    EXPECT_THAT(Abandoned(), IsEmpty());
+}
+
+TEST_F(KeptWorkTest, IsMarkedAgainWhenItsFolderWasRemoved) {
+    KeptWork work(dataFolder, project);
+    fs::remove_all(dataFolder);
+    work.Mark();
+    std::ofstream(work.Path()) << "work";
+    EXPECT_TRUE(fs::exists(work.Path()));
+    EXPECT_THAT(Abandoned(), IsEmpty());
+}
+
 TEST_F(KeptWorkTest, WhatIsSetAsideIsListedNoMore) {
     const std::string path = MakeAbandoned();
     const std::string aside = SetAside(path);

@@ -243,6 +243,21 @@ TEST_F(SaveCampaignTest, ASaveKilledBetweenTwoFilesIsFoundByTheNextLoadAndASaveT
     EXPECT_EQ(FilesOfStoppedSave(VersionsFolder()), std::nullopt);
 }
 
+TEST_F(SaveCampaignTest, ANoteWhoseTextWasLostStandsForAllFilesThatTheProjectNames) {
+    session->campaign.paths.Airfield.clear();
+    for (const std::string &text : {std::string(), std::string(60, '\0')}) {
+        MakeVersionsFolder(session->dataFolder, session->campaign.paths);
+        std::ofstream(VersionsFolder() + "saving.txt") << text;
+        EXPECT_THAT(FilesOfStoppedSave(VersionsFolder()), ::testing::Optional(IsEmpty()));
+        ASSERT_TRUE(Save({true})->Succeeded());
+        EXPECT_THAT(
+            FilesOfStoppedSave(VersionsFolder()),
+            ::testing::Optional(ElementsAre("TARNAMES.STR", "GRIDDATA.DAT", "FRNTLINE.DAT", "VTR_RRD.DAT")));
+        ASSERT_TRUE(Save({false, true, true, false, true, true, true})->Succeeded());
+        EXPECT_EQ(FilesOfStoppedSave(VersionsFolder()), std::nullopt);
+    }
+}
+
 TEST_F(SaveCampaignTest, ASaveThatAnotherProcessIsAtIsNoStoppedOne) {
     MakeVersionsFolder(session->dataFolder, session->campaign.paths);
     NoteSave(VersionsFolder(), {"TARGET.DAT"});
