@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <random>
@@ -10,12 +11,14 @@
 #include "BackgroundWriter.h"
 #include "CampaignFiles.h"
 #include "KeptWork.h"
+#include "LoadedProject.h"
 #include "Paths.h"
 #include "RandomCampaign.h"
 #include "ReaderTesting.h"
 #include "SampleCampaign.h"
-#include "SaveFiles.h"
+#include "SaveCampaign.h"
 #include "SilentWindow.h"
+#include "StoppedSave.h"
 #include "TemporaryFolder.h"
 #include "UnsavedWork.h"
 #include "WholeFile.h"
@@ -60,6 +63,14 @@ void ExpectEachTableOfOneEdit(const Campaign &campaign) {
     EXPECT_TRUE(AllAlike(campaign.FrontlineTable, [](const Frontline &line) { return line.points[5].x; }));
 }
 
+/// Whether the tables are all of the same edit.
+bool AllOfOneEdit(const Campaign &campaign) {
+    const int number = campaign.TargetTable[0].count;
+    return campaign.TargetNameTable[0] == std::to_string(1000 + number) &&
+           campaign.AirfieldTable[0].index_byte == number && campaign.RailwayTable[0].x1 == number &&
+           campaign.FrontlineTable[0].points[5].x == number;
+}
+
 /// A process that edits, keeps its unsaved work and saves, until it is killed.
 class KilledProcessTest : public ::testing::Test {
   protected:
@@ -67,6 +78,9 @@ class KilledProcessTest : public ::testing::Test {
         WriteSampleCampaign(folder.Path(), false);
         SilentWindow window;
         LoadProject(project, *campaign, window);
+        session->programFolder = folder.Path();
+        session->dataFolder = dataFolder;
+        versionsFolder = VersionsFolderOf(dataFolder, campaign->paths);
         SetAll(*campaign, 0);
         SaveFiles(*campaign, allBoxes, folder.Path());
         for (const CampaignFile &file : campaignFiles)
@@ -79,20 +93,26 @@ class KilledProcessTest : public ::testing::Test {
     }
 
     [[noreturn]] void EditAndSaveForEver() {
+        Answers answers;
         const KeptWork own(dataFolder, project);
         BackgroundWriter writer([](const std::optional<Error> &) {});
-        for (int edit = 1;; ++edit) {
-            SetAll(*campaign, edit % 256);
-            writer.Write(own.Path(), EncodeUnsavedWork({project, edit, {}}, *campaign));
+        // Never the number that is in the files: a mixture could not be told.
+        const int first = session->campaign.TargetTable[0].count + 1;
+        for (int edit = first;; ++edit) {
+            SetAll(session->campaign, edit % 256);
+            writer.Write(own.Path(), EncodeUnsavedWork({project, edit, {}}, session->campaign));
             usleep(700);
-            if (edit % 8 == 0) {
-                SaveFiles(*campaign, allBoxes, folder.Path());
+            if ((edit - first) % 2 == 1) {
+                SaveCampaign(*session, allBoxes, answers);
                 writer.Remove(own.Path());
             }
         }
     }
 
     void KillOneAfter(unsigned microseconds) {
+        SilentWindow window;
+        LoadProject(project, session->campaign, window, &session->fileStamps);
+        session->CampaignLoaded();
         const pid_t editor = fork();
         if (editor == 0)
             EditAndSaveForEver();
@@ -101,18 +121,43 @@ class KilledProcessTest : public ::testing::Test {
         waitpid(editor, nullptr, 0);
     }
 
-    void ExpectWholeFiles() {
-        const auto read = std::make_unique<Campaign>(*campaign);
+    /// Expects whole files, each of one edit, and a note when they are of two. True when they are.
+    bool FilesAreMixed() {
+        const std::unique_ptr<Campaign> read =
+            ExpectWholeFiles([this](const CampaignFile &file) { return PathOf(file); });
+        const bool isMixed = !AllOfOneEdit(*read);
+        EXPECT_TRUE(!isMixed || FilesOfStoppedSave(versionsFolder));
+        return isMixed;
+    }
+
+    /// Expects each file of the newest set to be whole; whether it has all six. One that was killed while it
+    /// copied them has not yet overwritten any.
+    bool NewestSetIsWhole() {
+        const std::vector<VersionSet> sets = VersionSetsIn(versionsFolder);
+        if (sets.empty())
+            return false;
+        ExpectWholeFiles([&](const CampaignFile &file) {
+            const bool isKept = std::ranges::find(sets[0].files, &file) != sets[0].files.end();
+            return isKept ? sets[0].folder + std::string(file.usualName) : PathOf(file);
+        });
+        return sets[0].files.size() == 6;
+    }
+
+    /// Reads the files that pathOf tells, each of which must be whole and of one edit.
+    std::unique_ptr<Campaign> ExpectWholeFiles(
+        const std::function<std::string(const CampaignFile &)> &pathOf) {
+        auto read = std::make_unique<Campaign>(*campaign);
         RecordingListener listener;
         for (const CampaignFile &file : campaignFiles) {
             if (file.write == nullptr)
                 continue;
-            EXPECT_EQ(fs::file_size(PathOf(file)), sizes[file.usualName]) << file.usualName;
+            EXPECT_EQ(fs::file_size(pathOf(file)), sizes[file.usualName]) << file.usualName;
             if (file.read != nullptr)
-                file.read(PathOf(file), *read, listener);
+                file.read(pathOf(file), *read, listener);
         }
         EXPECT_TRUE(listener.shortFiles.empty());
         ExpectEachTableOfOneEdit(*read);
+        return read;
     }
 
     /// Reads what the killed process kept, and removes it; false when it kept nothing.
@@ -130,11 +175,12 @@ class KilledProcessTest : public ::testing::Test {
         return !kept.empty();
     }
 
-    static constexpr SaveBoxes allBoxes{true, true, true, true, true, true, true, true, true, true, true};
     const TemporaryFolder folder;
     const std::string dataFolder = folder.Path() + "data/";
     const std::string project = folder.Path() + "sample.prj";
     std::unique_ptr<Campaign> campaign = std::make_unique<Campaign>();
+    std::unique_ptr<Session> session = std::make_unique<Session>();
+    std::string versionsFolder;
     std::map<std::string_view, std::uintmax_t>
         sizes;  ///< of the files that are written, by their usual names
 };
@@ -142,14 +188,19 @@ class KilledProcessTest : public ::testing::Test {
 TEST_F(KilledProcessTest, LeavesWholeFilesAndUnsavedWorkThatLoadsAt200RandomMoments) {
     std::mt19937 random(1944);
     int kept = 0;
+    int mixed = 0;
+    int withSet = 0;
     for (int kill = 0; kill < 200; ++kill) {
         KillOneAfter(static_cast<unsigned>(random() % 40000));
-        ExpectWholeFiles();
+        mixed += FilesAreMixed() ? 1 : 0;
+        withSet += NewestSetIsWhole() ? 1 : 0;
         kept += KeptWorkLoads() ? 1 : 0;
         ASSERT_FALSE(HasFailure()) << "kill " << kill;
     }
     // Else it was never at work.
     EXPECT_GT(kept, 100);
+    EXPECT_GT(mixed, 0);
+    EXPECT_GT(withSet, 50);
 }
 
 }  // namespace
