@@ -20,6 +20,7 @@
 #include "Paths.h"
 #include "ProgramVersion.h"
 #include "RailwayPanel.h"
+#include "ShowMessage.h"
 #include "StatusBar.h"
 #include "TargetPanel.h"
 #include "WaypointPanel.h"
@@ -198,7 +199,11 @@ void frm_main::CloseInSilence() {
 }
 
 void frm_main::closeEvent(QCloseEvent *event) {
-    KeepWork();
+    if (KeepWork() == Kept::Failed && !closesInSilence_)
+        ShowMessage(this, QMessageBox::Warning,
+                    workKeeper_.LossReport(tr("The editor closes now. The edits that you have not saved are "
+                                              "lost; the project's files are as you last saved them. Put "
+                                              "right what is said above before you go on editing.")));
     preferencesCommands_.Write(!closesInSilence_);
     event->accept();
 }

@@ -7,6 +7,7 @@
 #include "EditorWindow.h"
 #include "KeptWork.h"
 #include "RedrawCounter.h"
+#include "StoppedSave.h"
 #include "SystemCalls.h"
 #include "UnsavedWork.h"
 #include "WholeFile.h"
@@ -250,11 +251,27 @@ TEST_F(OfferedWorkTest, ThatCouldNotBeKeptAnewIsOfferedAgainWhenItsProjectIsLoad
     TakeBackOnAFullDisk(left);
     {
         const SystemCalls full({{.call = "write", .nth = 1, .error = ENOSPC}});
-        TextsAtLoad({QStringLiteral("Keep for Later")});
+        EXPECT_THAT(TextsAtLoad({QStringLiteral("OK"), QStringLiteral("Keep for Later")}),
+                    ElementsAre(StartsWith("Keeping your unsaved edits failed.\n\nWriting the temporary file "
+                                           "failed: No space left on device\nFile: "),
+                                HasSubstr("14:03")));
     }
     MoveTarget(7, 200);
     EXPECT_EQ(window().KeepWork(), Kept::Kept);
     EXPECT_TRUE(fs::exists(left));
+}
+
+TEST_F(OfferedWorkTest, ComesBeforeTheMessageOfASaveThatStoppedHalfWay) {
+    LeaveWork(100);
+    folder.Make("TARNAMES.STR", folder.Content("TARNAMES.STR") + "x");
+    MakeVersionsFolder(session->dataFolder, session->campaign.paths);
+    NoteSave(VersionsFolderOf(session->dataFolder, session->campaign.paths), {"TARGET.DAT"});
+    EndAndMakeAnew();
+    EXPECT_THAT(TextsAtLoad({QStringLiteral("Take Back"), QStringLiteral("OK")}),
+                ElementsAre(StartsWith("The last save of this project stopped half way. The project's files "
+                                       "have been changed since: TARNAMES.STR. There is unsaved work of "),
+                            StartsWith("The last save of this project stopped half way, so the")));
+    EXPECT_EQ(XOf(5), 100);
 }
 
 TEST_F(OfferedWorkTest, OfTwoIsTakenBackOnceAndTheOtherStaysForLater) {
@@ -389,6 +406,42 @@ TEST_F(UnsavedWorkTest, AFullDiskIsToldOnceAndDisturbsNoEdit) {
     EXPECT_EQ(XOf(5), 101);
     EXPECT_EQ(window().KeepWork(), Kept::Kept);
     EXPECT_EQ(KeptXOf(5), 101);
+}
+
+TEST_F(UnsavedWorkTest, ThatCannotBeKeptWhenTheWindowIsClosedIsTold) {
+    StartWithSample();
+    MoveTarget(5, 100);
+    const SystemCalls full({{.call = "write", .nth = 1, .error = ENOSPC}});
+    const ShownBox box = BoxShownBy([this] { window().close(); });
+    EXPECT_EQ(box.icon, QMessageBox::Warning);
+    EXPECT_THAT(box.text.toStdString(),
+                StartsWith("Keeping your unsaved edits failed.\n\nWriting the temporary "
+                           "file failed: No space left on device\nFile: "));
+    EXPECT_THAT(box.text.toStdString(),
+                HasSubstr("The editor closes now. The edits that you have not saved are lost;"));
+    EXPECT_FALSE(window().isVisible());
+}
+
+TEST_F(UnsavedWorkTest, ThatCannotBeKeptIsTriedAgainWithoutAnotherEdit) {
+    StartWithSample();
+    MoveTarget(5, 100);
+    {
+        const SystemCalls full({{.call = "write", .nth = 1, .error = ENOSPC}});
+        EXPECT_EQ(window().KeepWork(), Kept::Failed);
+    }
+    EXPECT_TRUE(Soon([this] { return !WorkFiles().empty(); }, 5000));
+    EXPECT_EQ(KeptXOf(5), 100);
+}
+
+TEST_F(UnsavedWorkTest, IsKeptAgainAfterTheDataFolderWasRemoved) {
+    StartWithSample();
+    MoveTarget(5, 100);
+    EXPECT_EQ(window().KeepWork(), Kept::Kept);
+    fs::remove_all(folder.Path() + "data");
+    MoveTarget(5, 101);
+    EXPECT_EQ(window().KeepWork(), Kept::Kept);
+    EXPECT_EQ(KeptXOf(5), 101);
+    EXPECT_THAT(AbandonedWork(session->dataFolder, SamplePath()), IsEmpty());
 }
 
 TEST_F(UnsavedWorkTest, AReadOnlyDataFolderIsToldTheSameWay) {

@@ -57,7 +57,12 @@ void ProjectCommands::Load(const std::string &path) {
     const QString nameBefore = widgets_.sb_status->project->text();
     session_.loadFailed = false;
     isHandedOver_ = false;
-    workKeeper_.Keep();
+    const bool isLost = workKeeper_.KeepAndWait() == Kept::Failed;
+    const QString loss =
+        isLost ? workKeeper_.LossReport(tr("Another load has taken their place. The edits that you had not "
+                                           "saved are lost; the project's files are as you last saved them. "
+                                           "Put right what is said above before you go on editing."))
+               : QString();
     try {
         LoadProject(path, session_.campaign, *this, &session_.fileStamps);
     } catch (...) {
@@ -67,11 +72,15 @@ void ProjectCommands::Load(const std::string &path) {
         throw;
     }
     saveCommands_.ProjectChanged();
-    if (isHandedOver_)
-        OfferUnsavedWork(session_, workKeeper_, window_, [this] {
-            widgets_.ShowSelections();
-            redraw_();
-        });
+    if (!isHandedOver_)  // it met "NONE" and read none of the files
+        return;
+    if (isLost)
+        ShowMessage(window_, QMessageBox::Warning, loss);
+    OfferUnsavedWork(session_, workKeeper_, window_, [this] {
+        widgets_.ShowSelections();
+        redraw_();
+    });
+    saveCommands_.TellStoppedSave();
 }
 
 ProjectCommands::Answer ProjectCommands::AskForExport() {

@@ -84,9 +84,6 @@ void SaveCommands::ProjectChanged() {
         ShowProject();
         Say(isAnother ? tr("Another project is open now.") : QString());
     }
-    // Not after a load that met "NONE": it read none of the files.
-    if (session_.tablesProject == PathOfProject(session_.campaign.paths))
-        TellStoppedSave();
 }
 
 void SaveCommands::EditsChanged() {

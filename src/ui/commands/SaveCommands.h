@@ -25,8 +25,9 @@ class SaveCommands : public QObject, private SaveQuestions {
     /// Whether an open dialog can be used while another window is modal to the main window.
     void SetUsableBesideMainWindow(bool usable);
     /// A project's paths are loaded: an open dialog shows them, and says so when the project is another.
-    /// Tells when the project's last save stopped half way.
     void ProjectChanged();
+    /// Tells when the last save of the project that was just loaded stopped half way.
+    void TellStoppedSave();
     /// The tables have changed, or what is saved of them: an open dialog marks the edited files.
     void EditsChanged();
 
@@ -41,7 +42,6 @@ class SaveCommands : public QObject, private SaveQuestions {
     bool MayFollowLinks(const SaveBoxes &ticked);
     bool MayOverwrite(const std::vector<std::string_view> &changed) override;
     bool MaySaveWithoutEarlierVersion(const Error &failure) override;
-    void TellStoppedSave();
     void TellFailure(const SaveOutcome &outcome);
     /// Shows a warning, beside whose OK stands the way to the earlier versions.
     void WarnOfMixture(QWidget *parent, const QString &text);

@@ -13,6 +13,7 @@
 #include "KeptWork.h"
 #include "Paths.h"
 #include "ShowMessage.h"
+#include "StoppedSave.h"
 #include "UnsavedWork.h"
 #include "WholeFile.h"
 #include "WorkKeeper.h"
@@ -25,14 +26,17 @@ enum class Answer { TakeBack, KeepForLater, ThrowAway };
 
 constexpr std::size_t mostMebibytes = 16;
 
-QString Question(const UnsavedWork &work, const std::string &differences, const FileStamps &filesNow) {
+QString Question(const UnsavedWork &work, const std::string &differences, const Session &session) {
     QStringList changed;
-    for (const std::string &file : FilesChangedSince(work, filesNow))
+    for (const std::string &file : FilesChangedSince(work, session.fileStamps))
         changed << QString::fromStdString(file);
     QString text;
+    if (!changed.isEmpty() &&
+        FilesOfStoppedSave(VersionsFolderOf(session.dataFolder, session.campaign.paths)))
+        text = QObject::tr("The last save of this project stopped half way. ");
     if (!changed.isEmpty())
-        text = QObject::tr("The project's files have been changed since: %1. ")
-                   .arg(changed.join(QStringLiteral(", ")));
+        text += QObject::tr("The project's files have been changed since: %1. ")
+                    .arg(changed.join(QStringLiteral(", ")));
     const QString when = QLocale::c().toString(QDateTime::fromSecsSinceEpoch(work.keptAt),
                                                QStringLiteral("d MMMM yyyy, HH:mm"));
     return text + QObject::tr("There is unsaved work of %1: %2. Take it back?")
@@ -110,7 +114,7 @@ bool Offer(const std::string &path, Session &session, WorkKeeper &keeper, QWidge
         Remove(path);
         return false;
     }
-    switch (Ask(Question(*work, summary, session.fileStamps), window)) {
+    switch (Ask(Question(*work, summary, session), window)) {
         case Answer::TakeBack:
             session.TakeOver("Take Back Unsaved Work", differences);
             keeper.KeepInsteadOf(path);

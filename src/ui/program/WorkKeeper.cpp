@@ -1,15 +1,16 @@
 #include "WorkKeeper.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <chrono>
 
+#include "ErrorReport.h"
 #include "UnsavedWork.h"
 
 namespace vtr {
 
 WorkKeeper::WorkKeeper(Session &session, QObject *parent)
     : QObject(parent), session_(session), writer_([this](const std::optional<Error> &failure) {
-          hasFailed_ = failure && !failure->FileReplaced();
           QMetaObject::invokeMethod(
               this, [this, failure] { Written(failure); }, Qt::QueuedConnection);
       }) {
@@ -52,22 +53,28 @@ void WorkKeeper::Keep() {
     try {
         if (own_ == nullptr)
             own_ = std::make_unique<KeptWork>(session_.dataFolder, session_.tablesProject);
+        own_->Mark();
         const UnsavedWork work{own_->Project(), QDateTime::currentSecsSinceEpoch(),
                                StampedFilesOf(session_.fileStamps)};
         writer_.Write(own_->Path(), EncodeUnsavedWork(work, session_.campaign), outdated_);
         isKept_ = true;
     } catch (const Error &error) {
-        hasFailed_ = true;
         Written(error);
     }
 }
 
 Kept WorkKeeper::KeepAndWait() {
     const bool isUnsaved = session_.HasUnsavedEdits();
-    hasFailed_ = session_.dataFolder.empty();
     Keep();
     writer_.Wait();
-    return !isUnsaved ? Kept::NothingUnsaved : hasFailed_ ? Kept::Failed : Kept::Kept;
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);  // what the writer has told
+    if (session_.dataFolder.empty())
+        failure_ = Error(ErrorKind::FileAccess, {}, "a folder of the user's own to keep them in", "none");
+    return !isUnsaved ? Kept::NothingUnsaved : failure_ ? Kept::Failed : Kept::Kept;
+}
+
+QString WorkKeeper::LossReport(const QString &consequence) const {
+    return ErrorReport(tr("Keeping your unsaved edits"), failure_.value(), consequence);
 }
 
 void WorkKeeper::LetGo() {
@@ -79,6 +86,9 @@ void WorkKeeper::LetGo() {
 }
 
 void WorkKeeper::Written(const std::optional<Error> &failure) {
+    failure_ = failure && !failure->FileReplaced() ? failure : std::nullopt;
+    if (failure_)
+        afterFirstEdit_.start();
     const bool wasTold = std::exchange(isTold_, failure.has_value());
     if (failure && !wasTold)
         Q_EMIT CannotKeep(

@@ -2,8 +2,8 @@
 
 #include <QObject>
 #include <QTimer>
-#include <atomic>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,7 +24,8 @@ class WorkKeeper : public QObject {
     explicit WorkKeeper(Session &session, QObject *parent = nullptr);
 
     /// Call it after each change of the tables and each save. Keeps the edits two seconds after the last of
-    /// them, at the latest four after the first that is not kept; removes what is kept when all is saved.
+    /// them, at the latest four after the first that is not kept; again four seconds after a failure; removes
+    /// what is kept when all is saved.
     void TablesChanged();
     /// Keeps the edits now, without waiting for the disk.
     void Keep();
@@ -32,6 +33,8 @@ class WorkKeeper : public QObject {
     void KeepInsteadOf(const std::string &path);
     /// Keeps them now and waits until the disk has them.
     Kept KeepAndWait();
+    /// After KeepAndWait has failed: why, and the consequence.
+    QString LossReport(const QString &consequence) const;
     /// Waits until what was asked for is done.
     void Wait() { writer_.Wait(); }
     /// What is kept stays for later: other tables are open now, or the same ones loaded anew.
@@ -51,7 +54,7 @@ class WorkKeeper : public QObject {
     bool isKept_ = false;                ///< something was given to the writer for own_
     std::vector<std::string> outdated_;  ///< removed by each write that succeeds, the first or a later one
     bool isTold_ = false;
-    std::atomic<bool> hasFailed_ = false;  ///< the last write
+    std::optional<Error> failure_;  ///< of the last write
     BackgroundWriter writer_;
 };
 
