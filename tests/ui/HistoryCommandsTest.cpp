@@ -447,7 +447,8 @@ TEST_F(HistoryCommandsTest, UndoOfWhatWasTakenOverTellsWhichLinesAreDisabled) {
 }
 
 TEST_F(HistoryCommandsTest, ALoadForgetsTheEdits) {
-    session->dataFolder.clear();  // so that nobody asks whether to take them back
+    // The same project again: its unsaved work is offered.
+    WhenModalOpens([](QWidget &question) { QTest::keyClick(&question, Qt::Key_Escape); });
     Number("upd_tar_x").SetNumber(10);
     window().Start(QString::fromStdString(SamplePath()));
     EXPECT_FALSE(Entry("mnu_e_undo").isEnabled());
