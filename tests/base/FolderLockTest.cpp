@@ -1,9 +1,8 @@
-#include "FolderLock.h"
-
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "FolderLock.h"
 #include "TemporaryFolder.h"
 
 namespace vtr {

@@ -1,10 +1,9 @@
-#include "Hash.h"
-
 #include <gtest/gtest.h>
 
 #include <set>
 
 #include "BytesOf.h"
+#include "Hash.h"
 
 namespace vtr {
 namespace {

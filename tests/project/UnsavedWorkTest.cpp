@@ -11,10 +11,10 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-const UnsavedWork someWork{
-    "/campaigns/north.prj",
-    1795271000,
-    {{"TARGET.DAT", {9668, 1795270000123456789, 9668, 0xfedcba9876543210}}, {"GRIDDATA.DAT", {70, -1, 0, 0}}}};
+const UnsavedWork someWork{"/campaigns/north.prj",
+                           1795271000,
+                           {{"TARGET.DAT", {9668, 1795270000123456789, 9668, 0xfedcba9876543210}},
+                            {"GRIDDATA.DAT", {70, -1, 0, 0}}}};
 
 std::unique_ptr<Campaign> RandomTables(unsigned seed) {
     auto campaign = std::make_unique<Campaign>();
