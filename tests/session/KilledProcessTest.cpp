@@ -190,17 +190,16 @@ TEST_F(KilledProcessTest, LeavesWholeFilesAndUnsavedWorkThatLoadsAt200RandomMome
     int kept = 0;
     int mixed = 0;
     int withSet = 0;
-    for (int kill = 0; kill < 200; ++kill) {
+    const auto wereAtWork = [&] { return kept > 100 && mixed > 0 && withSet > 50; };
+    // A busy machine kills many of them before they begin.
+    for (int kill = 0; kill < 200 || (kill < 2000 && !wereAtWork()); ++kill) {
         KillOneAfter(static_cast<unsigned>(random() % 40000));
         mixed += FilesAreMixed() ? 1 : 0;
         withSet += NewestSetIsWhole() ? 1 : 0;
         kept += KeptWorkLoads() ? 1 : 0;
         ASSERT_FALSE(HasFailure()) << "kill " << kill;
     }
-    // Else it was never at work.
-    EXPECT_GT(kept, 100);
-    EXPECT_GT(mixed, 0);
-    EXPECT_GT(withSet, 50);
+    EXPECT_TRUE(wereAtWork()) << kept << ' ' << mixed << ' ' << withSet;
 }
 
 }  // namespace
