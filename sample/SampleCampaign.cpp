@@ -113,6 +113,7 @@ SampleFile SampleMapPicture() {
 std::vector<SampleFile> SampleTilePictures() {
     const Palette palette = TilePalette();
     std::vector<SampleFile> files;
+    files.reserve(tileDesigns.size());
     for (const TileDesign &design : tileDesigns)
         files.push_back({std::string(tilesFolder) + "/" + TilePictureFile(static_cast<int>(files.size())),
                          EncodePcx(tileEdge, tileEdge, PaintTile(design), palette)});

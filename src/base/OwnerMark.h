@@ -22,7 +22,7 @@ class OwnerMark {
 
   private:
     std::string path_;
-    std::intptr_t file_;
+    std::intptr_t file_ = -1;
 };
 
 }  // namespace vtr

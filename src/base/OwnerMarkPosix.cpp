@@ -14,7 +14,7 @@
 
 namespace vtr {
 
-OwnerMark::OwnerMark(const std::string &path) : path_(path), file_(-1) {
+OwnerMark::OwnerMark(const std::string &path) : path_(path) {
     // It gets its name when it is locked, so that nobody ever sees it unlocked while its maker runs.
     std::string temporary;
     int file = -1;

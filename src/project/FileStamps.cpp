@@ -16,7 +16,7 @@ std::string RealPathOf(const std::string &path) {
     if (std::filesystem::symlink_status(FilesystemPath(path), unknown).type() ==
         std::filesystem::file_type::regular)
         return path;
-    const std::string onDisk = PathOnDisk(path);
+    std::string onDisk = PathOnDisk(path);
     try {
         return FollowLinks(onDisk);
     } catch (const Error &) {  // round in a circle: no file can be read or written there

@@ -99,6 +99,7 @@ std::vector<std::string> AbandonedWork(const std::string &dataFolder, const std:
     }
     std::ranges::sort(found, std::greater());
     std::vector<std::string> paths;
+    paths.reserve(found.size());
     for (const auto &[time, path] : found)
         paths.push_back(path);
     return paths;

@@ -73,7 +73,7 @@ frm_main::frm_main(Session &session)
     connect(&workKeeper_, &WorkKeeper::CannotKeep, this,
             [this](const QString &message) { widgets_.sb_status->showMessage(message, 20000); });
     // What is typed in a field after another one was entered is another edit.
-    connect(qApp, &QApplication::focusChanged, this, [this] { session_.history.EndMerging(); });
+    connect(qApp, &QApplication::focusChanged, this, [&session] { session.history.EndMerging(); });
 }
 
 frm_main::~frm_main() {
