@@ -79,6 +79,15 @@ TEST_F(EventBoundaryTest, ALackOfMemoryIsToldInAPlayersWords) {
         << shown.text.toStdString();
 }
 
+TEST_F(EventBoundaryTest, WhenKeepingTheEditsFailsWithAnErrorOfItsOwnTheFirstErrorIsReported) {
+    SetTo(true, QStringLiteral("Drawing the map"));
+    dynamic_cast<EventBoundary &>(*qApp).KeepWorkFirst([]() -> Kept { throw std::bad_alloc(); });
+    ShownBox shown;
+    EXPECT_EQ(ExitStatusAfter(Error(ErrorKind::Overflow, {}, "a", "b"), shown), 1);
+    EXPECT_THAT(shown.text.toStdString(), ::testing::StartsWith("Drawing the map failed."));
+    EXPECT_THAT(shown.text.toStdString(), ::testing::HasSubstr("could not be kept and are lost"));
+}
+
 TEST_F(EventBoundaryTest, TheMessageSaysWhatBecameOfUnsavedEdits) {
     SetTo(true, QStringLiteral("Drawing the map"));
     auto &application = dynamic_cast<EventBoundary &>(*qApp);

@@ -32,7 +32,6 @@ class HistoryCommandsTest : public EditorWindow {
     QString RedoText() { return Entry("mnu_e_redo").text(); }
     void Undo() { Entry("mnu_e_undo").trigger(); }
     void Redo() { Entry("mnu_e_redo").trigger(); }
-    QString Edited() { return Find<QLabel>(window(), "lbl_edited").text(); }
     template <typename Field>
     Field &Focused(const char *name) {
         auto &field = Find<Field>(window(), QLatin1String(name));
@@ -453,47 +452,6 @@ TEST_F(HistoryCommandsTest, ALoadForgetsTheEdits) {
     window().Start(QString::fromStdString(SamplePath()));
     EXPECT_FALSE(Entry("mnu_e_undo").isEnabled());
     EXPECT_EQ(UndoText(), "&Undo");
-}
-
-TEST_F(HistoryCommandsTest, TheEditedFilesAreNamedBesideThePanels) {
-    EXPECT_EQ(Edited(), "");
-    Entry("mnu_e_railway").trigger();
-    Number("upd_rail_x1").SetNumber(333);
-    EXPECT_EQ(Edited(), "Edited: VTR_RRD.DAT");
-    Number("upd_tar_x").SetNumber(333);
-    EXPECT_EQ(Find<QLabel>(window(), "lbl_edited").toolTip(),
-              "Edited: TARGET.DAT, GRIDDATA.DAT, VTR_RRD.DAT");
-    Undo();
-    EXPECT_EQ(Edited(), "Edited: VTR_RRD.DAT");
-    Undo();
-    EXPECT_EQ(Edited(), "");
-    EXPECT_EQ(Find<QLabel>(window(), "lbl_edited").toolTip(), "");
-}
-
-TEST_F(HistoryCommandsTest, WhereThereIsNoRoomOnlyTheNumberOfEditedFilesIsShown) {
-    auto &label = Find<QLabel>(window(), "lbl_edited");
-    QCoreApplication::processEvents();
-    const QRect panel = Find<QToolButton>(window(), "project").geometry();
-    Number("upd_tar_x").SetNumber(333);
-    label.resize(600, label.height());
-    EXPECT_EQ(Edited(), "Edited: TARGET.DAT, GRIDDATA.DAT");
-    label.resize(60, label.height());
-    EXPECT_EQ(Edited(), "Edited: 2 files");
-    QCoreApplication::processEvents();
-    EXPECT_EQ(Find<QToolButton>(window(), "project").geometry(), panel);
-}
-
-TEST_F(HistoryCommandsTest, ASaveMakesItsFilesCleanAndIsNotUndone) {
-    Number("upd_tar_x").SetNumber(333);
-    WhenModalOpens([](QWidget &) { FAIL() << "nothing is asked"; }, 1);
-    Entry("mnu_p_export").trigger();
-    auto &dialog = Find<QWidget>(window(), "frm_save");
-    Find<QCheckBox>(dialog, "chk_save(0)").setChecked(true);
-    Press<QPushButton>(dialog, QStringLiteral("cmd_save"));
-    EXPECT_EQ(Edited(), "Edited: GRIDDATA.DAT");
-    Undo();
-    EXPECT_NE(campaign().TargetTable[0].x, 333);
-    EXPECT_EQ(Edited(), "Edited: TARGET.DAT");
 }
 
 }  // namespace

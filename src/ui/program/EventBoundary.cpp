@@ -62,13 +62,24 @@ bool EventBoundary::notify(QObject *receiver, QEvent *event) {
     return false;
 }
 
+Kept EventBoundary::KeepWork() const {
+    try {
+        return keepWork_();
+    } catch (const std::exception &) {  // the report of what came first is what counts
+        return Kept::Failed;
+    }
+}
+
 QString EventBoundary::EndOfTheProgram() const {
-    const Kept edits = keepWork_();
+    const Kept edits = KeepWork();
     if (CampaignIsWhole(session_) && session_.HasUnsavedEdits())
         return QStringLiteral(
-            "The program ends now. The campaign that was open still is, with all its edits: press \"Save "
-            "Files "
-            "First...\" if you have not saved them.");
+                   "The program ends now. The campaign that was open still is, with all its edits: press "
+                   "\"Save "
+                   "Files First...\" if you have not saved them.") +
+               (edits == Kept::Failed
+                    ? QStringLiteral(" They could not be kept: what you do not save now is lost.")
+                    : QString());
     return QStringLiteral("The program ends now. ") + FateOf(edits) +
            QStringLiteral("Put right what is said above, if you can, and start it again.");
 }

@@ -26,6 +26,7 @@ class EventBoundary : public QApplication {
     bool notify(QObject *receiver, QEvent *event) override;
 
   private:
+    Kept KeepWork() const;
     QString EndOfTheProgram() const;
     void Fail(const QString &report);
     void ShowReport(const QString &report);
