@@ -96,6 +96,12 @@ class PreciseDialog : public ::testing::Test {
             QCoreApplication::sendEvent(&Tile(), &event);
         }
     }
+    /// Moves the mouse to (x, y). A move to where an earlier test left it would tell the dialog nothing.
+    void MoveMouse(int x, int y) {
+        for (const QPoint to : {QPoint(x + 1, y), QPoint(x, y)})
+            QTest::mouseMove(&Tile(), to);
+        QCoreApplication::processEvents();
+    }
     void ClickOk() { Press<QPushButton>(*dialog, "cmd_OK"); }
     QString CheckedOption() {
         QString checked;

@@ -64,8 +64,7 @@ TEST_F(PreciseCross, TheReadOutFollowsTheArrowKeysAsItFollowsTheMouse) {
     expectReadOut("0.00 m", "0.00 m");
     QTest::keyClick(&Tile(), Qt::Key_Left);
     expectReadOut("2033.9844 m", "1025 m");
-    QTest::mouseMove(&Tile(), QPoint(64, 100));
-    QCoreApplication::processEvents();
+    MoveMouse(64, 100);
     expectReadOut("1025 m", "1601.5625 m");
     QTest::keyClick(&Tile(), Qt::Key_Down);
     expectReadOut("2033.9844 m", "1041.0156 m");
@@ -94,8 +93,7 @@ TEST_F(PreciseCross, ALineGivesTheStoredPositionWhereverTheCrossGoes) {
     Click(255, 65);
     QTest::keyClick(&Tile(), Qt::Key_Left);
     EXPECT_EQ(Tile().accessibleDescription(), "The cross is at 4068 m, 1041 m");
-    QTest::mouseMove(&Tile(), QPoint(32, 90));
-    QCoreApplication::processEvents();
+    MoveMouse(32, 90);
     EXPECT_EQ(LabelText("lbl_position"), "Stored: 2050 m, 1025 m");
     EXPECT_EQ(LabelText("lbl_x"), "512.5 m");
 }

@@ -186,8 +186,7 @@ TEST_F(PreciseDialog, TheReadOutFollowsTheMouse) {
     WriteTile("BNGrass.pcx");
     dialog->ShowTile(1, Orientation::North);
     dialog->show();
-    QTest::mouseMove(&Tile(), QPoint(64, 100));
-    QCoreApplication::processEvents();
+    MoveMouse(64, 100);
     EXPECT_EQ(Find<QLabel>(*dialog, "lbl_x").text(), "1025 m");
     EXPECT_EQ(Find<QLabel>(*dialog, "lbl_y").text(), "1601.5625 m");
     ClickOk();
@@ -198,8 +197,7 @@ TEST_F(PreciseDialog, ReadOutsThatAreNoWholeFractionAreSinglePrecisionNumbers) {
     Write("BNGrass.pcx", PcxFile(300, 300, Pattern));
     dialog->ShowTile(1, Orientation::North);
     dialog->show();
-    QTest::mouseMove(&Tile(), QPoint(100, 200));
-    QCoreApplication::processEvents();
+    MoveMouse(100, 200);
     EXPECT_EQ(Find<QLabel>(*dialog, "lbl_x").text(), "1366.6666 m");
     EXPECT_EQ(Find<QLabel>(*dialog, "lbl_y").text(), "2733.3333 m");
 }
