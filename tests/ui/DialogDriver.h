@@ -43,15 +43,19 @@ inline void ExpectClosedBy(QWidget &dialog, const QString &button) {
     EXPECT_FALSE(dialog.isVisible());
 }
 
-/// Runs answer on the modal window of that kind that opens next, whenever that is and whatever others open
-/// before it.
+/// Runs answer on the modal window of that kind that opens next in this test, whenever that is and whatever
+/// others open before it.
 template <typename Window = QWidget>
-void WhenModalOpens(const std::type_identity_t<std::function<void(Window &)>> &answer, int triesLeft = 500) {
-    QTimer::singleShot(5, qApp, [answer, triesLeft] {
+void WhenModalOpens(const std::type_identity_t<std::function<void(Window &)>> &answer) {
+    const testing::TestInfo *const test = testing::UnitTest::GetInstance()->current_test_info();
+    QTimer::singleShot(5, qApp, [answer, test] {
+        // What a finished test waited for is not answered in the next one.
+        if (testing::UnitTest::GetInstance()->current_test_info() != test)
+            return;
         if (auto *const window = qobject_cast<Window *>(QApplication::activeModalWidget()); window != nullptr)
             answer(*window);
-        else if (triesLeft > 0)
-            WhenModalOpens<Window>(answer, triesLeft - 1);
+        else
+            WhenModalOpens<Window>(answer);
     });
 }
 
