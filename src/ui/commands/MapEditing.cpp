@@ -22,17 +22,8 @@ Keys KeysOf(const QMouseEvent &event) {
     return held == Qt::NoModifier ? Keys::None : held == Qt::ShiftModifier ? Keys::Shift : Keys::Other;
 }
 
-/// The pixel of the map's viewport that the mouse is on: whole, also where the display has finer ones.
-QPoint PixelUnder(const QMouseEvent &event) {
-    // Qt rounds the place on the widget; that on the window still has what was rounded away.
-    const QPointF roundedAway = event.scenePosition() - event.scenePosition().toPoint();
-    const QPointF at = event.position() + roundedAway;
-    return {FloorToInt32(at.x()), FloorToInt32(at.y())};
-}
-
-/// The map pixel that the mouse is on; it may lie beside the map.
-QPoint MapPixelUnder(const MapView &view, const QMouseEvent &event) {
-    const QPoint at = PixelUnder(event);
+/// The map pixel that the viewport's pixel at shows; it may lie beside the map.
+QPoint MapPixelAt(const MapView &view, QPoint at) {
     const MapPoint point = ScreenToMap(view, static_cast<float>(at.x()), static_cast<float>(at.y()));
     return {RoundToInt32(point.x), RoundToInt32(point.y)};
 }
@@ -50,7 +41,7 @@ MapEditing::MapEditing(Session &session, MainWidgets &widgets) : session_(sessio
 void MapEditing::ShowPosition(const QMouseEvent &event) {
     if (!session_.campaign.ProjectLoaded)
         return;
-    const QPoint at = PixelUnder(event);
+    const QPoint at = widgets_.mapFrame->Img_Map->PixelUnder(event);
     widgets_.sb_status->xypos->setText(QString::fromStdString(
         CursorText(session_.view, static_cast<float>(at.x()), static_cast<float>(at.y()))));
 }
@@ -64,7 +55,7 @@ void MapEditing::OpenZoomMenu(const QMouseEvent &event) {
 void MapEditing::EditAt(const QMouseEvent &event) {
     if (!session_.campaign.ProjectLoaded)
         return;
-    const QPoint at = MapPixelUnder(session_.view, event);
+    const QPoint at = MapPixelAt(session_.view, widgets_.mapFrame->Img_Map->PixelUnder(event));
     const bool left = event.button() == Qt::LeftButton;
     const bool right = event.button() == Qt::RightButton;
     const Keys keys = KeysOf(event);

@@ -5,7 +5,7 @@
 namespace vtr {
 
 /// Img_Map: shows the surface of 640 x 320 pixels that the last redraw has drawn, and passes the mouse on.
-/// Painting the widget does not redraw the map.
+/// PixelUnder is the surface's pixel that an event is on. Painting the widget does not redraw the map.
 class MapSurface : public PictureWidget {
     Q_OBJECT
 
