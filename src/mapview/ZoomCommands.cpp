@@ -37,6 +37,14 @@ std::int16_t CentredValue(std::int16_t center, double halfView) {
     return std::max<std::int16_t>(RoundToInt16(center - halfView), 0);
 }
 
+void CentreAcross(MapView &view) {
+    view.MapCenterX = ToInt16(FloorToInt32(ViewWidth(view) / 2) + view.h_scroll.Value);
+}
+
+void CentreDown(MapView &view) {
+    view.MapCenterY = ToInt16(FloorToInt32(ViewHeight(view) / 2) + view.v_scroll.Value);
+}
+
 void ApplyZoom(MapView &view, ScrollBars bars, bool centred = true) {
     SetLargeChanges(view, bars);
     view.shp_area.Visible = true;
@@ -52,6 +60,10 @@ void ApplyZoom(MapView &view, ScrollBars bars, bool centred = true) {
     bars.h_scroll.SetValue(left);
     bars.v_scroll.SetValue(top);
     view.ScrollSyncSuspended = false;
+}
+
+std::int64_t MapPixelUnder(const ScrollState &scroll, int zoom, int screen) {
+    return scroll.Value + FloorDiv(screen, zoom);
 }
 
 }  // namespace
@@ -90,18 +102,36 @@ void ZoomOut(MapView &view, ScrollBars bars) {
     ApplyZoom(view, bars, view.MapZoom != 1);
 }
 
+bool ZoomAt(MapView &view, ScrollBars bars, int steps, int x, int y) {
+    const int before = view.MapZoom;
+    const std::int64_t mapX = MapPixelUnder(view.h_scroll, before, x);
+    const std::int64_t mapY = MapPixelUnder(view.v_scroll, before, y);
+    for (; steps > 0 && view.zoomMenu.inEnabled; --steps)
+        ZoomIn(view, bars);
+    for (; steps < 0 && view.zoomMenu.outEnabled; ++steps)
+        ZoomOut(view, bars);
+    if (view.MapZoom == before)
+        return false;
+    bars.h_scroll.SetValue(ToInt16(mapX - FloorDiv(x, view.MapZoom)));
+    bars.v_scroll.SetValue(ToInt16(mapY - FloorDiv(y, view.MapZoom)));
+    // A scroll bar that has not moved has told no one of the new centre.
+    CentreAcross(view);
+    CentreDown(view);
+    return true;
+}
+
 void HScrollChanged(MapView &view, std::int16_t value) {
     view.h_scroll.Value = value;
     PlaceOverviewRectangle(view);
     if (!view.ScrollSyncSuspended)
-        view.MapCenterX = ToInt16(FloorToInt32(ViewWidth(view) / 2) + value);
+        CentreAcross(view);
 }
 
 void VScrollChanged(MapView &view, std::int16_t value) {
     view.v_scroll.Value = value;
     PlaceOverviewRectangle(view);
     if (!view.ScrollSyncSuspended)
-        view.MapCenterY = ToInt16(FloorToInt32(ViewHeight(view) / 2) + value);
+        CentreDown(view);
 }
 
 }  // namespace vtr

@@ -21,8 +21,9 @@ struct ScrollBars {
     ScrollBarControl &v_scroll;
 };
 
-// The commands of the zoom menu. Each puts the whole new state into view, zoomMenu and shp_area included.
-// Then the window shows it and redraws the map once. They throw overflow Errors as in Arithmetic.h.
+// The commands of the zoom menu and that of the mouse wheel. Each puts the whole new state into view,
+// zoomMenu and shp_area included. Then the window shows it and redraws the map once. They throw overflow
+// Errors as in Arithmetic.h.
 
 /// "&100%": the whole map. Every project load ends with it.
 void ZoomTo100(MapView &view, ScrollBars bars);
@@ -33,6 +34,9 @@ void ZoomTo400(MapView &view, ScrollBars bars);
 void ZoomIn(MapView &view, ScrollBars bars);
 /// "Zoom &Out": 100% less. At 100% the menu entry is disabled.
 void ZoomOut(MapView &view, ScrollBars bars);
+/// Zooms in (steps above 0) or out that many times, as far as the menu's entries are enabled. The map pixel
+/// under the viewport's pixel (x, y) stays there as far as the map reaches. Returns whether the zoom changed.
+bool ZoomAt(MapView &view, ScrollBars bars, int steps, int x, int y);
 
 /// The change handlers of the two scroll bars. They move the rectangle over the overview, and the centre too
 /// unless a zoom command is running. They do not redraw the map.

@@ -177,6 +177,117 @@ TEST(ZoomCommands, AViewOriginLeftOfOrAboveTheMapIsRaisedTo0) {
     EXPECT_EQ(scrolled.view.MapCenterX, 80);
 }
 
+TEST(ZoomAt, LeavesTheMenuTheBarsAndTheRectanglesSizeAsTheMenusCommandDoesAtEveryZoom) {
+    for (int zoom = 1; zoom <= 100; ++zoom) {
+        for (const int steps : {1, -1}) {
+            ScrolledView byMenu;
+            ScrolledView byWheel;
+            byMenu.ZoomTo(zoom);
+            byWheel.ZoomTo(zoom);
+            const bool enabled = steps > 0 ? byMenu.view.zoomMenu.inEnabled : byMenu.view.zoomMenu.outEnabled;
+            if (enabled && steps > 0)
+                ZoomIn(byMenu.view, byMenu.Bars());
+            else if (enabled)
+                ZoomOut(byMenu.view, byMenu.Bars());
+            EXPECT_EQ(ZoomAt(byWheel.view, byWheel.Bars(), steps, 10, 300), enabled);
+            EXPECT_EQ(byWheel.view.MapZoom, byMenu.view.MapZoom);
+            EXPECT_EQ(ZoomText(byWheel.view), ZoomText(byMenu.view));
+            EXPECT_EQ(byWheel.view.zoomMenu, byMenu.view.zoomMenu);
+            EXPECT_EQ(byWheel.view.h_scroll.Max, byMenu.view.h_scroll.Max);
+            EXPECT_EQ(byWheel.view.v_scroll.Max, byMenu.view.v_scroll.Max);
+            EXPECT_EQ(byWheel.view.h_scroll.LargeChange, byMenu.view.h_scroll.LargeChange);
+            EXPECT_EQ(byWheel.view.v_scroll.LargeChange, byMenu.view.v_scroll.LargeChange);
+            EXPECT_EQ(byWheel.view.shp_area.Visible, byMenu.view.shp_area.Visible);
+            EXPECT_EQ(byWheel.view.shp_area.Width, byMenu.view.shp_area.Width);
+            EXPECT_EQ(byWheel.view.shp_area.Height, byMenu.view.shp_area.Height);
+        }
+    }
+}
+
+TEST(ZoomAt, TheMapPixelUnderThePointerStaysUnlessTheMapEndsThere) {
+    int clamped = 0;
+    for (int zoom = 1; zoom <= 100; ++zoom) {
+        for (const int steps : {1, -1, 7, -7}) {
+            for (const auto &[left, top] : {std::pair(0, 0), {640, 320}, {300, 100}}) {
+                for (const auto &[x, y] :
+                     {std::pair(0, 0), {639, 319}, {1, 318}, {320, 160}, {37, 251}, {611, 4}}) {
+                    ScrolledView scrolled;
+                    scrolled.ZoomTo(zoom);
+                    scrolled.horizontal.SetValue(static_cast<std::int16_t>(left));
+                    scrolled.vertical.SetValue(static_cast<std::int16_t>(top));
+                    const auto under = [&] {
+                        return ScreenToMap(scrolled.view, static_cast<float>(x), static_cast<float>(y));
+                    };
+                    const MapPoint before = under();
+                    ZoomAt(scrolled.view, scrolled.Bars(), steps, x, y);
+                    SCOPED_TRACE(testing::Message() << "from " << zoom << " by " << steps << " at " << x
+                                                    << ", " << y << ", origin " << left << ", " << top);
+                    const auto expectStays = [&](float was, float is, const FakeScrollBar &bar) {
+                        if (was == is)
+                            return;
+                        // The bar is at the end at which it had to stop.
+                        EXPECT_EQ(bar.value, was < is ? 0 : bar.maximum);
+                        // A bar's end is rounded, so that the view reaches beyond the map at some zooms.
+                        EXPECT_TRUE(steps < 0 || was - is == 1) << was << " became " << is;
+                        ++clamped;
+                    };
+                    expectStays(before.x, under().x, scrolled.horizontal);
+                    expectStays(before.y, under().y, scrolled.vertical);
+                    ASSERT_FALSE(testing::Test::HasFailure());
+                }
+            }
+        }
+    }
+    EXPECT_GT(clamped, 100);
+}
+
+TEST(ZoomAt, InAndOutAgainManyTimesNeverMovesThePixelUnderThePointer) {
+    ScrolledView scrolled;
+    scrolled.LoadProject();
+    for (int times = 0; times < 20; ++times) {
+        for (int steps = 0; steps < 99; ++steps) {
+            ZoomAt(scrolled.view, scrolled.Bars(), 1, 457, 203);
+            EXPECT_EQ(ScreenToMap(scrolled.view, 457, 203).x, 457);
+            EXPECT_EQ(ScreenToMap(scrolled.view, 457, 203).y, 203);
+        }
+        EXPECT_EQ(scrolled.view.MapZoom, 100);
+        for (int steps = 0; steps < 99; ++steps)
+            ZoomAt(scrolled.view, scrolled.Bars(), -1, 457, 203);
+        EXPECT_EQ(scrolled.view.MapZoom, 1);
+    }
+}
+
+TEST(ZoomAt, StopsWhereTheMenuDoesAndThenChangesNothing) {
+    ScrolledView scrolled;
+    scrolled.ZoomTo(98);
+    EXPECT_TRUE(ZoomAt(scrolled.view, scrolled.Bars(), 5, 3, 3));
+    EXPECT_EQ(scrolled.view.MapZoom, 100);
+    const MapView nearest = scrolled.view;
+    scrolled.calls.clear();
+    EXPECT_FALSE(ZoomAt(scrolled.view, scrolled.Bars(), 1, 600, 300));
+    EXPECT_EQ(scrolled.view, nearest);
+    EXPECT_THAT(scrolled.calls, ElementsAre());
+
+    EXPECT_TRUE(ZoomAt(scrolled.view, scrolled.Bars(), -300, 3, 3));
+    EXPECT_EQ(scrolled.view.MapZoom, 1);
+    const MapView whole = scrolled.view;
+    EXPECT_FALSE(ZoomAt(scrolled.view, scrolled.Bars(), -1, 600, 300));
+    EXPECT_EQ(scrolled.view, whole);
+}
+
+TEST(ZoomAt, TheNextCommandOfTheMenuGoesOnFromTheMiddleOfWhatIsShown) {
+    ScrolledView scrolled;
+    scrolled.LoadProject();
+    ZoomAt(scrolled.view, scrolled.Bars(), 1, 0, 319);  // the scroll bar across stays at 0
+    EXPECT_EQ(scrolled.horizontal.value, 0);
+    EXPECT_EQ(scrolled.vertical.value, 160);
+    EXPECT_EQ(scrolled.view.MapCenterX, 160);
+    EXPECT_EQ(scrolled.view.MapCenterY, 240);
+    ZoomTo400(scrolled.view, scrolled.Bars());
+    EXPECT_EQ(scrolled.horizontal.value, 80);
+    EXPECT_EQ(scrolled.vertical.value, 200);
+}
+
 TEST(ScrollChange, MovesRectangleAndCentreButNotWhileAZoomCommandIsAtWork) {
     ScrolledView scrolled;
     scrolled.ZoomTo(2);
@@ -318,6 +429,32 @@ TEST(ZoomCommands, TenThousandRandomSequencesGiveTheStateOfASecondComputation) {
         ASSERT_FALSE(HasFailure()) << "sequence " << sequence << ": " << steps;
     }
     EXPECT_GT(farFactors, 100) << "the sequences must reach the largest factor";
+}
+
+TEST(ZoomAt, BetweenTheOtherCommandsAtRandomGivesTheStateOfASecondComputation) {
+    std::mt19937 random(20261121);
+    const auto below = [&random](int limit) {
+        return static_cast<int>(random() % static_cast<unsigned>(limit));
+    };
+    for (int sequence = 0; sequence < 1000; ++sequence) {
+        ScrolledView scrolled;
+        ExpectedView expected;
+        scrolled.LoadProject();
+        expected.Load();
+        std::string steps = "load";
+        for (int step = 0; step < 12; ++step) {
+            const int x = below(640);
+            const int y = below(320);
+            const int zoomSteps = below(41) - 20;
+            ZoomAt(scrolled.view, scrolled.Bars(), zoomSteps, x, y);
+            expected.At(zoomSteps, x, y);
+            steps += ", " + std::to_string(zoomSteps) + " at " + std::to_string(x) + " " + std::to_string(y);
+            ExpectSame(scrolled, expected);
+            steps += ", " + RandomStep(random, scrolled, expected);
+            ExpectSame(scrolled, expected);
+        }
+        ASSERT_FALSE(HasFailure()) << "sequence " << sequence << ": " << steps;
+    }
 }
 
 }  // namespace

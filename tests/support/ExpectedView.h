@@ -46,6 +46,21 @@ class ExpectedView {
         checked = 0;
         Rezoom();
     }
+    void At(int steps, int x, int y) {
+        const int before = zoom;
+        const int mapX = h + x / zoom;
+        const int mapY = v + y / zoom;
+        for (; steps > 0 && in; --steps)
+            In();
+        for (; steps < 0 && out; ++steps)
+            Out();
+        if (zoom == before)
+            return;
+        ScrollH(mapX - x / zoom);
+        ScrollV(mapY - y / zoom);
+        centerX = 320 / zoom + h;
+        centerY = 160 / zoom + v;
+    }
     void ScrollH(int wanted) {
         const int held = wanted < 0 ? 0 : wanted > hMax ? hMax : wanted;
         if (held == h)
