@@ -19,6 +19,10 @@ MapPoint ScreenToMap(const MapView &view, float x, float y) {
             MapOrdinate(y, view.MapZoom, view.v_scroll.Value)};
 }
 
+MapPlace PlaceUnder(const MapView &view, int x, int y) {
+    return {view.h_scroll.Value + (x + 0.5) / view.MapZoom, view.v_scroll.Value + (y + 0.5) / view.MapZoom};
+}
+
 double ViewWidth(const MapView &view) {
     return static_cast<double>(mapWidth) / view.MapZoom;
 }

@@ -36,6 +36,15 @@ inline ScreenPoint MapToScreen(const MapView &view, float x, float y) {
     return {screenX, screenY, visible};
 }
 
+/// A point of the map in fractions of map pixels: the middle of pixel 3 lies at 3.5.
+struct MapPlace {
+    double x = 0;
+    double y = 0;
+};
+
+/// The place that the middle of the viewport's pixel (x, y) shows.
+MapPlace PlaceUnder(const MapView &view, int x, int y);
+
 /// How many map pixels the viewport shows across and down.
 double ViewWidth(const MapView &view);
 double ViewHeight(const MapView &view);

@@ -88,6 +88,13 @@ TEST(MapToScreen, IsExactForTheFarthestPositionsAtTheLargestZoom) {
     EXPECT_EQ(point.y, 3245050);
 }
 
+TEST(PlaceUnder, IsTheMapUnderTheMiddleOfTheScreenPixel) {
+    EXPECT_EQ(PlaceUnder(ViewAt(1, 0, 0), 12, 7).x, 12.5);
+    EXPECT_EQ(PlaceUnder(ViewAt(1, 0, 0), 12, 7).y, 7.5);
+    EXPECT_EQ(PlaceUnder(ViewAt(4, 100, 50), 6, -2).x, 101.625);
+    EXPECT_EQ(PlaceUnder(ViewAt(4, 100, 50), 6, -2).y, 49.625);
+}
+
 TEST(MapCoordinates, EveryScreenPixelOfAMagnifiedPixelGoesBackToIt) {
     for (int zoom = 2; zoom <= 100; ++zoom) {
         const MapView view = ViewAt(zoom, 17, 5);
