@@ -12,6 +12,7 @@ std::optional<std::string> NameOf(const Edit *edit) {
 
 WindowState WindowStateOf(const Session &session) {
     WindowState state{.projectEnabled = session.campaign.ProjectLoaded,
+                      .goToEnabled = session.campaign.ProjectLoaded && session.view.MapZoom > 1,
                       .airfieldFrameEnabled = session.airfieldFrameEnabled,
                       .modes = {},
                       .zoomMenu = session.view.zoomMenu};

@@ -20,6 +20,7 @@ struct WindowState {
     };
 
     bool projectEnabled = false;  ///< "&Zoom", "&View", "&Save Files..." and the control box
+    bool goToEnabled = false;     ///< "&Go to Selected Item": there is nowhere to go when all is shown
     bool airfieldFrameEnabled = false;
     std::array<OfMode, editModeTotal> modes;  ///< in the order of EditMode
     ZoomMenuState zoomMenu;

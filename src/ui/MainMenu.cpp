@@ -69,13 +69,16 @@ MainMenu::MainMenu(QMenuBar *bar) {
     mnu_v_railways = AddCheck(mnu_view, "mnu_v_railways", "&Railways");
     mnu_v_roadint = AddCheck(mnu_view, "mnu_v_roadint", "Roa&d Interdiction");
     mnu_v_railint = AddCheck(mnu_view, "mnu_v_railint", "Ra&il Interdiction");
+    AddSeparator(mnu_view, "mnu_v_div1");
+    mnu_v_goto = AddEntry(mnu_view, "mnu_v_goto", "&Go to Selected Item", Qt::Key_Home);
 
     mnu_m_zoom = AddMenu(bar, "mnu_m_zoom", "&Zoom");
-    mnu_m_z_100 = AddCheck(mnu_m_zoom, "mnu_m_z_100", "&100%");
+    mnu_m_z_100 = AddCheck(mnu_m_zoom, "mnu_m_z_100", "&100%", Qt::CTRL | Qt::Key_0);
     mnu_m_z_200 = AddCheck(mnu_m_zoom, "mnu_m_z_200", "&200%");
     mnu_m_z_400 = AddCheck(mnu_m_zoom, "mnu_m_z_400", "&400%");
     AddSeparator(mnu_m_zoom, "mnu_m_z_div1");
-    mnu_m_z_in = AddEntry(mnu_m_zoom, "mnu_m_z_in", "Zoom &In", QKeySequence::ZoomIn);
+    mnu_m_z_in = AddEntry(mnu_m_zoom, "mnu_m_z_in", "Zoom &In");
+    mnu_m_z_in->setShortcuts({QKeySequence::ZoomIn, Qt::CTRL | Qt::Key_Equal});
     mnu_m_z_out = AddEntry(mnu_m_zoom, "mnu_m_z_out", "Zoom &Out", QKeySequence::ZoomOut);
 
     mnu_help = AddMenu(bar, "mnu_help", "&Help");

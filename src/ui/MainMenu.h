@@ -39,6 +39,7 @@ struct MainMenu {
     QAction *mnu_v_railways;
     QAction *mnu_v_roadint;
     QAction *mnu_v_railint;
+    QAction *mnu_v_goto;
 
     QMenu *mnu_m_zoom;
     QAction *mnu_m_z_100;

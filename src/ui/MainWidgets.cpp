@@ -116,6 +116,7 @@ void MainWidgets::ShowState() const {
         if (mode.entryChecked)
             sb_status->curredit->setText(controls.statusText);
     }
+    menu.mnu_v_goto->setEnabled(state.goToEnabled);
     menu.mnu_m_z_in->setEnabled(state.zoomMenu.inEnabled);
     menu.mnu_m_z_out->setEnabled(state.zoomMenu.outEnabled);
     menu.mnu_m_z_100->setChecked(state.zoomMenu.checked100);

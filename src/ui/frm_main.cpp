@@ -45,6 +45,7 @@ frm_main::frm_main(Session &session)
     : session_(session),
       widgets_(this, session),
       editModes_(session, widgets_),
+      mapMoving_(session, widgets_, [this] { Redraw(); }),
       mapEditing_(session, widgets_),
       itemCommands_(session, widgets_, this, [this] { Redraw(); }),
       historyCommands_(session, widgets_, this, [this] { Redraw(); }),
@@ -106,6 +107,7 @@ void frm_main::Redraw() {
     if (disabledLines)
         widgets_.fra_control->ShowDisabledLines(QString::fromStdString(*disabledLines));
     map.update();
+    widgets_.mapFrame->MapDrawn();
 }
 
 void frm_main::WireMenus() {
@@ -117,25 +119,11 @@ void frm_main::WireMenus() {
             widgets_.ShowState();
             Redraw();
         });
-    AddZoomEntry(menu.mnu_m_z_100, vtr::ZoomTo100);
-    AddZoomEntry(menu.mnu_m_z_200, vtr::ZoomTo200);
-    AddZoomEntry(menu.mnu_m_z_400, vtr::ZoomTo400);
-    AddZoomEntry(menu.mnu_m_z_in, vtr::ZoomIn);
-    AddZoomEntry(menu.mnu_m_z_out, vtr::ZoomOut);
     connect(menu.mnu_h_tutorial, &QAction::triggered, this, [this] { frm_tutorial(this).exec(); });
     const auto showAbout = [this] { frm_about(this).exec(); };
     connect(menu.mnu_h_about, &QAction::triggered, this, showAbout);
     connect(widgets_.sb_status, &StatusBar::VersionDoubleClicked, this, showAbout);
     connect(widgets_.sb_status->curredit, &QToolButton::clicked, &editModes_, &EditModes::SwitchToNext);
-}
-
-void frm_main::AddZoomEntry(QAction *entry, void (*command)(MapView &view, ScrollBars bars)) {
-    connect(entry, &QAction::triggered, this, [this, command] {
-        widgets_.mapFrame->Zoom(command);
-        widgets_.ShowState();
-        widgets_.sb_status->zoom->setText(QString::fromStdString(ZoomText(session_.view)));
-        Redraw();
-    });
 }
 
 void frm_main::WireMap() {

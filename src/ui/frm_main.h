@@ -8,13 +8,13 @@
 #include "ItemCommands.h"
 #include "MainWidgets.h"
 #include "MapEditing.h"
+#include "MapMoving.h"
 #include "PreferencesCommands.h"
 #include "ProjectCommands.h"
 #include "ProjectFileCommands.h"
 #include "SaveCommands.h"
 #include "VersionCommands.h"
 #include "WorkKeeper.h"
-#include "ZoomCommands.h"
 
 namespace vtr {
 
@@ -52,14 +52,14 @@ class frm_main : public QMainWindow {
     void WireMenus();
     void WireMap();
     void WirePanels();
-    void AddZoomEntry(QAction *entry, void (*command)(MapView &view, ScrollBars bars));
     /// Takes the frame that the window got, once it has one, out of the window's own size.
     void FitFrame();
 
     Session &session_;
     MainWidgets widgets_;
     EditModes editModes_;
-    MapEditing mapEditing_;
+    MapMoving mapMoving_;
+    MapEditing mapEditing_;  ///< after the view has moved: it tells what is under the mouse then
     ItemCommands itemCommands_;
     HistoryCommands historyCommands_;
     PreferencesCommands preferencesCommands_;

@@ -110,6 +110,27 @@ TEST(Overview, TheRectangleIsAFrameOverTheMapThatLetsItsMiddleThrough) {
     ExpectQuarterOf(Shown(overview), map);
 }
 
+TEST(Overview, ARectangleThatIsTooSmallToSeeHasAFrameAroundIt) {
+    Overview overview(nullptr);
+    const auto &area = Find<QWidget>(overview, QStringLiteral("shp_area"));
+    const auto &around = Find<QWidget>(overview, QStringLiteral("shp_around"));
+    EXPECT_FALSE(around.isVisibleTo(&overview));
+    const auto show = [&](std::int16_t left, std::int16_t top, std::int16_t width, std::int16_t height) {
+        overview.ShowArea({.Visible = true, .Left = left, .Top = top, .Width = width, .Height = height});
+        EXPECT_EQ(area.geometry(), QRect(left, top, width, height));
+        EXPECT_TRUE(area.isVisibleTo(&overview));
+        return around.isVisibleTo(&overview) ? around.geometry() : QRect();
+    };
+    EXPECT_EQ(show(40, 20, 7, 7), QRect());
+    EXPECT_EQ(show(40, 20, 13, 6), QRect(37, 17, 19, 12));
+    EXPECT_EQ(show(40, 20, 6, 7), QRect(37, 17, 12, 13));
+    EXPECT_EQ(show(80, 40, 2, 1), QRect(77, 37, 8, 7));
+    EXPECT_EQ(show(0, 0, 2, 1), QRect(0, 0, 5, 4)) << "closed at the borders too";
+    EXPECT_EQ(show(158, 79, 2, 1), QRect(155, 76, 5, 4));
+    overview.ShowArea({.Visible = false, .Left = 80, .Top = 40, .Width = 2, .Height = 1});
+    EXPECT_FALSE(around.isVisibleTo(&overview));
+}
+
 TEST(Overview, AClickOnTheRectangleIsAClickOnTheOverview) {
     Overview overview(nullptr);
     const QSignalSpy clicks(&overview, &Overview::Clicked);

@@ -1,6 +1,7 @@
 #include "MapFrame.h"
 
 #include <QGridLayout>
+#include <QLabel>
 #include <QPainter>
 
 #include "Arithmetic.h"
@@ -24,6 +25,38 @@ class BarControl : public ScrollBarControl {
     QScrollBar &bar_;
 };
 
+bool IsOnMap(int x, int y) {
+    return x >= 0 && x < mapWidth && y >= 0 && y < mapHeight;
+}
+
+/// Scrolls to a place that lies in the middle of what is shown then.
+void ScrollToMiddle(QScrollBar &bar, int place) {
+    bar.setValue(place - bar.pageStep() / 2);
+}
+
+/// It fills the corner between the scroll bars, where nothing else is, and makes it no larger.
+QLabel *MakeBehindSign(QWidget *parent) {
+    auto *sign = new QLabel(QStringLiteral("!"), parent);
+    sign->setObjectName(QStringLiteral("lbl_behind"));
+    sign->setAccessibleName(MapFrame::tr("The map does not yet show where the scroll bars are"));
+    sign->setToolTip(
+        MapFrame::tr("The scroll bars have moved, the map follows with the next redraw. "
+                     "A click on the overview redraws it at once."));
+    sign->setAlignment(Qt::AlignCenter);
+    QFont font = sign->font();
+    font.setBold(true);
+    font.setPixelSize(11);  // whatever size the other texts have: the corner stays as small
+    sign->setFont(font);
+    sign->setAutoFillBackground(true);
+    sign->setBackgroundRole(QPalette::Highlight);
+    sign->setForegroundRole(QPalette::HighlightedText);
+    QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    policy.setRetainSizeWhenHidden(true);
+    sign->setSizePolicy(policy);
+    sign->hide();
+    return sign;
+}
+
 }  // namespace
 
 MapFrame::MapFrame(MapView &view, QWidget *parent)
@@ -31,13 +64,15 @@ MapFrame::MapFrame(MapView &view, QWidget *parent)
       Img_Map(new MapSurface(this)),
       view_(view),
       h_scroll_(AddScrollBar("h_scroll", Qt::Horizontal, HScrollChanged)),
-      v_scroll_(AddScrollBar("v_scroll", Qt::Vertical, VScrollChanged)) {
+      v_scroll_(AddScrollBar("v_scroll", Qt::Vertical, VScrollChanged)),
+      lbl_behind_(MakeBehindSign(this)) {
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins(focusFrameWidth, focusFrameWidth, 0, 0);
     layout->setSpacing(focusFrameWidth);
     layout->addWidget(Img_Map, 0, 0);
     layout->addWidget(v_scroll_, 0, 1);
     layout->addWidget(h_scroll_, 1, 0);
+    layout->addWidget(lbl_behind_, 1, 1);
     connect(Img_Map, &MapSurface::FocusChanged, this, [this] { update(); });
 }
 
@@ -51,28 +86,50 @@ QScrollBar *MapFrame::AddScrollBar(const char *name, Qt::Orientation orientation
                                                          : tr("Map position, top to bottom"));
     connect(bar, &QScrollBar::valueChanged, this, [this, changed](int value) {
         changed(view_, ToInt16(value));
+        lbl_behind_->setVisible(IsBehind());
         Q_EMIT AreaChanged();
     });
     return bar;
 }
 
-void MapFrame::Zoom(void (*command)(MapView &view, ScrollBars bars)) {
+void MapFrame::Zoom(const std::function<void(MapView &view, ScrollBars bars)> &command) {
     BarControl horizontal(*h_scroll_);
     BarControl vertical(*v_scroll_);
     command(view_, {horizontal, vertical});
     Q_EMIT AreaChanged();
 }
 
+void MapFrame::ScrollTo(int left, int top) {
+    h_scroll_->setValue(left);
+    v_scroll_->setValue(top);
+}
+
+bool MapFrame::Centre(int x, int y) {
+    if (!IsOnMap(x, y))
+        return false;
+    ScrollToMiddle(*h_scroll_, x);
+    ScrollToMiddle(*v_scroll_, y);
+    return true;
+}
+
 void MapFrame::BringIntoView(int x, int y) {
-    if (x < 0 || x >= mapWidth || y < 0 || y >= mapHeight)
+    if (!IsOnMap(x, y))
         return;
     const auto bring = [](QScrollBar &bar, int place) {
-        const int shown = bar.pageStep();
-        if (place < bar.value() || place >= bar.value() + shown)
-            bar.setValue(place - shown / 2);
+        if (place < bar.value() || place >= bar.value() + bar.pageStep())
+            ScrollToMiddle(bar, place);
     };
     bring(*h_scroll_, x);
     bring(*v_scroll_, y);
+}
+
+void MapFrame::MapDrawn() {
+    drawn_ = {h_scroll_->value(), v_scroll_->value()};
+    lbl_behind_->hide();
+}
+
+bool MapFrame::IsBehind() const {
+    return drawn_ != QPoint(h_scroll_->value(), v_scroll_->value());
 }
 
 void MapFrame::paintEvent(QPaintEvent * /*event*/) {

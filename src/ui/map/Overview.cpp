@@ -1,6 +1,7 @@
 #include "Overview.h"
 
 #include <QImage>
+#include <QMouseEvent>
 #include <QPainter>
 
 namespace vtr {
@@ -10,11 +11,16 @@ namespace {
 constexpr int overviewWidth = mapWidth / overviewScale;
 constexpr int overviewHeight = mapHeight / overviewScale;
 
+/// A rectangle of fewer pixels each way is hard to see.
+constexpr int smallestArea = 7;
+/// From the rectangle to the frame around it, the frame included.
+constexpr int distanceAround = 3;
+
 /// A frame of one pixel, in two tones so that it shows on any map.
 class AreaFrame : public QWidget {
   public:
-    explicit AreaFrame(QWidget *parent) : QWidget(parent) {
-        setObjectName(QStringLiteral("shp_area"));
+    AreaFrame(const QString &name, QWidget *parent) : QWidget(parent) {
+        setObjectName(name);
         setAttribute(Qt::WA_TransparentForMouseEvents);
         hide();
     }
@@ -32,9 +38,13 @@ class AreaFrame : public QWidget {
 }  // namespace
 
 Overview::Overview(QWidget *parent)
-    : PictureWidget(QStringLiteral("Img_SmallMap"), parent), area_(new AreaFrame(this)) {
+    : PictureWidget(QStringLiteral("Img_SmallMap"), parent),
+      area_(new AreaFrame(QStringLiteral("shp_area"), this)),
+      aroundArea_(new AreaFrame(QStringLiteral("shp_around"), this)) {
     setAccessibleName(tr("Overview of the whole map"));
-    setToolTip(tr("The whole map; the frame marks the part that is shown. A click redraws the map."));
+    setToolTip(
+        tr("The whole map; the frame marks the part that is shown. "
+           "A click redraws the map, the middle button moves the part."));
     setFixedSize(overviewWidth, overviewHeight);
 }
 
@@ -55,6 +65,18 @@ void Overview::ShowPicture(const Picture &map) {
 void Overview::ShowArea(const OverviewRectangle &area) {
     area_->setGeometry(area.Left, area.Top, area.Width, area.Height);
     area_->setVisible(area.Visible);
+    aroundArea_->setGeometry(area_->geometry()
+                                 .adjusted(-distanceAround, -distanceAround, distanceAround, distanceAround)
+                                 .intersected(rect()));
+    aroundArea_->setVisible(area.Visible && (area.Width < smallestArea || area.Height < smallestArea));
+}
+
+void Overview::Drag(const QMouseEvent &event) {
+    if (!event.buttons().testFlag(Qt::MiddleButton))
+        return;
+    const QPoint at = PixelUnder(event);
+    Q_EMIT ViewDragged(at.x() * overviewScale + overviewScale / 2,
+                       at.y() * overviewScale + overviewScale / 2);
 }
 
 void Overview::mouseReleaseEvent(QMouseEvent *) {
