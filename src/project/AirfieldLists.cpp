@@ -1,5 +1,7 @@
 #include "AirfieldLists.h"
 
+#include <algorithm>
+
 #include "Arithmetic.h"
 
 namespace vtr {
@@ -124,6 +126,21 @@ std::uint16_t CodeOfYearSlot(const AirfieldYearSlot &slot, const Place &place) {
     if (slot.german_no_plane != 0)
         return germanNoPlaneCode;
     return ToByte(slot.aircraft + (slot.german != 0 ? firstGermanEntry : 0), place);
+}
+
+std::string AircraftText(const AirfieldYearSlot &slot) {
+    const std::optional<int> entry = EntryOfYearSlot(slot);
+    return entry ? std::string(aircraftCaptions[static_cast<std::size_t>(*entry)]) : "unknown";
+}
+
+std::string ModelText(std::uint8_t model) {
+    return model < airfieldModelCaptions.size() ? std::string(airfieldModelCaptions[model])
+                                                : std::to_string(model);
+}
+
+std::string CountryText(std::uint8_t code) {
+    const auto *entry = std::ranges::find(countryEntries, code, &CountryEntry::code);
+    return entry == countryEntries.end() ? std::to_string(code) : std::string(entry->caption);
 }
 
 }  // namespace vtr

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "Campaign.h"
@@ -26,5 +27,10 @@ AirfieldYearSlot YearSlotOfCode(std::uint16_t code);
 /// The file's code for slot. The first set flag decides, in the order allied_no_plane_a, allied_no_plane_b,
 /// german_no_plane, german. Throws an overflow Error for an aircraft that does not fit the code's low byte.
 std::uint16_t CodeOfYearSlot(const AirfieldYearSlot &slot, const Place &place = {});
+
+/// The captions of what an airfield record holds; "unknown" or the number when the lists have none for it.
+std::string AircraftText(const AirfieldYearSlot &slot);
+std::string ModelText(std::uint8_t model);
+std::string CountryText(std::uint8_t code);
 
 }  // namespace vtr

@@ -30,23 +30,8 @@ std::string TextOf(const std::string &name) {
     return '\'' + Shortened(Utf8OfWindows1252(line), longest) + '\'';
 }
 
-std::string TextOf(const AirfieldYearSlot &slot) {
-    const std::optional<int> entry = EntryOfYearSlot(slot);
-    return entry ? std::string(aircraftCaptions[static_cast<std::size_t>(*entry)]) : "unknown";
-}
-
 std::string YesOrNo(std::uint16_t flag) {
     return flag == flagSet ? "yes" : "no";
-}
-
-std::string ModelText(std::uint8_t model) {
-    return model < airfieldModelCaptions.size() ? std::string(airfieldModelCaptions[model])
-                                                : std::to_string(model);
-}
-
-std::string CountryText(std::uint8_t code) {
-    const auto *entry = std::ranges::find(countryEntries, code, &CountryEntry::code);
-    return entry == countryEntries.end() ? std::to_string(code) : std::string(entry->caption);
 }
 
 std::string LineOrNone(std::int16_t line) {
@@ -133,8 +118,9 @@ std::string Sentence(std::size_t row, const AirfieldRecord &before, const Airfie
     for (std::size_t year = 0; year < airfieldYears.size(); ++year) {
         const std::string number = std::to_string(airfieldYears[year]);
         changes.Compare("model of " + number, airfieldModels[year], ModelText);
-        changes.Compare("aircraft based here in " + number,
-                        [year](const AirfieldRecord &airfield) { return airfield.yearSlots[year]; });
+        changes.Compare(
+            "aircraft based here in " + number,
+            [year](const AirfieldRecord &airfield) { return airfield.yearSlots[year]; }, AircraftText);
     }
     changes.Compare("orientation", &AirfieldRecord::airfield_extra_word);
     changes.Compare("country", &AirfieldRecord::country, CountryText);

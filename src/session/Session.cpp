@@ -52,7 +52,8 @@ const Edit &Session::Undo() {
     const Edit &edit = history.Undo();
     Apply(edit.differences, Direction::Backwards, campaign);
     savedTables.Change(edit.differences, Direction::Backwards);
-    Show(ModeOf(edit.differences.front().In()), edit.before);
+    SelectItem(*this, ModeOf(edit.differences.front().In()), edit.before);
+    tablesChanged();
     return edit;
 }
 
@@ -60,23 +61,9 @@ const Edit &Session::Redo() {
     const Edit &edit = history.Redo();
     Apply(edit.differences, Direction::Forwards, campaign);
     savedTables.Change(edit.differences, Direction::Forwards);
-    Show(ModeOf(edit.differences.front().In()), edit.after);
-    return edit;
-}
-
-void Session::Show(EditMode itsMode, const Selection &selected) {
-    if (itsMode == EditMode::Target) {
-        selection.target = selected.target;
-    } else if (itsMode == EditMode::Frontline) {
-        selection.frontline = selected.frontline;
-        selection.frontlinePoint = selected.frontlinePoint;
-    } else {
-        selection.railwayLine = selected.railwayLine;
-    }
-    if (itsMode != mode)
-        SwitchMode(*this, itsMode);
-    layers.*layersOfModes[static_cast<std::size_t>(itsMode)] = true;
+    SelectItem(*this, ModeOf(edit.differences.front().In()), edit.after);
     tablesChanged();
+    return edit;
 }
 
 void Session::CampaignLoaded() {
@@ -104,6 +91,30 @@ void SwitchMode(Session &session, EditMode mode) {
     session.targetFrameEnabled = mode == EditMode::Target;
     if (mode != EditMode::Target)
         session.airfieldFrameEnabled = false;
+}
+
+void SelectItem(Session &session, EditMode mode, const Selection &selected) {
+    switch (mode) {
+        case EditMode::Target:
+            session.selection.target = selected.target;
+            break;
+        case EditMode::Frontline:
+            session.selection.frontline = selected.frontline;
+            session.selection.frontlinePoint = selected.frontlinePoint;
+            break;
+        case EditMode::Railway:
+            session.selection.railwayLine = selected.railwayLine;
+            break;
+        case EditMode::RoadInt:
+            session.selection.road = selected.road;
+            break;
+        case EditMode::RailInt:
+            session.selection.rail = selected.rail;
+            break;
+    }
+    if (mode != session.mode)
+        SwitchMode(session, mode);
+    session.layers.*layersOfModes[static_cast<std::size_t>(mode)] = true;
 }
 
 MapPixel SelectedPixel(const Session &session) {

@@ -64,9 +64,6 @@ struct Session {
     /// The usual names of the files of the project that differ from what was loaded or last saved.
     std::vector<std::string_view> EditedFiles() const;
     bool HasUnsavedEdits() const { return !EditedFiles().empty(); }
-
-  private:
-    void Show(EditMode itsMode, const Selection &selected);
 };
 
 /// All edits that are made while this lives are one.
@@ -90,6 +87,9 @@ constexpr std::array<bool ShownLayers::*, editModeTotal> layersOfModes{
 EditMode ModeOf(Table table);
 /// Switches to mode; whether its layer is shown stays as it was.
 void SwitchMode(Session &session, EditMode mode);
+/// Selects the item of that mode which selected names, in its mode and with its layer shown. The items of the
+/// other modes stay selected.
+void SelectItem(Session &session, EditMode mode, const Selection &selected);
 /// A pixel of the whole map.
 struct MapPixel {
     int x = 0;

@@ -62,6 +62,8 @@ MainMenu::MainMenu(QMenuBar *bar) {
     mnu_e_undo = AddEntry(mnu_edit, "mnu_e_undo", "&Undo", Qt::CTRL | Qt::Key_Z);
     mnu_e_redo = AddEntry(mnu_edit, "mnu_e_redo", "R&edo");
     mnu_e_redo->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
+    AddSeparator(mnu_edit, "mnu_e_div2");
+    mnu_e_list = AddEntry(mnu_edit, "mnu_e_list", "&List of Items...", Qt::CTRL | Qt::Key_L);
 
     mnu_view = AddMenu(bar, "mnu_view", "&View");
     mnu_v_targets = AddCheck(mnu_view, "mnu_v_targets", "&Targets");

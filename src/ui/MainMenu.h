@@ -32,6 +32,7 @@ struct MainMenu {
     QAction *mnu_e_railint;
     QAction *mnu_e_undo;
     QAction *mnu_e_redo;
+    QAction *mnu_e_list;
 
     QMenu *mnu_view;
     QAction *mnu_v_targets;

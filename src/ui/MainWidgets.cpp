@@ -99,8 +99,8 @@ void MainWidgets::ShowState() const {
     const WindowState state = WindowStateOf(session_);
     menu.mnu_m_zoom->setEnabled(state.projectEnabled);
     menu.mnu_view->setEnabled(state.projectEnabled);
-    for (QAction *entry :
-         {menu.mnu_p_export, menu.mnu_p_copy, menu.mnu_p_versions, menu.mnu_p_mirror, menu.mnu_p_tiles})
+    for (QAction *entry : {menu.mnu_p_export, menu.mnu_p_copy, menu.mnu_p_versions, menu.mnu_p_mirror,
+                           menu.mnu_p_tiles, menu.mnu_e_list})
         entry->setEnabled(state.projectEnabled);
     lbl_upside_down->setVisible(session_.mapIsUpsideDown);
     fra_control->setEnabled(state.projectEnabled);

@@ -49,6 +49,7 @@ frm_main::frm_main(Session &session)
       mapEditing_(session, widgets_),
       itemCommands_(session, widgets_, this, [this] { Redraw(); }),
       historyCommands_(session, widgets_, this, [this] { Redraw(); }),
+      listCommands_(session, widgets_, this, [this] { Redraw(); }),
       preferencesCommands_(session, widgets_, this),
       saveCommands_(session, widgets_, this),
       versionCommands_(session, widgets_, this, [this] { historyCommands_.ShowTables(); }),
@@ -70,6 +71,7 @@ frm_main::frm_main(Session &session)
         widgets_.ShowEdits();
         saveCommands_.EditsChanged();
         workKeeper_.TablesChanged();
+        listCommands_.TablesChanged();
     };
     connect(&workKeeper_, &WorkKeeper::CannotKeep, this,
             [this](const QString &message) { widgets_.sb_status->showMessage(message, 20000); });

@@ -6,6 +6,7 @@
 #include "EditModes.h"
 #include "HistoryCommands.h"
 #include "ItemCommands.h"
+#include "ListCommands.h"
 #include "MainWidgets.h"
 #include "MapEditing.h"
 #include "MapMoving.h"
@@ -62,6 +63,7 @@ class frm_main : public QMainWindow {
     MapEditing mapEditing_;  ///< after the view has moved: it tells what is under the mouse then
     ItemCommands itemCommands_;
     HistoryCommands historyCommands_;
+    ListCommands listCommands_;
     PreferencesCommands preferencesCommands_;
     SaveCommands saveCommands_;
     VersionCommands versionCommands_;
