@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <vector>
 
 #include "DialogDriver.h"
@@ -34,6 +36,21 @@ class FindTargetDialog : public ::testing::Test {
         EXPECT_EQ(Number(), "");
         EXPECT_TRUE(dialog.isVisible());
         EXPECT_TRUE(found.empty());
+    }
+
+    QAbstractItemView &Offer() { return *dialog.findChild<QCompleter *>()->popup(); }
+    QStringList Offered() {
+        QStringList names;
+        for (int row = 0; Offer().isVisible() && row < Offer().model()->rowCount(); ++row)
+            names << Offer().model()->index(row, 0).data().toString();
+        return names;
+    }
+    /// Types text as the user does.
+    QLineEdit &Type(const char *text) {
+        auto &name = Find<QLineEdit>(dialog, "txt_name");
+        name.setFocus();
+        QTest::keyClicks(&name, text);
+        return name;
     }
 
     std::array<TargetRecord, targetTotal> targets;
@@ -115,6 +132,60 @@ TEST_F(FindTargetDialog, CancelAndEscapeSelectNothing) {
     Find<QLineEdit>(dialog, "txt_name").setText("BERLIN");
     ExpectClosedBy(dialog, "cmd_cancel");
     EXPECT_TRUE(found.empty());
+}
+
+TEST_F(FindTargetDialog, OffersTheNamesThatContainWhatIsTyped) {
+    QLineEdit &name = Type("erl");
+    EXPECT_EQ(Offered(), QStringList{"BERLIN"});
+    EXPECT_EQ(name.text(), "erl");
+    name.selectAll();
+    QTest::keyClicks(&name, "e");
+    EXPECT_EQ(Offered().size(), 301);  // all but the last
+    QTest::keyClick(&name, Qt::Key_Backspace);
+    EXPECT_FALSE(Offer().isVisible());
+    QTest::keyClicks(&name, "zz");
+    EXPECT_FALSE(Offer().isVisible());
+}
+
+TEST_F(FindTargetDialog, OffersANameOfSeveralTargetsWithTheirNumbers) {
+    Type("PEAK");
+    EXPECT_EQ(Offered(), (QStringList{"Twin Peaks (target 77)", "Twin Peaks (target 200)"}));
+}
+
+TEST_F(FindTargetDialog, TheNameMarkedInTheOfferIsNotWrittenIntoTheField) {
+    QLineEdit &name = Type("peak");
+    QTest::keyClick(&Offer(), Qt::Key_Down);
+    ASSERT_TRUE(Offer().currentIndex().isValid());
+    EXPECT_EQ(name.text(), "peak");
+    QTest::keyClick(&Offer(), Qt::Key_Escape);
+    EXPECT_FALSE(Offer().isVisible());
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(name.text(), "peak");
+}
+
+TEST_F(FindTargetDialog, EnterOnAnOfferedNameSelectsThatTargetAndPressesNoButton) {
+    Type("peak");
+    QTest::keyClick(&Offer(), Qt::Key_Down);
+    QTest::keyClick(&Offer(), Qt::Key_Down);
+    QTest::keyClick(&Offer(), Qt::Key_Return);
+    EXPECT_EQ(found, std::vector<int>{200});
+    EXPECT_EQ(Number(), "200");
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(FindTargetDialog, AClickOnAnOfferedNameSelectsThatTarget) {
+    Type("berl");
+    QTest::mouseClick(Offer().viewport(), Qt::LeftButton, Qt::NoModifier,
+                      Offer().visualRect(Offer().model()->index(0, 0)).center());
+    EXPECT_EQ(found, std::vector<int>{41});
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(FindTargetDialog, EnterWithoutAMarkedNameFindsAsWithoutTheOffer) {
+    Type("berlin");
+    ASSERT_TRUE(Offer().isVisible());
+    QTest::keyClick(&Offer(), Qt::Key_Return);
+    EXPECT_EQ(found, std::vector<int>{41});
 }
 
 }  // namespace
