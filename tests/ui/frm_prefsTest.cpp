@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <QColorDialog>
 #include <QGroupBox>
+#include <QLabel>
 #include <memory>
 #include <utility>
 #include <vector>
 
 #include "DialogDriver.h"
+#include "PictureWidget.h"
 #include "frm_prefs.h"
 
 namespace vtr {
@@ -29,6 +32,33 @@ class PrefsDialog : public ::testing::Test {
         const QColor shown = swatch.grab().toImage().pixelColor(swatch.width() / 2, swatch.height() / 2);
         EXPECT_EQ(swatch.palette().color(QPalette::Window), shown);
         return shown;
+    }
+
+    QStringList Numbers(const QString &colour) {
+        QStringList numbers;
+        for (int component = 0; component < 3; ++component)
+            numbers << Find<QLabel>(*dialog, QStringLiteral("lbl_%1(%2)").arg(colour).arg(component)).text();
+        return numbers;
+    }
+    /// True when the preview has pixels of the colour.
+    bool PreviewHas(const QColor &colour) {
+        const std::vector<std::uint32_t> &pixels = Find<PictureWidget>(*dialog, "pic_preview").Shown().pixels;
+        return std::ranges::count(pixels, colour.rgb()) > 0;
+    }
+    /// Does open and answers the colour chooser that it must open.
+    QColor ChooseColour(const QColor &colour, const std::function<void()> &open) {
+        QColor offered;
+        WhenModalOpens<QColorDialog>([&](QColorDialog &chooser) {
+            offered = chooser.currentColor();
+            EXPECT_EQ(chooser.windowTitle(), "Railways Colour");
+            if (!colour.isValid())
+                return chooser.reject();
+            chooser.setCurrentColor(colour);
+            chooser.accept();
+        });
+        open();
+        EXPECT_TRUE(offered.isValid());
+        return offered;
     }
 
     Preferences preferences;
@@ -155,6 +185,73 @@ TEST_F(PrefsDialog, CancelAndEscapeChangeNothing) {
     Find<QCheckBox>(*dialog, "chk_targetflash").setChecked(true);
     ExpectClosedBy(*dialog, "cmd_cancel");
     EXPECT_EQ(preferences, before);
+}
+
+TEST_F(PrefsDialog, EachSliderHasItsNumberBesideIt) {
+    preferences.RailwayColour = 128 + 256 * 255;
+    Open();
+    EXPECT_EQ(Numbers("railway"), (QStringList{"128", "0", "1"}));
+    Slider("railway", 1).setValue(77);
+    EXPECT_EQ(Numbers("railway"), (QStringList{"128", "77", "1"}));
+    EXPECT_EQ(Numbers("frnt"), (QStringList{"0", "0", "0"}));
+}
+
+TEST_F(PrefsDialog, AClickOnASwatchOpensTheColourChooserWhichSetsTheSliders) {
+    preferences.RailwayColour = 128 + 256 * 255;
+    Open();
+    auto &swatch = Find<QFrame>(*dialog, "pic_railway");
+    const auto click = [&] { QTest::mouseClick(&swatch, Qt::LeftButton); };
+    EXPECT_EQ(ChooseColour(QColor(1, 200, 255), click), QColor(128, 255, 0));
+    EXPECT_EQ(Sliders("railway"), (std::vector<int>{1, 200, 255}));
+    EXPECT_EQ(Swatch("railway"), QColor(1, 200, 255));
+    EXPECT_EQ(ChooseColour({}, click), QColor(1, 200, 255));
+    EXPECT_EQ(Swatch("railway"), QColor(1, 200, 255));
+    EXPECT_EQ(preferences.RailwayColour, 128 + 256 * 255);
+    Press<QPushButton>(*dialog, "cmd_OK");
+    EXPECT_EQ(preferences.RailwayColour, 1 + 256 * 200 + 65536 * 255);
+}
+
+TEST_F(PrefsDialog, TheKeysOfAButtonOpenTheColourChooserToo) {
+    Open();
+    auto &swatch = Find<QFrame>(*dialog, "pic_railway");
+    EXPECT_EQ(swatch.focusPolicy(), Qt::StrongFocus);
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return})
+        ChooseColour({}, [&] { QTest::keyClick(&swatch, key); });
+    EXPECT_TRUE(dialog->isVisible());
+}
+
+TEST_F(PrefsDialog, ChoosingTheColourThatTheSlidersHaveShowsIt) {
+    preferences.RailwayColour = 128 + 256 * 255;
+    Open();
+    ChooseColour(QColor(128, 0, 1),
+                 [&] { QTest::mouseClick(&Find<QFrame>(*dialog, "pic_railway"), Qt::LeftButton); });
+    EXPECT_EQ(Swatch("railway"), QColor(128, 0, 1));
+}
+
+TEST_F(PrefsDialog, DefaultsAreTheShippedValuesToTheLastStepOnceOKKeepsThem) {
+    preferences.RecentProjectNames[0] = "North front";
+    Open();
+    Press<QPushButton>(*dialog, "cmd_defaults");
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(preferences.TargetColour, 0);
+    EXPECT_TRUE(PreviewHas(Swatch("target")));
+    Press<QPushButton>(*dialog, "cmd_OK");
+    Preferences expected = ShippedPreferences();
+    expected.RecentProjectNames[0] = "North front";
+    EXPECT_EQ(preferences, expected);
+}
+
+TEST_F(PrefsDialog, ThePreviewShowsWhatTheSwatchesShow) {
+    std::int32_t value = 0;
+    for (const auto &[name, colour] : layers)
+        preferences.*colour = (value += 10) + 256 * 255;  // opens with other sliders
+    Open();
+    for (const auto &[name, colour] : layers)
+        EXPECT_TRUE(PreviewHas(Swatch(name))) << name.toStdString();
+    const QColor before = Swatch("airfield");
+    Slider("airfield", 2).setValue(99);
+    EXPECT_FALSE(PreviewHas(before));
+    EXPECT_TRUE(PreviewHas(Swatch("airfield")));
 }
 
 }  // namespace
