@@ -12,6 +12,7 @@
 #include "NumberField.h"
 #include "Overview.h"
 #include "RailwayPanel.h"
+#include "StartLinks.h"
 #include "StatusBar.h"
 #include "TargetPanel.h"
 #include "WaypointPanel.h"
@@ -31,6 +32,7 @@ void ShowEdit(QAction &entry, const QString &caption, const std::optional<std::s
 MainWidgets::MainWidgets(QMainWindow *window, Session &session)
     : menu(window->menuBar()),
       mapFrame(new MapFrame(session.view, window)),
+      startLinks(new StartLinks(menu, mapFrame)),
       Img_SmallMap(new Overview(window)),
       fra_control(new ControlBox(session, window)),
       lbl_upside_down(new QLabel(window)),
@@ -51,6 +53,7 @@ MainWidgets::MainWidgets(QMainWindow *window, Session &session)
              {menu.mnu_e_railint, menu.mnu_v_railint, fra_railint, fra_control->upd_view_railint,
               QStringLiteral("  RAIL INTERDICTION WAYPOINTS  ")}}},
       session_(session) {
+    mapFrame->LayOver(startLinks);
     lbl_upside_down->setObjectName(QStringLiteral("lbl_upside_down"));
     lbl_upside_down->setText(QStringLiteral(
         "The generated map is upside down. <a href=\"#\">Mirror&nbsp;the&nbsp;map&nbsp;picture</a>"));
@@ -103,6 +106,7 @@ void MainWidgets::ShowState() const {
                            menu.mnu_p_tiles, menu.mnu_e_list})
         entry->setEnabled(state.projectEnabled);
     lbl_upside_down->setVisible(session_.mapIsUpsideDown);
+    startLinks->SetVisible(!state.projectEnabled);
     fra_control->setEnabled(state.projectEnabled);
     fra_airfield->setEnabled(state.airfieldFrameEnabled);
     for (std::size_t i = 0; i < modes.size(); ++i) {

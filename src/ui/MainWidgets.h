@@ -17,6 +17,7 @@ class NumberField;
 class Overview;
 class Panel;
 class RailwayPanel;
+class StartLinks;
 class StatusBar;
 class TargetPanel;
 class WaypointPanel;
@@ -27,6 +28,7 @@ struct MainWidgets {
 
     MainMenu menu;
     MapFrame *mapFrame;
+    StartLinks *startLinks;
     Overview *Img_SmallMap;
     ControlBox *fra_control;
     QLabel *lbl_upside_down;  ///< shown while the map is one that was generated, with a link to mirror it

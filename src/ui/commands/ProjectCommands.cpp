@@ -1,8 +1,11 @@
 #include "ProjectCommands.h"
 
 #include <QDir>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QStringList>
+#include <filesystem>
+#include <optional>
 #include <utility>
 
 #include "ControlBox.h"
@@ -16,8 +19,10 @@
 #include "Paths.h"
 #include "ProgramVersion.h"
 #include "RailwayPanel.h"
+#include "SampleCampaign.h"
 #include "SaveCommands.h"
 #include "ShowMessage.h"
+#include "StartLinks.h"
 #include "StatusBar.h"
 #include "TargetPanel.h"
 #include "Text.h"
@@ -28,6 +33,28 @@
 #include "frm_progress.h"
 
 namespace vtr {
+
+namespace {
+
+/// Writes the sample campaign into folder, under another name until it is whole.
+std::optional<Error> FailureOfMakingSample(const std::string &folder) {
+    const std::filesystem::path whole = FilesystemPath(folder).parent_path();
+    std::filesystem::path unfinished = whole;
+    unfinished += ".new";
+    try {
+        std::filesystem::remove_all(unfinished);
+        WriteSampleCampaign(PathText(unfinished));
+        std::filesystem::rename(unfinished, whole);
+    } catch (const Error &error) {
+        return error;
+    } catch (const std::filesystem::filesystem_error &error) {
+        return Error(ErrorKind::FileAccess, {.file = PathText(error.path1())},
+                     FailedStep{.step = "write", .reason = error.code().message()});
+    }
+    return std::nullopt;
+}
+
+}  // namespace
 
 ProjectCommands::ProjectCommands(Session &session, MainWidgets &widgets, SaveCommands &saveCommands,
                                  WorkKeeper &workKeeper, QMainWindow *window, std::function<void()> redraw)
@@ -44,6 +71,7 @@ ProjectCommands::ProjectCommands(Session &session, MainWidgets &widgets, SaveCom
     connect(menu.mnu_p_load, &QAction::triggered, this, &ProjectCommands::ChooseAndLoad);
     for (std::size_t i = 0; i < menu.mnu_p_last.size(); ++i)
         connect(menu.mnu_p_last[i], &QAction::triggered, this, [this, i] { LoadRecent(i); });
+    connect(widgets.startLinks, &StartLinks::SampleRequested, this, &ProjectCommands::OpenSample);
 }
 
 void ProjectCommands::Load(const std::string &path) {
@@ -123,6 +151,22 @@ void ProjectCommands::LoadRecent(std::size_t index) {
         saveCommands_.ShowAndWait();
     if (answer != Answer::Cancel)
         Load(file);
+}
+
+void ProjectCommands::OpenSample() {
+    const std::string folder = session_.dataFolder + "sample-campaign/";
+    if (!FileExists(folder + "sample.prj")) {
+        const Operation making(session_.operation, tr("Making the sample campaign"));
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        const auto failure = FailureOfMakingSample(folder);
+        QGuiApplication::restoreOverrideCursor();
+        if (failure)
+            return ShowMessage(window_, QMessageBox::Warning,
+                               ErrorReport(QString::fromStdString(session_.operation), *failure,
+                                           tr("No project was loaded. Put right what is said above and click "
+                                              "\"Open the sample campaign\" again.")));
+    }
+    Load(CleanAbsolutePath(folder + "sample.prj"));
 }
 
 void ProjectCommands::MakeNewProject() {

@@ -33,6 +33,8 @@ class ProjectCommands : public QObject, private LoadProjectWindow {
     void MakeNewProject();
     void ChooseAndLoad();
     void LoadRecent(std::size_t index);
+    /// Loads the sample campaign that lies in the user's data folder; makes it when there is none.
+    void OpenSample();
 
     void ShowProgress() override;
     void SetProgress(double value) override;

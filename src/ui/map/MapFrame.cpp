@@ -76,6 +76,10 @@ MapFrame::MapFrame(MapView &view, QWidget *parent)
     connect(Img_Map, &MapSurface::FocusChanged, this, [this] { update(); });
 }
 
+void MapFrame::LayOver(QLayout *layout) {
+    static_cast<QGridLayout *>(this->layout())->addLayout(layout, 0, 0, Qt::AlignCenter);
+}
+
 QScrollBar *MapFrame::AddScrollBar(const char *name, Qt::Orientation orientation,
                                    void (*changed)(MapView &view, std::int16_t value)) {
     auto *bar = new QScrollBar(orientation, this);

@@ -26,6 +26,8 @@ class MapFrame : public QWidget {
     void ScrollTo(int left, int top);
     /// Scrolls the map pixel to the middle, as far as the map goes. False when the pixel lies beside the map.
     bool Centre(int x, int y);
+    /// Lays out over the middle of the map what are children of this frame.
+    void LayOver(QLayout *layout);
     /// Scrolls the map pixel to the middle, as far as the map goes. Does nothing when the pixel is in view or
     /// lies beside the map.
     void BringIntoView(int x, int y);
