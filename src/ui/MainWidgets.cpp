@@ -1,12 +1,12 @@
 #include "MainWidgets.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
 #include "AirfieldPanel.h"
 #include "ControlBox.h"
 #include "EditedFilesLabel.h"
+#include "FrameFlow.h"
 #include "FrontlinePanel.h"
 #include "MapFrame.h"
 #include "NumberField.h"
@@ -17,6 +17,7 @@
 #include "TargetPanel.h"
 #include "WaypointPanel.h"
 #include "WindowState.h"
+#include "Workspace.h"
 
 namespace vtr {
 
@@ -59,37 +60,25 @@ MainWidgets::MainWidgets(QMainWindow *window, Session &session)
         "The generated map is upside down. <a href=\"#\">Mirror&nbsp;the&nbsp;map&nbsp;picture</a>"));
     lbl_upside_down->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     lbl_upside_down->setWordWrap(true);
-    auto *centre = new QWidget(window);
-    LayOut(centre);
-    window->setCentralWidget(centre);
+    workspace = new Workspace(
+        mapFrame,
+        {MakeColumn(window), fra_target, fra_airfield, fra_frontline, fra_railway, fra_roadint, fra_railint},
+        window);
+    window->setCentralWidget(workspace);
     window->setStatusBar(sb_status);
     ShowState();
 }
 
-void MainWidgets::LayOut(QWidget *centre) const {
-    auto *side = new QVBoxLayout;
-    side->addWidget(Img_SmallMap, 0, Qt::AlignHCenter);
-    side->addWidget(fra_control);
-    side->addWidget(lbl_upside_down);
-    side->addStretch();
-    auto *top = new QHBoxLayout;
-    top->addWidget(mapFrame, 0, Qt::AlignTop);
-    top->addLayout(side);
-    auto *middle = new QHBoxLayout;
-    middle->addWidget(fra_target);
-    middle->addWidget(fra_airfield);
-    auto *bottom = new QHBoxLayout;
-    bottom->addWidget(fra_frontline);
-    bottom->addWidget(fra_railway);
-    bottom->addWidget(fra_roadint);
-    bottom->addWidget(fra_railint);
-    auto *rows = new QVBoxLayout(centre);
-    rows->setContentsMargins(6, 6, 6, 2);
-    rows->setSpacing(4);
-    rows->addLayout(top);
-    rows->addLayout(middle);
-    rows->addLayout(bottom);
+QWidget *MainWidgets::MakeColumn(QWidget *window) const {
+    auto *column = new QWidget(window);
+    auto *rows = new QVBoxLayout(column);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(FrameFlow::spacing);
+    rows->addWidget(Img_SmallMap, 0, Qt::AlignHCenter);
+    rows->addWidget(fra_control);
+    rows->addWidget(lbl_upside_down);
     rows->addStretch();
+    return column;
 }
 
 void MainWidgets::ShowSelections() const {

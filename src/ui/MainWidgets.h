@@ -21,6 +21,7 @@ class StartLinks;
 class StatusBar;
 class TargetPanel;
 class WaypointPanel;
+class Workspace;
 
 /// The parts of the main window, built and laid out; what they do together is wired elsewhere.
 struct MainWidgets {
@@ -39,6 +40,7 @@ struct MainWidgets {
     WaypointPanel *fra_roadint;
     WaypointPanel *fra_railint;
     StatusBar *sb_status;  ///< made last: Tab reaches it last
+    Workspace *workspace;
 
     struct ModeControls {
         QAction *entry;
@@ -57,7 +59,8 @@ struct MainWidgets {
     void ShowEdits() const;
 
   private:
-    void LayOut(QWidget *centre) const;
+    /// What stands beside the map: the overview, the view selectors and what is told of the map.
+    QWidget *MakeColumn(QWidget *window) const;
 
     const Session &session_;
 };

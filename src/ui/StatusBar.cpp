@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
+#include <algorithm>
 
 #include "EditedFilesLabel.h"
 #include "ProgramVersion.h"
@@ -18,7 +19,14 @@ constexpr int projectWidth = 32;
 /// A panel that shows as much of its text as it has room for.
 class ElidingPanel : public QToolButton {
   public:
-    using QToolButton::QToolButton;
+    explicit ElidingPanel(QWidget *parent) : QToolButton(parent) {
+        setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    }
+
+    /// A few letters. Where the window is narrow for its font, the panels share what room there is.
+    QSize minimumSizeHint() const override {
+        return {std::min(sizeHint().width(), 8 * fontMetrics().averageCharWidth()), sizeHint().height()};
+    }
 
   protected:
     void paintEvent(QPaintEvent *) override {

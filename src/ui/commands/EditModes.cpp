@@ -1,5 +1,8 @@
 #include "EditModes.h"
 
+#include "Panel.h"
+#include "Workspace.h"
+
 namespace vtr {
 
 EditModes::EditModes(Session &session, MainWidgets &widgets) : session_(session), widgets_(widgets) {
@@ -15,6 +18,7 @@ void EditModes::SwitchTo(std::size_t mode) {
     session_.history.EndMerging();
     SwitchMode(session_, static_cast<EditMode>(mode));
     widgets_.ShowState();
+    widgets_.workspace->BringIntoView(widgets_.modes[mode].frame);
     if (!(session_.layers.*layersOfModes[mode]))
         widgets_.modes[mode].layerEntry->trigger();
 }
