@@ -78,7 +78,7 @@ TEST_F(ListDialog, EachKindHasATab) {
     EXPECT_EQ(Table().model()->columnCount(), 12);
     ShowKind(ItemKind::FrontlinePoint);
     EXPECT_EQ(Column(2), QStringList{"17"});
-    EXPECT_EQ(Line(), "1 rows");
+    EXPECT_EQ(Line(), "1 row");
 }
 
 TEST_F(ListDialog, IsSortedByANumberAsANumberAndByATextWithoutRegardToCase) {
@@ -182,6 +182,13 @@ TEST_F(ListDialog, TheRowsToSaveAreThoseShownBelowTheirCaptions) {
                         {"100", "K\xC3\xB6ln, \"west\"", "900", "0", "0", "0", "0", ""}}));
     ShowKind(ItemKind::RailPath);
     EXPECT_EQ(dialog.FileName(), "rail-interdiction.csv");
+}
+
+TEST_F(ListDialog, MetresAreShownAsInThePanelAndSavedAsTheyAre) {
+    campaign->TargetTable[0].fineOffsets[0] = 2024.75;
+    dialog.TablesChanged();
+    EXPECT_EQ(Text(0, 4), "2025");
+    EXPECT_EQ(dialog.ShownRows()[1][4], "2024.75");
 }
 
 TEST_F(ListDialog, ALongNameIsShownInPartAndSavedWhole) {

@@ -30,7 +30,7 @@ constexpr std::array<Kind, itemKindTotal> kinds{
      {QT_TRANSLATE_NOOP("vtr::frm_list", "Ra&il Interdiction"), "rail-interdiction.csv"}}};
 
 /// Enough for a name, a country or an aircraft.
-constexpr int charactersOfTexts = 18;
+constexpr int charactersOfTexts = 26;
 
 }  // namespace
 
@@ -158,7 +158,8 @@ void frm_list::ShowCount() {
     for (int row = 0; row < items_->rowCount(); ++row)
         total += items_->IsUsed(row) ? 1 : 0;
     const int shown = shown_->rowCount();
-    Say(shown == total ? tr("%1 rows").arg(total) : tr("%1 of %2 rows").arg(shown).arg(total));
+    const QString rows = total == 1 ? tr("1 row") : tr("%1 rows").arg(total);
+    Say(shown == total ? rows : tr("%1 of %2").arg(shown).arg(rows));
 }
 
 void frm_list::Choose(const QModelIndex &index) {

@@ -1,12 +1,14 @@
 #include "EventBoundary.h"
 
 #include <QPushButton>
+#include <QStyleFactory>
 #include <exception>
 #include <new>
 #include <utility>
 
 #include "AtomicWrite.h"
 #include "ErrorReport.h"
+#include "OutlineStyle.h"
 #include "ShowMessage.h"
 
 namespace vtr {
@@ -39,6 +41,7 @@ QString FateOf(Kept edits) {
 EventBoundary::EventBoundary(int &argc, char **argv, const Session &session)
     : QApplication(argc, argv), session_(session) {
     LetWritesBeyondTheSizeLimitFail();
+    setStyle(new OutlineStyle(QStyleFactory::create(style()->name())));
 }
 
 void EventBoundary::OfferSavingFirst(std::function<void()> saveFiles, std::function<void()> closeWindow) {

@@ -1,5 +1,6 @@
 #include "ItemModel.h"
 
+#include "Arithmetic.h"
 #include "Text.h"
 
 namespace vtr {
@@ -8,6 +9,13 @@ namespace {
 
 QString Shown(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// Metres as the panels show them, and only the beginning of a very long name.
+QString ShownCell(const ItemCell &cell) {
+    if (const auto *const metres = std::get_if<double>(&cell))
+        return QString::number(RoundToInt32(*metres));
+    return Shown(Shortened(TextOf(cell)));
 }
 
 struct SortValue {
@@ -51,7 +59,7 @@ int ItemModel::columnCount(const QModelIndex &parent) const {
 QVariant ItemModel::data(const QModelIndex &index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
-            return Shown(Shortened(TextAt(index.row(), index.column())));
+            return ShownCell(CellAt(index.row(), index.column()));
         case Qt::EditRole:
             return std::visit(SortValue(), CellAt(index.row(), index.column()));
         case Qt::TextAlignmentRole: {
