@@ -58,53 +58,19 @@ std::optional<Decimal> ReadDecimal(QStringView text, bool cutsFraction) {
     return Decimal{negative, whole, cutsFraction ? QStringView() : fraction};
 }
 
-/// A line edit that knows its previous text, and whether the new one is typed or is pasted or set.
-class TypedEdit : public QLineEdit {
-  public:
-    bool IsTyping() const { return typing_; }
-    /// True when text begins with a point because something before the point was deleted.
-    bool MayBeginWithPoint(QStringView text) const {
-        if (before_.startsWith(u'.'))
-            return true;
-        const auto rest = std::ranges::mismatch(text, before_).in1;
-        return before_.size() >= text.size() && before_.endsWith(QStringView(rest, text.end()));
-    }
-
-    bool event(QEvent *event) override {
-        before_ = text();
-        // These keys always undo and redo edits of the campaign, never of the text.
-        const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
-        if (isKey) {
-            const auto &key = *static_cast<QKeyEvent *>(event);
-            if (IsUndoKey(key) || IsRedoKey(key)) {
-                event->ignore();
-                return true;
-            }
-        }
-        return QLineEdit::event(event);
-    }
-
-  protected:
-    void keyPressEvent(QKeyEvent *event) override {
-        const QScopedValueRollback typing(typing_, !event->matches(QKeySequence::Paste));
-        QLineEdit::keyPressEvent(event);
-    }
-    void inputMethodEvent(QInputMethodEvent *event) override {
-        const QScopedValueRollback typing(typing_, true);
-        QLineEdit::inputMethodEvent(event);
-    }
-
-  private:
-    bool typing_ = false;
-    QString before_;
-};
+/// True for input that types text. Pasting does not.
+bool IsTyping(const QEvent &event) {
+    return event.type() == QEvent::InputMethod ||
+           (event.type() == QEvent::KeyPress &&
+            !static_cast<const QKeyEvent &>(event).matches(QKeySequence::Paste));
+}
 
 }  // namespace
 
 NumberField::NumberField(const QString &name, int maximum, QWidget *parent)
     : QSpinBox(parent), maximum_(maximum) {
     setObjectName(QStringLiteral("upd_") + name);
-    setLineEdit(new TypedEdit);
+    lineEdit()->installEventFilter(this);
     lineEdit()->setObjectName(QStringLiteral("txt_") + name);
     setRange(0, maximum);
     setValue(0);
@@ -148,6 +114,7 @@ void NumberField::SetZeroText(const QString &text) {
 }
 
 void NumberField::stepBy(int steps) {
+    const QScopedValueRollback typing(typing_, false);
     if (InRange(value()))
         QSpinBox::stepBy(steps);
     else
@@ -165,16 +132,14 @@ QValidator::State NumberField::validate(QString &text, int &position) const {
     }
     if (bare.startsWith(u'.') && !zeroText_.isEmpty() && text.startsWith(zeroText_))
         bare.prepend(u'0');
-    const auto *const edit = static_cast<const TypedEdit *>(lineEdit());
-    const bool typing = edit->IsTyping();
-    const bool onlyFraction = bare.startsWith(u'.') && (typing || edit->MayBeginWithPoint(text));
+    const bool onlyFraction = bare.startsWith(u'.') && (typing_ || MayBeginWithPoint(text));
     const QString written = onlyFraction ? u'0' + bare : bare;
     const std::optional<Decimal> number = ReadDecimal(written, cutsFraction_);
-    if (!number || (typing && text != text.trimmed()))
+    if (!number || (typing_ && text != text.trimmed()))
         return Refuse(text);
     const bool outside = number->IsBelowZero() || number->IsAbove(maximum_);
     const bool isWhole = AllDigits(bare);
-    const bool keepAsTyped = isWhole ? number->whole != 0 || zeroText_.isEmpty() : typing && bare[0] != u'+';
+    const bool keepAsTyped = isWhole ? number->whole != 0 || zeroText_.isEmpty() : typing_ && bare[0] != u'+';
     const QString held =
         !outside && keepAsTyped ? bare : textFromValue(std::clamp(number->Rounded(), 0, maximum_));
     if (text != held) {
@@ -207,11 +172,59 @@ QAbstractSpinBox::StepEnabled NumberField::stepEnabled() const {
     return InRange(value()) ? QSpinBox::stepEnabled() : StepUpEnabled | StepDownEnabled;
 }
 
+/// The spin box hands keys and other input on to its line edit.
+bool NumberField::event(QEvent *event) {
+    if (IsKeptFromText(*event))
+        return true;
+    const QScopedValueRollback typing(typing_, typing_ || event->type() == QEvent::InputMethod);
+    return QSpinBox::event(event);
+}
+
+/// What comes to the line edit itself.
+bool NumberField::eventFilter(QObject *watched, QEvent *event) {
+    if (watched != lineEdit())
+        return QSpinBox::eventFilter(watched, event);
+    if (IsKeptFromText(*event))
+        return true;
+    if (!IsTyping(*event))
+        return false;
+    const QScopedValueRollback typing(typing_, true);
+    lineEdit()->event(event);
+    return true;
+}
+
+/// Remembers the text that the event may change. True for the keys that always undo and redo edits of the
+/// campaign, never of the text.
+bool NumberField::IsKeptFromText(QEvent &event) {
+    before_ = lineEdit()->text();
+    if (event.type() != QEvent::ShortcutOverride && event.type() != QEvent::KeyPress)
+        return false;
+    const auto &key = static_cast<const QKeyEvent &>(event);
+    if (!IsUndoKey(key) && !IsRedoKey(key))
+        return false;
+    event.ignore();
+    return true;
+}
+
+void NumberField::keyPressEvent(QKeyEvent *event) {
+    const bool isEnter = event->key() == Qt::Key_Enter || event->key() == Qt::Key_Return;
+    const QScopedValueRollback typing(typing_, !isEnter && IsTyping(*event));
+    QSpinBox::keyPressEvent(event);
+}
+
 void NumberField::wheelEvent(QWheelEvent *event) {
     if (hasFocus())
         QSpinBox::wheelEvent(event);
     else
         event->ignore();
+}
+
+/// True when text begins with a point because something before the point was deleted.
+bool NumberField::MayBeginWithPoint(QStringView text) const {
+    if (before_.startsWith(u'.'))
+        return true;
+    const auto rest = std::ranges::mismatch(text, before_).in1;
+    return before_.size() >= text.size() && before_.endsWith(QStringView(rest, text.end()));
 }
 
 /// Makes the spin box's own range just wide enough for number.

@@ -26,6 +26,8 @@ class NumberField : public QSpinBox {
     /// From now on a fraction is cut off instead of rounded.
     void CutFraction() { cutsFraction_ = true; }
 
+    /// The same, and measured only once.
+    QSize minimumSizeHint() const override { return sizeHint(); }
     void stepBy(int steps) override;
     /// Changes text to the nearest number of the range, except an empty text and a lone sign.
     QValidator::State validate(QString &text, int &position) const override;
@@ -40,6 +42,9 @@ class NumberField : public QSpinBox {
     QString textFromValue(int number) const override;
     int valueFromText(const QString &text) const override;
     StepEnabled stepEnabled() const override;
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 
   private:
@@ -53,11 +58,15 @@ class NumberField : public QSpinBox {
     void TellChange(int number);
     QValidator::State Refuse(const QString &text) const;
     QString WithoutZeroText(const QString &text) const;
+    bool IsKeptFromText(QEvent &event);
+    bool MayBeginWithPoint(QStringView text) const;
 
     int maximum_;
     int told_ = 0;
     QString zeroText_;
     bool cutsFraction_ = false;
+    bool typing_ = false;  ///< the text is being typed, not pasted or set
+    QString before_;       ///< the text before the last event
 };
 
 }  // namespace vtr
