@@ -19,22 +19,19 @@ const CampaignFile *FileOfBox(std::size_t box) {
     return found == campaignFiles.end() ? nullptr : &*found;
 }
 
-/// True when a link at path leads to the file at other.
-bool LinksTo(const std::string &path, const std::string &other) {
-    std::error_code failed;
-    const auto onDisk = FilesystemPath(PathOnDisk(path));
-    return std::filesystem::is_symlink(onDisk, failed) &&
-           std::filesystem::equivalent(onDisk, FilesystemPath(PathOnDisk(other)), failed);
-}
-
 /// Why a save must leave the file of that key alone: it would not be the project's own, or another's.
 std::string ObjectionTo(const ProjectPaths &paths, const CampaignFile &file) {
     const std::string name = Utf8OfProjectText(paths.*file.name);
     if (name.find_first_of("/\\") != std::string::npos || name.find("..") != std::string::npos)
         return "leads out of the folder";
+    std::error_code failed;
+    const auto onDisk = FilesystemPath(PathOnDisk(paths.ProjectDir + name));
+    const bool isLink = std::filesystem::is_symlink(onDisk, failed);
     const auto isSame = [&](const std::string &other) {
         return UpperAscii(name) == UpperAscii(other) ||
-               (!other.empty() && LinksTo(paths.ProjectDir + name, paths.ProjectDir + other));
+               (isLink && !other.empty() &&
+                std::filesystem::equivalent(onDisk, FilesystemPath(PathOnDisk(paths.ProjectDir + other)),
+                                            failed));
     };
     for (const CampaignFile &other : campaignFiles)
         if (other.name != file.name && isSame(Utf8OfProjectText(paths.*other.name)))
