@@ -130,9 +130,11 @@ class CampaignSave {
             return outcome;
         NoteRest(versionsFolder_, RestAfter(outcome));
         KeptVersions &kept = session_.keptVersions;
+        if (kept.set == keptBefore_.set)
+            return outcome;
         if (!outcome.written.empty() || outcome.LeavesMixture()) {
             RemoveOldSets(versionsFolder_, kept.set);
-        } else if (kept.set != keptBefore_.set) {
+        } else {
             RemoveSet(kept.set);
             kept = keptBefore_;
         }
