@@ -35,11 +35,21 @@ FileStamp StampOf(const std::string &path, ConstByteSpan bytes) {
 }
 
 bool HasChanged(const FileStamp &stamp, const std::string &path) {
+    const bool isKnownWhole = stamp.known != 0 && stamp.known == stamp.size;
+    if (isKnownWhole) {  // then reading it tells its size too
+        try {
+            const Bytes bytes = ReadStartOfFile(path, stamp.size + 1);
+            return bytes.size() != stamp.size || HashOf(bytes) != stamp.hash;
+        } catch (const Error &) {  // gone, or its size tells
+        }
+    }
     const FileStamp now = StampBySizeAndTime(path);
     if (now == FileStamp())
         return false;
     if (now.size != stamp.size || stamp.known == 0)
         return now.size != stamp.size || now.modified != stamp.modified;
+    if (isKnownWhole)
+        return false;
     try {
         return HashOf(ReadStartOfFile(path, stamp.known)) != stamp.hash;
     } catch (const Error &) {

@@ -22,11 +22,17 @@ namespace {
                 {step, std::generic_category().message(number)});
 }
 
+int OpenToRead(const std::string &path) {
+    // Without O_NONBLOCK the call would wait for the other end of a pipe.
+    constexpr int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
+    const int file = open(path.c_str(), flags);
+    return file < 0 && errno == ENOENT ? open(PathOnDisk(path).c_str(), flags) : file;
+}
+
 }  // namespace
 
 Bytes ReadStartOfFile(const std::string &path, std::size_t most) {
-    // Without O_NONBLOCK the call would wait for the other end of a pipe.
-    const Descriptor file(open(PathOnDisk(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const Descriptor file(OpenToRead(path));
     if (!file.IsOpen())
         ThrowSystemError(path, "opening the file");
     struct stat status {};
