@@ -50,6 +50,8 @@ int main(int argc, char **argv) {
     const QApplication application(argc, argv);
     const std::unique_ptr<Campaign> campaign = MakeSampleCampaign();
 
+    constexpr std::array<const char *, itemKindTotal> captions{
+        "targets", "airfields", "frontline points", "railway lines", "road paths", "rail paths"};
     std::array<TextRows, itemKindTotal> rows;
     frm_list list(*campaign);
     list.show();
@@ -74,6 +76,6 @@ int main(int argc, char **argv) {
             table.show();
             Paint(table);
         };
-        ReportAtMost(list.FileName().c_str(), Compare(60, openList, openBare), "a bare table", 2);
+        ReportAtMost(captions[kind], Compare(60, openList, openBare), "a bare table", 2);
     }
 }

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QHeaderView>
 #include <QSignalSpy>
 #include <memory>
 #include <utility>
@@ -76,9 +77,14 @@ TEST_F(ListDialog, EachKindHasATab) {
     ShowKind(ItemKind::Airfield);
     EXPECT_EQ(Table().model()->rowCount(), 162);
     EXPECT_EQ(Table().model()->columnCount(), 12);
+    Table().sortByColumn(11, Qt::DescendingOrder);
     ShowKind(ItemKind::FrontlinePoint);
     EXPECT_EQ(Column(2), QStringList{"17"});
     EXPECT_EQ(Line(), "1 row");
+    ShowKind(ItemKind::Target);
+    EXPECT_EQ(Text(0, 0), "0");
+    EXPECT_EQ(Text(301, 0), "301");
+    EXPECT_EQ(Table().horizontalHeader()->sortIndicatorSection(), 0);
 }
 
 TEST_F(ListDialog, IsSortedByANumberAsANumberAndByATextWithoutRegardToCase) {

@@ -82,7 +82,10 @@ frm_list::frm_list(const Campaign &campaign, QWidget *parent)
     layout->addLayout(bottom);
     resize(680, 560);
 
-    connect(tab_kinds_, &QTabBar::currentChanged, this, &frm_list::ShowKind);
+    connect(tab_kinds_, &QTabBar::currentChanged, this, [this] {
+        if (isVisible())
+            ShowKind();
+    });
     connect(txt_filter_, &QLineEdit::textChanged, this, [this](const QString &text) {
         shown_->setFilterFixedString(text);
         ShowCount();
@@ -97,6 +100,7 @@ void frm_list::BuildTable() {
     tbl_items_->setAccessibleName(tr("Items"));
     tbl_items_->setToolTip(tr("Click a row, or press Enter on it, to select its item on the map"));
     tbl_items_->setModel(shown_);
+    tbl_items_->horizontalHeader()->setSortIndicator(0, Qt::AscendingOrder);
     tbl_items_->setSortingEnabled(true);
     tbl_items_->setSelectionBehavior(QAbstractItemView::SelectRows);
     tbl_items_->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -131,9 +135,11 @@ void frm_list::showEvent(QShowEvent *event) {
 
 void frm_list::ShowKind() {
     items_->ShowKind(static_cast<ItemKind>(tab_kinds_->currentIndex()));
-    tbl_items_->sortByColumn(0, Qt::AscendingOrder);
-    const int characterWidth = fontMetrics().averageCharWidth();
     QHeaderView &header = *tbl_items_->horizontalHeader();
+    // The table has sorted the new rows by what it is sorted by already.
+    if (header.sortIndicatorSection() != 0 || header.sortIndicatorOrder() != Qt::AscendingOrder)
+        tbl_items_->sortByColumn(0, Qt::AscendingOrder);
+    const int characterWidth = fontMetrics().averageCharWidth();
     for (int column = 0; column < items_->columnCount(); ++column) {
         const bool isText = items_->index(0, column).data(Qt::EditRole).userType() == QMetaType::QString;
         header.resizeSection(column, std::max(header.sectionSizeHint(column),
