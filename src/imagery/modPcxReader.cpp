@@ -12,7 +12,7 @@ namespace vtr {
 
 namespace {
 
-constexpr std::size_t headerSize = 128;
+constexpr std::size_t pcxHeaderSize = 128;
 constexpr std::size_t bitsPerPixelOffset = 3;
 constexpr std::size_t xMinOffset = 4;
 constexpr std::size_t yMinOffset = 6;
@@ -108,7 +108,7 @@ PcxPalette PaletteOf(ConstByteSpan rgb) {
 void DecodeRows(ConstByteSpan file, const Header &header, int lineBytes, const ColourTable &colours,
                 std::vector<std::uint32_t> &pixels, const Place &place) {
     const int stride = ToInt16((std::int64_t{lineBytes} + 3) / 4 * 4, At(place, bytesPerLineOffset));
-    std::size_t at = headerSize;
+    std::size_t at = pcxHeaderSize;
     const auto rowSize = static_cast<std::size_t>(lineBytes);
     for (int y = 0; y < header.height; ++y) {
         const std::size_t rowStart = pixels.size() - slack;
@@ -174,7 +174,7 @@ Bytes DecodePlanes(ConstByteSpan file, std::size_t size, const Place &place) {
     Bytes decoded(size + slack);
     std::size_t out = 0;
     const auto valueAt = [&file](std::size_t at) { return at < file.size() ? file[at] : std::uint8_t{0}; };
-    for (std::size_t at = headerSize; at <= file.size(); ++at) {
+    for (std::size_t at = pcxHeaderSize; at <= file.size(); ++at) {
         std::uint8_t value = valueAt(at);
         int count = 1;
         if (value >= firstRun) {
@@ -224,7 +224,7 @@ PcxResult Decode24Bits(ConstByteSpan file, const Place &place) {
 }  // namespace
 
 PcxResult DecodePcx(ConstByteSpan file, const Place &place) {
-    if (file.size() < headerSize)
+    if (file.size() < pcxHeaderSize)
         throw Error(ErrorKind::FileTooShort, At(place, file.size()), "a header of 128 bytes",
                     std::to_string(file.size()) + " bytes");
     if (file[bitsPerPixelOffset] != 8)

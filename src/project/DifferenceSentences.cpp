@@ -208,7 +208,7 @@ auto WithRows(const Difference &difference, const Function &function) {
 }
 
 /// The member with the file name of each table, in the order of Table.
-constexpr std::array<std::string ProjectPaths::*, std::variant_size_v<TableRow>> files{
+constexpr std::array<std::string ProjectPaths::*, std::variant_size_v<TableRow>> fileOfRow{
     &ProjectPaths::Targets, &ProjectPaths::TarNames, &ProjectPaths::Airfield,
     &ProjectPaths::Railway, &ProjectPaths::Railway,  &ProjectPaths::Frontline};
 
@@ -217,7 +217,7 @@ constexpr std::array<std::string ProjectPaths::*, std::variant_size_v<TableRow>>
 std::string_view FileWith(const Difference &difference) {
     const bool stored =
         WithRows(difference, [](const auto &before, const auto &after) { return IsStored(before, after); });
-    return stored ? FileOf(files[difference.before.index()]).usualName : std::string_view();
+    return stored ? FileOf(fileOfRow[difference.before.index()]).usualName : std::string_view();
 }
 
 std::string SentenceOf(const Difference &difference) {

@@ -28,8 +28,9 @@ struct Size {
     int height;
 };
 
-const Size sizes[] = {{1, 1},  {2, 2},  {3, 3},   {4, 4},   {5, 5},   {8, 3},     {3, 8},     {16, 16},
-                      {17, 9}, {9, 17}, {64, 63}, {101, 7}, {128, 1}, {256, 256}, {301, 199}, {640, 480}};
+const Size turnedSizes[] = {{1, 1},   {2, 2},     {3, 3},     {4, 4},    {5, 5},   {8, 3},
+                            {3, 8},   {16, 16},   {17, 9},    {9, 17},   {64, 63}, {101, 7},
+                            {128, 1}, {256, 256}, {301, 199}, {640, 480}};
 
 void ExpectTurnsPlainly(Size source, Size destination, double angle) {
     const Picture from = Numbered(source.width, source.height, 0xFF000000);
@@ -43,7 +44,7 @@ void ExpectTurnsPlainly(Size source, Size destination, double angle) {
 }
 
 TEST(PictureRotate, QuarterTurnsAreThoseOfThePlainArithmetic) {
-    for (const Size size : sizes)
+    for (const Size size : turnedSizes)
         for (const double angle : {north, east, south, west, -south})
             ExpectTurnsPlainly(size, size, angle);
 }

@@ -65,26 +65,26 @@ TEST(PcxOf256Colours, APictureNeedNotBeginAtZero) {
     EXPECT_THAT(EntriesOf(head, {0xC4, 5, 0xC4, 6}), ElementsAre(5, 5, 5, 5, 6, 6, 6, 6));
 }
 
-constexpr Head oddWidth{.xMax = 4, .yMax = 1, .bytesPerLine = 6};
+constexpr Head oddWidthHead{.xMax = 4, .yMax = 1, .bytesPerLine = 6};
 
 TEST(PcxOf256Colours, AnOddWidthShowsItsPaddingAsAColumn) {
-    const PcxResult result = DecodePcx(PcxOf256Colours(oddWidth, {1, 2, 3, 4, 5, 0, 6, 7, 8, 9, 10, 11}));
+    const PcxResult result = DecodePcx(PcxOf256Colours(oddWidthHead, {1, 2, 3, 4, 5, 0, 6, 7, 8, 9, 10, 11}));
     EXPECT_EQ(std::get<PcxPicture>(result).picture.width, 6);
     EXPECT_THAT(Entries(result), ElementsAre(1, 2, 3, 4, 5, 0, 6, 7, 8, 9, 10, 11));
 }
 
 TEST(PcxOf256Colours, ARunBeyondThePaddingIsCutAtTheWidthAndTheLineGoesOn) {
-    EXPECT_THAT(EntriesOf(oddWidth, {1, 2, 3, 4, 0xC3, 5, 50, 6, 7, 8, 9, 10, 11}),
+    EXPECT_THAT(EntriesOf(oddWidthHead, {1, 2, 3, 4, 0xC3, 5, 50, 6, 7, 8, 9, 10, 11}),
                 ElementsAre(1, 2, 3, 4, 5, 50, 6, 7, 8, 9, 10, 11));
 }
 
 TEST(PcxOf256Colours, ARunThatEndsWithThePaddingIsNotCut) {
-    EXPECT_THAT(EntriesOf(oddWidth, {1, 2, 3, 4, 0xC2, 5, 0xC6, 7}),
+    EXPECT_THAT(EntriesOf(oddWidthHead, {1, 2, 3, 4, 0xC2, 5, 0xC6, 7}),
                 ElementsAre(1, 2, 3, 4, 5, 5, 7, 7, 7, 7, 7, 7));
 }
 
 TEST(PcxOf256Colours, ARunThatBeginsInThePaddingAndIsTooLongIsLost) {
-    EXPECT_THAT(EntriesOf(oddWidth, {1, 2, 3, 4, 5, 0xC2, 99, 6, 0xC6, 7}),
+    EXPECT_THAT(EntriesOf(oddWidthHead, {1, 2, 3, 4, 5, 0xC2, 99, 6, 0xC6, 7}),
                 ElementsAre(1, 2, 3, 4, 5, 6, 7, 7, 7, 7, 7, 7));
 }
 

@@ -11,7 +11,7 @@
 namespace vtr {
 namespace {
 
-using Record = std::array<std::uint8_t, 44>;
+using AirfieldBytes = std::array<std::uint8_t, 44>;
 using AirfieldTable = std::array<AirfieldRecord, airfieldTotal>;
 
 class AirfieldFile : public testing::Test {
@@ -29,20 +29,20 @@ class AirfieldFile : public testing::Test {
 };
 
 // Bytes that no writer of ours makes stand where the record has no meaning.
-constexpr Record recordByHand{0x11, 0x12, 0x13, 7,                             // 0: index_byte at 3
-                              0x21, 0x22, 0x23, 0x24, 0x25, 0x26, 0x27, 0x28,  // 4
-                              0x29, 0x2A, 0x2B, 0x2C, 0x2D, 0x2E, 0x2F, 0x30,  // 12
-                              255,  255,  10,   0,    1,    0,    255,  255,   // 20: models
-                              0,    2,    128,  0,    29,   0,    9,    0,     // 28: year slots
-                              0x34, 0x12,                                      // 36: airfield_extra_word
-                              0x41, 0x42, 0x43, 0x44, 6,    0x51};             // 38: country at 42
+constexpr AirfieldBytes airfieldBytesByHand{0x11, 0x12, 0x13, 7,  // 0: index_byte at 3
+                                            0x21, 0x22, 0x23, 0x24, 0x25, 0x26, 0x27, 0x28,  // 4
+                                            0x29, 0x2A, 0x2B, 0x2C, 0x2D, 0x2E, 0x2F, 0x30,  // 12
+                                            255,  255,  10,   0,    1,    0,    255,  255,   // 20: models
+                                            0,    2,    128,  0,    29,   0,    9,    0,     // 28: year slots
+                                            0x34, 0x12,                           // 36: airfield_extra_word
+                                            0x41, 0x42, 0x43, 0x44, 6,    0x51};  // 38: country at 42
 
 TEST_F(AirfieldFile, ReadsARecordByteByByte) {
     AirfieldRecord airfield;
     airfield.base_1940 = 3;
     airfield.base_1945 = 3;
     airfield.spare = 77;
-    DecodeAirfield(recordByHand, airfield);
+    DecodeAirfield(airfieldBytesByHand, airfield);
     EXPECT_EQ(airfield.index_byte, 7);
     EXPECT_EQ(airfield.base_1940, 0);
     EXPECT_EQ(airfield.base_1943, 10);
@@ -58,13 +58,13 @@ TEST_F(AirfieldFile, ReadsARecordByteByByte) {
 }
 
 TEST_F(AirfieldFile, CarriesTheExtraWordThroughEvenWhenItIsAll255) {
-    Record record{};
+    AirfieldBytes record{};
     record[36] = 255;
     record[37] = 255;
     AirfieldRecord airfield;
     DecodeAirfield(record, airfield);
     EXPECT_EQ(airfield.airfield_extra_word, 65535);
-    Record written{};
+    AirfieldBytes written{};
     EncodeAirfield(airfield, written);
     EXPECT_EQ(written[36], 255);
     EXPECT_EQ(written[37], 255);
@@ -72,22 +72,22 @@ TEST_F(AirfieldFile, CarriesTheExtraWordThroughEvenWhenItIsAll255) {
 
 TEST_F(AirfieldFile, WritesARecordByteByByteAndLeavesTheOtherBytesOfTheSpan) {
     AirfieldRecord airfield;
-    DecodeAirfield(recordByHand, airfield);
-    Record same = recordByHand;
+    DecodeAirfield(airfieldBytesByHand, airfield);
+    AirfieldBytes same = airfieldBytesByHand;
     EncodeAirfield(airfield, same);
-    EXPECT_EQ(same, recordByHand);
+    EXPECT_EQ(same, airfieldBytesByHand);
 
-    Record expected = recordByHand;
+    AirfieldBytes expected = airfieldBytesByHand;
     for (const std::size_t meaningless : std::initializer_list<std::size_t>{
              0, 1, 2, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 38, 39, 40, 41, 43})
         expected[meaningless] = 0;
-    Record fresh{};
+    AirfieldBytes fresh{};
     EncodeAirfield(airfield, fresh);
     EXPECT_EQ(fresh, expected);
 }
 
 TEST_F(AirfieldFile, StandsInTheFileWithAHeaderOf162) {
-    DecodeAirfield(recordByHand, campaign->AirfieldTable[161]);
+    DecodeAirfield(airfieldBytesByHand, campaign->AirfieldTable[161]);
     const Bytes file = EncodeAirfields(*campaign);
     ASSERT_EQ(file.size(), 7132U);
     EXPECT_EQ((Bytes(file.begin(), file.begin() + 4)), (Bytes{162, 0, 0, 0}));

@@ -322,25 +322,26 @@ TEST_F(DifferenceSentencesTest, TheNumberOfLinesIsReadFromTheRailwayFile) {
 Difference Name(std::size_t row) {
     return {row, std::string("Old Mill"), std::string("Old Bridge")};
 }
-const Difference line{12, RailwayLine{1, 2, 3, 4}, RailwayLine{}};
-const Difference point{12, FrontlinePoint{1, 2, 0}, FrontlinePoint{1, 3, 0}};
-const Difference target{12, TargetRecord{.name = "Old Mill", .count = 1},
-                        TargetRecord{.name = "Old Mill", .count = 2}};
+const Difference changedLine{12, RailwayLine{1, 2, 3, 4}, RailwayLine{}};
+const Difference changedPoint{12, FrontlinePoint{1, 2, 0}, FrontlinePoint{1, 3, 0}};
+const Difference changedTarget{12, TargetRecord{.name = "Old Mill", .count = 1},
+                               TargetRecord{.name = "Old Mill", .count = 2}};
 const Difference inNoFile{0, RailwayCounts{850, 0}, RailwayCounts{850, 12}};
 
 TEST(SummaryOfDifferencesTest, CountsTheDifferencesAndNamesTheirFiles) {
     EXPECT_EQ(SummaryOf({Name(7)}), "1 difference in TARNAMES.STR");
     EXPECT_EQ(SummaryOf({Name(7), Name(8)}), "2 differences in TARNAMES.STR");
-    EXPECT_EQ(SummaryOf({target, line, line}), "3 differences in TARGET.DAT and VTR_RRD.DAT");
+    EXPECT_EQ(SummaryOf({changedTarget, changedLine, changedLine}),
+              "3 differences in TARGET.DAT and VTR_RRD.DAT");
 }
 
 TEST(SummaryOfDifferencesTest, NamesTheFilesInTheOrderOfSaving) {
-    EXPECT_EQ(SummaryOf({line, point, Name(7), target}),
+    EXPECT_EQ(SummaryOf({changedLine, changedPoint, Name(7), changedTarget}),
               "4 differences in TARGET.DAT, TARNAMES.STR, FRNTLINE.DAT and VTR_RRD.DAT");
 }
 
 TEST(SummaryOfDifferencesTest, LeavesOutWhatNoFileHolds) {
-    EXPECT_EQ(SummaryOf({line, inNoFile}), "1 difference in VTR_RRD.DAT");
+    EXPECT_EQ(SummaryOf({changedLine, inNoFile}), "1 difference in VTR_RRD.DAT");
     EXPECT_EQ(SummaryOf({inNoFile}), "");
     EXPECT_EQ(SummaryOf({}), "");
 }

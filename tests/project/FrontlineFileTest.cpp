@@ -10,17 +10,17 @@
 namespace vtr {
 namespace {
 
-using Record = std::array<std::uint8_t, 20>;
+using PointBytes = std::array<std::uint8_t, 20>;
 using FrontlineTable = std::array<Frontline, frontlineTotal>;
 
 // Fine parts and bytes that no writer of ours makes.
-constexpr Record recordByHand{9,    8,    0x12, 0xFF,                          // 0: x, -238 quarter tiles
-                              7,    6,    0xA0, 0xE7,                          // 4: y, -6240
-                              0xB1, 0xB2, 0xB3, 0xB4, 0xB5, 0xB6, 0xB7, 0xB8,  // 8
-                              1,    0xC1, 0xC2, 0xC3};                         // 16: flag
+constexpr PointBytes pointBytesByHand{9,    8,    0x12, 0xFF,  // 0: x, -238 quarter tiles
+                                      7,    6,    0xA0, 0xE7,  // 4: y, -6240
+                                      0xB1, 0xB2, 0xB3, 0xB4, 0xB5, 0xB6, 0xB7, 0xB8,  // 8
+                                      1,    0xC1, 0xC2, 0xC3};                         // 16: flag
 constexpr FrontlinePoint pointByHand{.x = 100, .y = 200, .on_map = 65535};
-constexpr Record writtenByHand{0,    0,    0x10, 0xFF, 0,    0,    0xA0, 0xE7, 0xFF, 0xFF,
-                               0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 1,    0,    0,    0};
+constexpr PointBytes writtenByHand{0,    0,    0x10, 0xFF, 0,    0,    0xA0, 0xE7, 0xFF, 0xFF,
+                                   0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 1,    0,    0,    0};
 
 /// bytes from first on, size of them.
 Bytes Part(const Bytes &bytes, std::size_t first, std::size_t size) {
@@ -64,12 +64,12 @@ class FrontlineFile : public testing::Test {
 
 TEST_F(FrontlineFile, ReadsARecordByteByByte) {
     FrontlinePoint point;
-    DecodeFrontlinePoint(recordByHand, point);
+    DecodeFrontlinePoint(pointBytesByHand, point);
     EXPECT_EQ(point, pointByHand);
 }
 
 TEST_F(FrontlineFile, AFlagOf0ClearsAndOf1SetsOnMapAndAnyOtherLeavesIt) {
-    Record record = recordByHand;
+    PointBytes record = pointBytesByHand;
     for (const int flag : {0, 1, 2, 128, 254, 255})
         for (const std::uint16_t before : std::array<std::uint16_t, 3>{0, 65535, 77}) {
             record[16] = static_cast<std::uint8_t>(flag);
@@ -80,14 +80,14 @@ TEST_F(FrontlineFile, AFlagOf0ClearsAndOf1SetsOnMapAndAnyOtherLeavesIt) {
 }
 
 TEST_F(FrontlineFile, WritesARecordByteByByteWithoutAFinePart) {
-    Record record{};
+    PointBytes record{};
     EncodeFrontlinePoint(pointByHand, record);
     EXPECT_EQ(record, writtenByHand);
 
-    record = recordByHand;
+    record = pointBytesByHand;
     EncodeFrontlinePoint({.x = 639, .y = 0, .on_map = 1}, record);
-    EXPECT_EQ(record, (Record{0,    0,    0x7C, 0x07, 0,    0,    0x80, 0xE4, 0xFF, 0xFF,
-                              0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0,    0xC1, 0xC2, 0xC3}));
+    EXPECT_EQ(record, (PointBytes{0,    0,    0x7C, 0x07, 0,    0,    0x80, 0xE4, 0xFF, 0xFF,
+                                  0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0,    0xC1, 0xC2, 0xC3}));
 }
 
 TEST_F(FrontlineFile, ASlotWithNoPointsIsWrittenAs600ZeroBytesAndReadsBackWithNone) {

@@ -10,19 +10,19 @@
 namespace vtr {
 namespace {
 
-using Record = std::array<std::uint8_t, 24>;
+using LineBytes = std::array<std::uint8_t, 24>;
 
 // Bytes that no writer of ours makes stand where the record has no meaning.
-constexpr Record recordByHand{0x00, 0x80, 0x11, 0xFF,  // 0: x1, -239.5 quarter tiles
-                              0x00, 0x00, 0x7C, 0x07,  // 4: x2, 1916
-                              0x00, 0x00, 0x80, 0xE4,  // 8: y1, -7040
-                              0xFF, 0xFF, 0xA3, 0xE7,  // 12: y2, -6237 and nearly one
-                              0xA1, 0xA2, 0xA3, 0xA4, 0xA5, 0xA6, 0xA7, 0xA8};  // 16
+constexpr LineBytes lineBytesByHand{0x00, 0x80, 0x11, 0xFF,  // 0: x1, -239.5 quarter tiles
+                                    0x00, 0x00, 0x7C, 0x07,  // 4: x2, 1916
+                                    0x00, 0x00, 0x80, 0xE4,  // 8: y1, -7040
+                                    0xFF, 0xFF, 0xA3, 0xE7,  // 12: y2, -6237 and nearly one
+                                    0xA1, 0xA2, 0xA3, 0xA4, 0xA5, 0xA6, 0xA7, 0xA8};  // 16
 constexpr RailwayLine lineByHand{
     .x1 = 100, .x2 = 639, .y1 = 0, .y2 = 200, .fineOffsets = {1537.5, 0, 0, 4099.984359741211}};
 
 /// Pixel 0 on both axes.
-constexpr Record unusedRecord{0, 0, 0x80, 0xFD, 0, 0, 0x80, 0xFD, 0, 0, 0x80, 0xE4, 0, 0, 0x80, 0xE4};
+constexpr LineBytes unusedRecord{0, 0, 0x80, 0xFD, 0, 0, 0x80, 0xFD, 0, 0, 0x80, 0xE4, 0, 0, 0x80, 0xE4};
 
 /// A file of lines in use but for those whose indices are given.
 Bytes FileWithUnusedLines(const std::vector<std::size_t> &unused) {
@@ -62,18 +62,18 @@ class RailwayFile : public testing::Test {
 
 TEST_F(RailwayFile, ReadsARecordByteByByte) {
     RailwayLine line;
-    DecodeRailwayLine(recordByHand, line);
+    DecodeRailwayLine(lineBytesByHand, line);
     EXPECT_EQ(line, lineByHand);
 }
 
 TEST_F(RailwayFile, WritesARecordByteByByteAndLeavesTheOtherBytesOfTheSpan) {
-    Record record = recordByHand;
+    LineBytes record = lineBytesByHand;
     EncodeRailwayLine(lineByHand, record);
-    EXPECT_EQ(record, recordByHand);
+    EXPECT_EQ(record, lineBytesByHand);
 
-    Record expected = recordByHand;
+    LineBytes expected = lineBytesByHand;
     std::fill(expected.begin() + 16, expected.end(), std::uint8_t{0});
-    Record fresh{};
+    LineBytes fresh{};
     EncodeRailwayLine(lineByHand, fresh);
     EXPECT_EQ(fresh, expected);
 }
@@ -84,7 +84,7 @@ TEST_F(RailwayFile, StandsInTheFileWithAHeaderOf894) {
     ASSERT_EQ(file.size(), 21460U);
     EXPECT_EQ((Bytes(file.begin(), file.begin() + 4)), (Bytes{126, 3, 0, 0}));
     EXPECT_EQ((Bytes(file.begin() + 4, file.begin() + 28)), Bytes(unusedRecord.begin(), unusedRecord.end()));
-    Bytes last(recordByHand.begin(), recordByHand.end());
+    Bytes last(lineBytesByHand.begin(), lineBytesByHand.end());
     std::fill(last.begin() + 16, last.end(), std::uint8_t{0});
     EXPECT_EQ((Bytes(file.begin() + 21436, file.end())), last);
 }
@@ -171,7 +171,7 @@ TEST_F(RailwayFile, CutAtAnyLengthReadsTheMissingBytesAsZeroAndIsReportedOnce) {
     // Few lines have fine offsets: writing numbers as text would take most of the test's time.
     Bytes file = FileWithUnusedLines(IndicesFrom(880));
     for (std::size_t i = 0; i < 880; ++i) {
-        Record record = unusedRecord;
+        LineBytes record = unusedRecord;
         record[0] = i % 50 == 0 ? 77 : 0;
         record[6] = record[10] = record[14] = static_cast<std::uint8_t>(i % 100);
         std::ranges::copy(record, file.begin() + static_cast<std::ptrdiff_t>(4 + 24 * i));
@@ -189,7 +189,7 @@ TEST_F(RailwayFile, CutAtAnyLengthReadsTheMissingBytesAsZeroAndIsReportedOnce) {
         const std::size_t cutLine = length < 4 ? 0 : (length - 4) / 24;
         const std::size_t from = cutLine < 2 ? 0 : cutLine - 2;
         for (std::size_t i = from; i < std::min(cutLine + 3, railwayLineTotal); ++i) {
-            Record record{};
+            LineBytes record{};
             for (std::size_t b = 0; b < 24; ++b)
                 record[b] = 4 + 24 * i + b < length ? file[4 + 24 * i + b] : std::uint8_t{0};
             RailwayLine line;

@@ -10,7 +10,7 @@
 namespace vtr {
 namespace {
 
-using Record = std::array<std::uint8_t, 32>;
+using TargetBytes = std::array<std::uint8_t, 32>;
 
 constexpr std::size_t fileSize = 4 + 32 * 302;
 
@@ -39,8 +39,8 @@ class TargetFile : public testing::Test {
     }
 };
 
-Record RecordOf(const Bytes &file, std::size_t i) {
-    Record record{};
+TargetBytes RecordOf(const Bytes &file, std::size_t i) {
+    TargetBytes record{};
     std::copy_n(file.begin() + static_cast<std::ptrdiff_t>(4 + 32 * i), 32, record.begin());
     return record;
 }
@@ -50,17 +50,17 @@ Bytes FileOf(std::uint8_t value) {
 }
 
 // Bytes that no writer of ours makes stand where the editor does not know the record.
-constexpr Record recordByHand{0x00, 0x80, 0x81, 0xFD,  // 0: X quarter 1 and a half of pixel 0
-                              0x40, 0x01, 0x7C, 0xE9,  // 4: Y 320 fractions into pixel 319
-                              0x11, 0x12, 0x13, 0x14, 0x15, 0x16, 0x17, 0x18,  // 8
-                              0x33, 0x01, 0x21, 200,                           // 16: code 307, 18, count 200
-                              0x34, 0x12, 0x31, 0x32,                          // 20: extra_word, 22
-                              0xA1, 0x00,                                      // 24: airfield_ref 161
-                              0x41, 0x42, 0x43, 0x44, 0x45, 0x46};             // 26
+constexpr TargetBytes targetBytesByHand{0x00, 0x80, 0x81, 0xFD,  // 0: X quarter 1 and a half of pixel 0
+                                        0x40, 0x01, 0x7C, 0xE9,  // 4: Y 320 fractions into pixel 319
+                                        0x11, 0x12, 0x13, 0x14, 0x15, 0x16, 0x17, 0x18,  // 8
+                                        0x33, 0x01, 0x21, 200,                // 16: code 307, 18, count 200
+                                        0x34, 0x12, 0x31, 0x32,               // 20: extra_word, 22
+                                        0xA1, 0x00,                           // 24: airfield_ref 161
+                                        0x41, 0x42, 0x43, 0x44, 0x45, 0x46};  // 26
 
 TEST_F(TargetFile, ReadsARecordByteByByte) {
     Target(5).spare = 77;
-    DecodeTarget(recordByHand, 5, *campaign);
+    DecodeTarget(targetBytesByHand, 5, *campaign);
     const TargetRecord expected{.x = 0,
                                 .y = 319,
                                 .code = 307,
@@ -78,14 +78,14 @@ TEST_F(TargetFile, ReadsARecordByteByByte) {
 }
 
 TEST_F(TargetFile, WritesARecordByteByByte) {
-    DecodeTarget(recordByHand, 5, *campaign);
-    Record record{};
+    DecodeTarget(targetBytesByHand, 5, *campaign);
+    TargetBytes record{};
     EncodeTarget(*campaign, 5, record);
-    EXPECT_EQ(record, recordByHand);
+    EXPECT_EQ(record, targetBytesByHand);
 }
 
 TEST_F(TargetFile, StandsInTheFileWithAHeaderOf302) {
-    DecodeTarget(recordByHand, 301, *campaign);
+    DecodeTarget(targetBytesByHand, 301, *campaign);
     Bytes file = Encode();
     ASSERT_EQ(file.size(), 9668U);
     EXPECT_EQ((Bytes(file.begin(), file.begin() + 4)), (Bytes{46, 1, 0, 0}));
@@ -286,7 +286,7 @@ TEST_F(TargetFile, TheTemplatesRecordsStartAtItsFirstByte) {
     const Bytes bare = Encode();
     const Bytes file = EncodeTargets(*campaign, templateBytes, FileOf(99));
     for (std::size_t i = 0; i < targetTotal; ++i) {
-        Record expected = RecordOf(bare, i);
+        TargetBytes expected = RecordOf(bare, i);
         for (const std::size_t kept : keptOffsets)
             expected[kept] = templateBytes[32 * i + kept];
         ASSERT_EQ(RecordOf(file, i), expected) << i;

@@ -27,7 +27,7 @@ class TargetNameFile : public testing::Test {
     }
 };
 
-Bytes Part(const Bytes &file, std::size_t offset, std::size_t size) {
+Bytes NamesPart(const Bytes &file, std::size_t offset, std::size_t size) {
     const auto start = file.begin() + static_cast<std::ptrdiff_t>(offset);
     return {start, start + static_cast<std::ptrdiff_t>(size)};
 }
@@ -35,11 +35,11 @@ Bytes Part(const Bytes &file, std::size_t offset, std::size_t size) {
 TEST_F(TargetNameFile, Writing308EmptyNamesGivesA1548ByteFileThatReadsBackAs308EmptyNames) {
     const Bytes file = EncodeTargetNames(*campaign);
     ASSERT_EQ(file.size(), 1548U);
-    EXPECT_EQ(Part(file, 0, 4), (Bytes{0x04, 0x06, 0, 0}));  // 1540
-    EXPECT_EQ(Part(file, 4, 4), (Bytes{52, 1, 0, 0}));
-    EXPECT_EQ(Part(file, 8, 4), (Bytes{0xD0, 0x04, 0, 0}));            // 1232
-    EXPECT_EQ(Part(file, 8 + 4 * 307, 4), (Bytes{0x03, 0x06, 0, 0}));  // 1539
-    EXPECT_EQ(Part(file, 1240, 308), Bytes(308, 0));
+    EXPECT_EQ(NamesPart(file, 0, 4), (Bytes{0x04, 0x06, 0, 0}));  // 1540
+    EXPECT_EQ(NamesPart(file, 4, 4), (Bytes{52, 1, 0, 0}));
+    EXPECT_EQ(NamesPart(file, 8, 4), (Bytes{0xD0, 0x04, 0, 0}));            // 1232
+    EXPECT_EQ(NamesPart(file, 8 + 4 * 307, 4), (Bytes{0x03, 0x06, 0, 0}));  // 1539
+    EXPECT_EQ(NamesPart(file, 1240, 308), Bytes(308, 0));
 
     Names().fill("old");
     Decode(file);
@@ -52,13 +52,13 @@ TEST_F(TargetNameFile, WritesEachNamesOffsetAndItsCharactersWithAZeroBehind) {
     Names()[2] = "\xC4";
     const Bytes file = EncodeTargetNames(*campaign);
     ASSERT_EQ(file.size(), 1551U);
-    EXPECT_EQ(Part(file, 0, 20), (Bytes{0x07, 0x06, 0, 0,     // 1543
-                                        52,   1,    0, 0,     //
-                                        0xD0, 0x04, 0, 0,     // 1232
-                                        0xD3, 0x04, 0, 0,     // 1235
-                                        0xD4, 0x04, 0, 0}));  // 1236
-    EXPECT_EQ(Part(file, 20, 4), (Bytes{0xD6, 0x04, 0, 0}));  // 1238
-    EXPECT_EQ(Part(file, 1240, 7), (Bytes{'A', 'b', 0, 0, 0xC4, 0, 0}));
+    EXPECT_EQ(NamesPart(file, 0, 20), (Bytes{0x07, 0x06, 0, 0,     // 1543
+                                             52,   1,    0, 0,     //
+                                             0xD0, 0x04, 0, 0,     // 1232
+                                             0xD3, 0x04, 0, 0,     // 1235
+                                             0xD4, 0x04, 0, 0}));  // 1236
+    EXPECT_EQ(NamesPart(file, 20, 4), (Bytes{0xD6, 0x04, 0, 0}));  // 1238
+    EXPECT_EQ(NamesPart(file, 1240, 7), (Bytes{'A', 'b', 0, 0, 0xC4, 0, 0}));
     Names() = {};
     Decode(file);
     EXPECT_EQ(Names()[0], "Ab");
@@ -70,8 +70,8 @@ TEST_F(TargetNameFile, WritesEachNamesOffsetAndItsCharactersWithAZeroBehind) {
 TEST_F(TargetNameFile, ATotalNameLengthAbove31227OverflowsThe16BitSize) {
     Names()[5] = std::string(31227, 'x');
     const Bytes file = EncodeTargetNames(*campaign);
-    EXPECT_EQ(Part(file, 0, 4), (Bytes{0xFF, 0x7F, 0, 0}));
-    EXPECT_EQ(Part(file, 8 + 4 * 307, 4), (Bytes{0xFE, 0x7F, 0, 0}));
+    EXPECT_EQ(NamesPart(file, 0, 4), (Bytes{0xFF, 0x7F, 0, 0}));
+    EXPECT_EQ(NamesPart(file, 8 + 4 * 307, 4), (Bytes{0xFE, 0x7F, 0, 0}));
     Names()[300] = "x";
     const Error error = ErrorThrownBy([this] { EncodeTargetNames(*campaign, "N.STR"); });
     EXPECT_EQ(error.Kind(), ErrorKind::Overflow);

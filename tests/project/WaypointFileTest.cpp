@@ -9,15 +9,15 @@
 namespace vtr {
 namespace {
 
-using Record = std::array<std::uint8_t, 12>;
+using WaypointBytes = std::array<std::uint8_t, 12>;
 
 // Fine parts and bytes without a meaning, a continuation byte of 1.
-constexpr Record recordByHand{9,    8,    0x12, 0xFF,   // 0: x, -238 quarter tiles
-                              7,    6,    0xA0, 0xE7,   // 4: y, -6240
-                              0xB1, 0xB2, 1,    0xB3};  // 10: continuation
+constexpr WaypointBytes waypointBytesByHand{9,    8,    0x12, 0xFF,   // 0: x, -238 quarter tiles
+                                            7,    6,    0xA0, 0xE7,   // 4: y, -6240
+                                            0xB1, 0xB2, 1,    0xB3};  // 10: continuation
 
-Record WithContinuation(std::uint8_t byte) {
-    Record record = recordByHand;
+WaypointBytes WithContinuation(std::uint8_t byte) {
+    WaypointBytes record = waypointBytesByHand;
     record[10] = byte;
     return record;
 }
@@ -27,7 +27,7 @@ Record WithContinuation(std::uint8_t byte) {
 Bytes FileOf(std::size_t waypoints, const std::vector<std::uint8_t> &continuations) {
     Bytes file{1, 2, 3, 4};
     for (std::size_t w = 0; w < waypoints; ++w) {
-        Record record = WithContinuation(continuations[w % continuations.size()]);
+        WaypointBytes record = WithContinuation(continuations[w % continuations.size()]);
         record[2] = static_cast<std::uint8_t>(4 * (w % 64));
         record[3] = static_cast<std::uint8_t>(0xFE + w / 64 % 2);
         file.insert(file.end(), record.begin(), record.end());
@@ -79,7 +79,7 @@ class WaypointFile : public testing::Test {
 
 TEST_F(WaypointFile, ReadsARecordByteByByte) {
     Waypoint waypoint{.flag = 77};
-    EXPECT_TRUE(DecodeWaypoint(recordByHand, waypoint));
+    EXPECT_TRUE(DecodeWaypoint(waypointBytesByHand, waypoint));
     EXPECT_EQ(waypoint, (Waypoint{.x = 100, .y = 200, .flag = 0}));
 }
 

@@ -11,7 +11,7 @@
 namespace vtr {
 namespace {
 
-using Place = std::pair<int, int>;
+using LineEnd = std::pair<int, int>;
 
 std::span<const RailwayLine> UsedLines() {
     return std::span(Sample().RailwayTable).first(static_cast<std::size_t>(Sample().RailwayLineCount));
@@ -19,16 +19,16 @@ std::span<const RailwayLine> UsedLines() {
 
 // The railway nets that hang together: the number of lines of each.
 std::vector<int> NetSizes() {
-    std::map<Place, Place> leaders;
-    const auto leaderOf = [&leaders](Place place) {
-        leaders.try_emplace(place, place);
-        while (leaders[place] != place)
-            place = leaders[place];
-        return place;
+    std::map<LineEnd, LineEnd> leaders;
+    const auto leaderOf = [&leaders](LineEnd end) {
+        leaders.try_emplace(end, end);
+        while (leaders[end] != end)
+            end = leaders[end];
+        return end;
     };
     for (const RailwayLine &line : UsedLines())
         leaders[leaderOf({line.x1, line.y1})] = leaderOf({line.x2, line.y2});
-    std::map<Place, int> lines;
+    std::map<LineEnd, int> lines;
     for (const RailwayLine &line : UsedLines())
         ++lines[leaderOf({line.x1, line.y1})];
     std::vector<int> sizes;

@@ -10,6 +10,8 @@ namespace {
 
 using Files = std::vector<std::string_view>;
 
+}  // namespace
+
 class SavedTablesTest : public ::testing::Test {
   protected:
     SavedTablesTest() { saved.Load(*campaign); }
@@ -31,8 +33,6 @@ class SavedTablesTest : public ::testing::Test {
     std::unique_ptr<Campaign> campaign = std::make_unique<Campaign>();
     SavedTables saved;
 };
-
-}  // namespace
 
 TEST_F(SavedTablesTest, NothingIsEditedAfterALoad) {
     EXPECT_EQ(saved.EditedFiles(), Files{});

@@ -14,6 +14,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
+}  // namespace
+
 class SessionTest : public ::testing::Test {
   protected:
     SessionTest() {
@@ -37,8 +39,6 @@ class SessionTest : public ::testing::Test {
     History::Time time{};
     int changes = 0;
 };
-
-}  // namespace
 
 TEST_F(SessionTest, AnEditIsUndoneAndRedone) {
     session->campaign.TargetTable[12].x = 110;

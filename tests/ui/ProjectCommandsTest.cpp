@@ -142,9 +142,9 @@ TEST_F(ProjectCommandsTest, ALoadFillsItsProgressBarAndSelectsTheFirstItemOfEver
 
 TEST_F(ProjectCommandsTest, AnotherProjectsMapIsShownLargeAndSmall) {
     StartWithSample();
-    QImage plain(640, 320, QImage::Format_RGB32);
-    plain.fill(QColor(18, 52, 86));
-    ASSERT_TRUE(plain.save(Path("plain.bmp")));
+    QImage plainMap(640, 320, QImage::Format_RGB32);
+    plainMap.fill(QColor(18, 52, 86));
+    ASSERT_TRUE(plainMap.save(Path("plain.bmp")));
     folder.Make("plain.prj", "Name=Plain\r\nMap=plain.bmp\r\n");
     for (const char *layer : {"mnu_v_targets", "mnu_v_frontlines", "mnu_v_railways", "mnu_v_roadint"})
         if (Entry(layer).isChecked())

@@ -11,9 +11,9 @@ namespace {
 
 /// What "&Save Files..." asks and tells of files that others changed, of earlier versions and of a save that
 /// stopped half way.
-class SaveQuestions : public SaveCommand {};
+class SaveQuestionsTest : public SaveCommand {};
 
-TEST_F(SaveQuestions, AFileThatAnotherProgramChangedIsOverwrittenOnlyAfterAQuestion) {
+TEST_F(SaveQuestionsTest, AFileThatAnotherProgramChangedIsOverwrittenOnlyAfterAQuestion) {
     StartWithSample();
     Number("upd_tar_x").SetNumber(321);
     folder.Make("TARGET.DAT", "theirs");
@@ -40,7 +40,7 @@ TEST_F(SaveQuestions, AFileThatAnotherProgramChangedIsOverwrittenOnlyAfterAQuest
     EXPECT_FALSE(DialogIsOpen());
 }
 
-TEST_F(SaveQuestions, SeveralFilesThatAnotherProgramChangedAreOneQuestionWhichNoAnswersByDefault) {
+TEST_F(SaveQuestionsTest, SeveralFilesThatAnotherProgramChangedAreOneQuestionWhichNoAnswersByDefault) {
     StartWithSample();
     for (const char *name : {"VTR_RRD.DAT", "TARGET.DAT", "AIRFIELD.DAT"})
         folder.Make(name, "theirs");
@@ -60,7 +60,7 @@ TEST_F(SaveQuestions, SeveralFilesThatAnotherProgramChangedAreOneQuestionWhichNo
     EXPECT_EQ(folder.Content("AIRFIELD.DAT"), "theirs");
 }
 
-TEST_F(SaveQuestions, WithoutUnsavedEditsNothingIsSaidOfThem) {
+TEST_F(SaveQuestionsTest, WithoutUnsavedEditsNothingIsSaidOfThem) {
     StartWithSample();
     folder.Make("TARGET.DAT", "theirs");
     OpenSaveDialog();
@@ -76,7 +76,7 @@ TEST_F(SaveQuestions, WithoutUnsavedEditsNothingIsSaidOfThem) {
                                     "Put right what is said above, then save again."));
 }
 
-TEST_F(SaveQuestions, AnEarlierVersionThatCannotBeKeptIsAQuestionWhichNoAnswersByDefault) {
+TEST_F(SaveQuestionsTest, AnEarlierVersionThatCannotBeKeptIsAQuestionWhichNoAnswersByDefault) {
     StartWithSample();
     Number("upd_tar_x").SetNumber(321);
     const std::string before = folder.Content("TARGET.DAT");
@@ -106,7 +106,7 @@ TEST_F(SaveQuestions, AnEarlierVersionThatCannotBeKeptIsAQuestionWhichNoAnswersB
     EXPECT_FALSE(DialogIsOpen());
 }
 
-TEST_F(SaveQuestions, ASaveThatStopsHalfWaySaysThatTheFilesDoNotBelongTogetherAndOffersTheWayBack) {
+TEST_F(SaveQuestionsTest, ASaveThatStopsHalfWaySaysThatTheFilesDoNotBelongTogetherAndOffersTheWayBack) {
     StartWithSample();
     std::filesystem::remove(folder.Path() + "AIRFIELD.DAT");
     std::filesystem::create_directory(folder.Path() + "AIRFIELD.DAT");
@@ -132,7 +132,7 @@ TEST_F(SaveQuestions, ASaveThatStopsHalfWaySaysThatTheFilesDoNotBelongTogetherAn
     EXPECT_TRUE(DialogIsOpen());
 }
 
-TEST_F(SaveQuestions, ASaveThatFailsAtItsFirstFileLeavesNoMixture) {
+TEST_F(SaveQuestionsTest, ASaveThatFailsAtItsFirstFileLeavesNoMixture) {
     StartWithSample();
     std::filesystem::remove(folder.Path() + "TARGET.DAT");
     std::filesystem::create_directory(folder.Path() + "TARGET.DAT");
@@ -146,7 +146,7 @@ TEST_F(SaveQuestions, ASaveThatFailsAtItsFirstFileLeavesNoMixture) {
     EXPECT_FALSE(DialogIsOpen());
 }
 
-TEST_F(SaveQuestions, ALoadTellsThatTheLastSaveStoppedHalfWayUntilItsFilesAreSaved) {
+TEST_F(SaveQuestionsTest, ALoadTellsThatTheLastSaveStoppedHalfWayUntilItsFilesAreSaved) {
     StartWithSample();
     const std::string versions = VersionsFolderOf(session->dataFolder, session->campaign.paths);
     MakeVersionsFolder(session->dataFolder, session->campaign.paths);

@@ -20,11 +20,11 @@ enum AirfieldOffset : std::size_t {
     unused38 = 38,
     countryByte = 42,
     unused43 = 43,
-    recordEnd = 44
+    airfieldEnd = 44
 };
 static_assert(models + 2 * airfieldYears.size() == yearSlotCodes);
 static_assert(yearSlotCodes + 2 * airfieldYears.size() == extraWord);
-static_assert(recordEnd == airfieldRecordSize);
+static_assert(airfieldEnd == airfieldRecordSize);
 
 /// A word of the file that holds "no model" (index 0).
 constexpr std::uint16_t noModel = 65535;

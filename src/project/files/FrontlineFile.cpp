@@ -11,15 +11,15 @@ namespace vtr {
 namespace {
 
 enum FrontlineOffset : std::size_t {
-    xPosition = 0,
-    yPosition = 4,
+    pointX = 0,
+    pointY = 4,
     filling = 8,  // eight bytes of 255
     flagByte = 16,
     unused17 = 17,
-    recordEnd = 20
+    pointEnd = 20
 };
-static_assert(yPosition + gamePositionSize == filling);
-static_assert(recordEnd == frontlinePointSize);
+static_assert(pointY + gamePositionSize == filling);
+static_assert(pointEnd == frontlinePointSize);
 
 constexpr std::size_t slotSize = frontlinePointTotal * frontlinePointSize;
 static_assert(slotSize == 600);
@@ -46,18 +46,16 @@ void PutPosition(Axis axis, std::int16_t pixel, ByteSpan position, const Place &
 
 void DecodeFrontlinePoint(std::span<const std::uint8_t, frontlinePointSize> record, FrontlinePoint &point,
                           const Place &place) {
-    point.x =
-        PixelOfGamePosition(Axis::X, record.subspan<xPosition, gamePositionSize>(), place.Plus(xPosition));
-    point.y =
-        PixelOfGamePosition(Axis::Y, record.subspan<yPosition, gamePositionSize>(), place.Plus(yPosition));
+    point.x = PixelOfGamePosition(Axis::X, record.subspan<pointX, gamePositionSize>(), place.Plus(pointX));
+    point.y = PixelOfGamePosition(Axis::Y, record.subspan<pointY, gamePositionSize>(), place.Plus(pointY));
     if (record[flagByte] <= 1)
         point.on_map = record[flagByte] == 1 ? flagSet : std::uint16_t{0};
 }
 
 void EncodeFrontlinePoint(const FrontlinePoint &point, std::span<std::uint8_t, frontlinePointSize> record,
                           const Place &place) {
-    PutPosition(Axis::X, point.x, record.subspan<xPosition, gamePositionSize>(), place.Plus(xPosition));
-    PutPosition(Axis::Y, point.y, record.subspan<yPosition, gamePositionSize>(), place.Plus(yPosition));
+    PutPosition(Axis::X, point.x, record.subspan<pointX, gamePositionSize>(), place.Plus(pointX));
+    PutPosition(Axis::Y, point.y, record.subspan<pointY, gamePositionSize>(), place.Plus(pointY));
     std::ranges::fill(record.subspan<filling, flagByte - filling>(), std::uint8_t{255});
     record[flagByte] = point.on_map == flagSet ? 1 : 0;
 }

@@ -15,10 +15,10 @@ enum RailwayOffset : std::size_t {
     y1Position = 8,
     y2Position = 12,
     unused16 = 16,
-    recordEnd = 24
+    lineEnd = 24
 };
 static_assert(y2Position + gamePositionSize == unused16);
-static_assert(recordEnd == railwayRecordSize);
+static_assert(lineEnd == railwayRecordSize);
 
 struct LineField {
     RailwayOffset offset;

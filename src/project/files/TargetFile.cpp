@@ -15,20 +15,20 @@ namespace {
 constexpr std::size_t templateSize = targetTotal * targetRecordSize;
 
 enum TargetOffset : std::size_t {
-    xPosition = 0,
-    yPosition = xPosition + gamePositionSize,
-    kept8 = yPosition + gamePositionSize,
+    targetX = 0,
+    targetY = targetX + gamePositionSize,
+    kept8 = targetY + gamePositionSize,
     nameCode = 16,
     kept18 = 18,
     objectCount = 19,
-    extraWord = 20,
+    targetExtraWord = 20,
     kept22 = 22,
     airfieldRef = 24,
     kept26 = 26,
-    recordEnd = 32
+    targetEnd = 32
 };
 static_assert(kept8 == 8);
-static_assert(recordEnd == targetRecordSize);
+static_assert(targetEnd == targetRecordSize);
 
 constexpr RecordFile<targetRecordSize> targetFile{"target", targetTotal, 1};
 
@@ -73,15 +73,15 @@ void DecodeTarget(std::span<const std::uint8_t, targetRecordSize> record, std::s
                   Campaign &campaign, const Place &place) {
     TargetRecord &target = campaign.TargetTable[index];
     const auto word = [&record](std::size_t field) { return TwoByteValue(record[field], record[field + 1]); };
-    const auto x = record.subspan<xPosition, gamePositionSize>();
-    const auto y = record.subspan<yPosition, gamePositionSize>();
-    target.x = std::max(PixelOfGamePosition(Axis::X, x, place.Plus(xPosition)), std::int16_t{0});
-    target.y = std::max(PixelOfGamePosition(Axis::Y, y, place.Plus(yPosition)), std::int16_t{0});
+    const auto x = record.subspan<targetX, gamePositionSize>();
+    const auto y = record.subspan<targetY, gamePositionSize>();
+    target.x = std::max(PixelOfGamePosition(Axis::X, x, place.Plus(targetX)), std::int16_t{0});
+    target.y = std::max(PixelOfGamePosition(Axis::Y, y, place.Plus(targetY)), std::int16_t{0});
     target.fineOffsets = {FineOffsetOfGamePosition(Axis::X, x), FineOffsetOfGamePosition(Axis::Y, y)};
     target.code = word(nameCode);
     target.name = campaign.TargetNameTable[CheckIndex(target.code, targetNameTotal, place.Plus(nameCode))];
     target.count = record[objectCount];
-    target.extra_word = word(extraWord);
+    target.extra_word = word(targetExtraWord);
     target.airfield_ref = word(airfieldRef);
     target.unknown = UnknownBytesOf(record);
     const bool airfield = target.airfield_ref != 0 || index == targetThatIsAlwaysAnAirfield;
@@ -92,13 +92,13 @@ void EncodeTarget(const Campaign &campaign, std::size_t index,
                   std::span<std::uint8_t, targetRecordSize> record, const Place &place) {
     const TargetRecord &target = campaign.TargetTable[index];
     const auto &[fineX, fineY] = target.fineOffsets;
-    EncodeGamePosition(Axis::X, target.x, fineX, record.subspan<xPosition, gamePositionSize>(),
-                       place.Plus(xPosition));
-    EncodeGamePosition(Axis::Y, target.y, fineY, record.subspan<yPosition, gamePositionSize>(),
-                       place.Plus(yPosition));
+    EncodeGamePosition(Axis::X, target.x, fineX, record.subspan<targetX, gamePositionSize>(),
+                       place.Plus(targetX));
+    EncodeGamePosition(Axis::Y, target.y, fineY, record.subspan<targetY, gamePositionSize>(),
+                       place.Plus(targetY));
     PutUint16(record, nameCode, target.code);
     record[objectCount] = ToByte(target.count, place.Plus(objectCount));
-    PutUint16(record, extraWord, target.extra_word);
+    PutUint16(record, targetExtraWord, target.extra_word);
     PutUint16(record, airfieldRef, target.airfield_ref);
     PutUnknownBytes(target.unknown, record);
 }

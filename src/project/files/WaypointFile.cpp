@@ -12,15 +12,15 @@ namespace {
 constexpr std::size_t headerSize = 4;
 
 enum WaypointOffset : std::size_t {
-    xPosition = 0,
-    yPosition = 4,
+    waypointX = 0,
+    waypointY = 4,
     unused8 = 8,
     continuation = 10,
     unused11 = 11,
-    recordEnd = 12
+    waypointEnd = 12
 };
-static_assert(yPosition + gamePositionSize == unused8);
-static_assert(recordEnd == waypointSize);
+static_assert(waypointY + gamePositionSize == unused8);
+static_assert(waypointEnd == waypointSize);
 
 /// Of a file whose paths are all as long as can be.
 constexpr std::size_t MostBytes(std::size_t paths) {
@@ -60,9 +60,9 @@ void DecodePaths(ConstByteSpan bytes, const std::string &path, const std::string
 bool DecodeWaypoint(std::span<const std::uint8_t, waypointSize> record, Waypoint &waypoint,
                     const Place &place) {
     waypoint.x =
-        PixelOfGamePosition(Axis::X, record.subspan<xPosition, gamePositionSize>(), place.Plus(xPosition));
+        PixelOfGamePosition(Axis::X, record.subspan<waypointX, gamePositionSize>(), place.Plus(waypointX));
     waypoint.y =
-        PixelOfGamePosition(Axis::Y, record.subspan<yPosition, gamePositionSize>(), place.Plus(yPosition));
+        PixelOfGamePosition(Axis::Y, record.subspan<waypointY, gamePositionSize>(), place.Plus(waypointY));
     if (record[continuation] <= 1)
         waypoint.flag = record[continuation] == 0 ? flagSet : std::uint16_t{0};
     return record[continuation] != 0;

@@ -15,7 +15,7 @@ namespace vtr {
 
 namespace {
 
-QString ShownPath(const std::string &path) {
+QString ShownFilePath(const std::string &path) {
     return QString::fromStdString(Shortened(path, longestShownPath));
 }
 
@@ -60,7 +60,7 @@ void PreferencesCommands::Read() {
                     ? tr("The program starts with its shipped preferences and writes them over the "
                          "file when it ends. To keep the file, copy it now.")
                     : tr("The program starts with its shipped preferences. The file is kept as \"%1\".")
-                          .arg(ShownPath(read_.keptAs))));
+                          .arg(ShownFilePath(read_.keptAs))));
     }
     session_.preferences = read_.preferences;
     widgets_.menu.ShowRecentProjects(session_.preferences.RecentProjectNames);
@@ -69,8 +69,8 @@ void PreferencesCommands::Read() {
 void PreferencesCommands::TellBadLines() {
     if (read_.badLines.empty())
         return;
-    QString text =
-        tr("These lines of \"%1\" could not be read and were passed over:\n").arg(ShownPath(paths_.readFrom));
+    QString text = tr("These lines of \"%1\" could not be read and were passed over:\n")
+                       .arg(ShownFilePath(paths_.readFrom));
     constexpr std::size_t mostShown = 10;
     constexpr int longestShown = 60;
     const auto shortened = [](const std::string &bytes) {
@@ -87,7 +87,7 @@ void PreferencesCommands::TellBadLines() {
     text += read_.keptAs.empty()
                 ? tr("\n\nThe file could not be kept under another name: it is overwritten when the "
                      "program ends.")
-                : tr("\n\nThe file is kept as \"%1\".").arg(ShownPath(read_.keptAs));
+                : tr("\n\nThe file is kept as \"%1\".").arg(ShownFilePath(read_.keptAs));
     ShowMessage(window_, QMessageBox::Warning, text);
 }
 
