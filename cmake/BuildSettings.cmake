@@ -35,11 +35,24 @@ if(VTR_CCACHE)
     endif()
 endif()
 
+# Where many sources are compiled as one, precompiled headers cost more than they save.
+if(VTR_UNITY)
+    set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
+endif()
+# What is generated depends on no library, so it need not wait for them.
+set(CMAKE_AUTOGEN_ORIGIN_DEPENDS OFF)
+
+# vtr_unity(TARGET): compiles its sources many at a time, where that is asked for.
+function(vtr_unity target)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ${VTR_UNITY} UNITY_BUILD_BATCH_SIZE 16)
+endfunction()
+
 # vtr_library(NAME LINKED...): a static library of all sources of the calling folder. Its headers are seen
 # by those that link it, and by nobody else: that is what keeps the arrows between the folders one-way.
 function(vtr_library name)
     file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
     add_library(${name} STATIC ${sources})
+    vtr_unity(${name})
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${name} PUBLIC ${ARGN} PRIVATE vtr_build_settings)
 endfunction()
