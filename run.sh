@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds, makes the sample campaign and opens the editor on it.
+# Installs what is missing, builds what the editor needs, makes the sample campaign and opens the editor on it.
 # Arguments go to the editor in place of the sample: ./run.sh /path/to/your.prj
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 
-"$here/packaging/build.sh" release
+headless=
+if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && [ "$(uname)" = Linux ]; then headless=editor_tour; fi
+"$here/packaging/build.sh" release vtr-target-editor make_sample_campaign map_dat shipped_preferences $headless
 build=$here/build/release
 sample=$build/sample-campaign
 if [ ! -d "$sample" ]; then
@@ -14,7 +16,7 @@ if [ ! -d "$sample" ]; then
     mv "$sample.new" "$sample"
 fi
 
-if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && [ "$(uname)" = Linux ]; then
+if [ "$headless" ]; then
     echo "There is no display, so the editor is run off-screen on a copy of the sample campaign."
     [ $# -eq 0 ] || echo "Nothing is done with: $*"
     exec "$build/tests/editor_tour" "$build/tour"
