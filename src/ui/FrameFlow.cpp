@@ -18,15 +18,15 @@ class RowLayout : public QHBoxLayout {
     explicit RowLayout(const std::vector<QWidget *> &frames) {
         setContentsMargins(0, 0, 0, 0);
         setSpacing(FrameFlow::spacing);
-        int height = 0;
-        for (const QWidget *frame : frames)
-            height = std::max(height, frame->minimumSizeHint().height());
-        for (QWidget *frame : frames) {
-            auto *item = new QWidgetItem(frame);
-            if (frame->minimumSizeHint().height() < height - little.height())
-                item->setAlignment(Qt::AlignTop);
-            addItem(item);
-        }
+        for (QWidget *frame : frames)
+            addItem(new QWidgetItem(frame));
+    }
+    void Place(const QRect &row) {
+        for (int i = 0; i < count(); ++i)
+            if (!itemAt(i)->expandingDirections().testFlag(Qt::Vertical) &&
+                itemAt(i)->minimumSize().height() < row.height() - little.height())
+                itemAt(i)->setAlignment(Qt::AlignTop);
+        setGeometry(row);
     }
     int HeightAt(int width) const {
         return hasHeightForWidth() ? minimumHeightForWidth(width) : minimumSize().height();
@@ -35,7 +35,8 @@ class RowLayout : public QHBoxLayout {
 
 }  // namespace
 
-FrameFlow::FrameFlow(std::vector<QWidget *> frames, int width) : frames_(std::move(frames)), width_(width) {
+FrameFlow::FrameFlow(std::vector<QWidget *> frames, int width, int leastHeight)
+    : frames_(std::move(frames)), width_(width) {
     for (QWidget *frame : frames_) {
         const int itsWidth = frame->minimumSizeHint().width();
         if (rows_.empty() || rows_.back().width + spacing + itsWidth > width)
@@ -50,6 +51,8 @@ FrameFlow::FrameFlow(std::vector<QWidget *> frames, int width) : frames_(std::mo
             row.width = width;
         row.height = RowLayout(row.frames).HeightAt(row.width);
     }
+    if (rows_.size() == 1)
+        rows_.front().height = std::max(rows_.front().height, leastHeight);
 }
 
 int FrameFlow::Width() const {
@@ -69,7 +72,7 @@ int FrameFlow::HighestRow() const {
 
 void FrameFlow::Place(QPoint corner) const {
     for (const Row &row : rows_) {
-        RowLayout(row.frames).setGeometry(QRect(corner, QSize(row.width, row.height)));
+        RowLayout(row.frames).Place(QRect(corner, QSize(row.width, row.height)));
         corner.ry() += row.height + spacing;
     }
 }

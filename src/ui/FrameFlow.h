@@ -10,7 +10,8 @@ class FrameFlow {
   public:
     static constexpr int spacing = 4;
 
-    FrameFlow(std::vector<QWidget *> frames, int width);
+    /// The row is as high as leastHeight at least when there is only one.
+    FrameFlow(std::vector<QWidget *> frames, int width, int leastHeight = 0);
 
     const std::vector<QWidget *> &Frames() const { return frames_; }
 

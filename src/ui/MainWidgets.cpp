@@ -71,6 +71,7 @@ MainWidgets::MainWidgets(QMainWindow *window, Session &session)
 
 QWidget *MainWidgets::MakeColumn(QWidget *window) const {
     auto *column = new QWidget(window);
+    column->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     auto *rows = new QVBoxLayout(column);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(FrameFlow::spacing);

@@ -111,7 +111,7 @@ Workspace::Arrangement Workspace::ArrangementOf(int factor, std::size_t besideTo
     const QPoint corner(margins.left(), margins.top());
     Arrangement arrangement{
         .factor = factor,
-        .beside = FrameFlow(beside, room.width() - map.width() - FrameFlow::spacing),
+        .beside = FrameFlow(beside, room.width() - map.width() - FrameFlow::spacing, map.height()),
         .below = FrameFlow(below, room.width()),
         .besideCorner = corner + QPoint(map.width() + FrameFlow::spacing, 0),
     };

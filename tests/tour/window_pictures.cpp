@@ -1,5 +1,5 @@
-// Takes pictures of the main window in every style, font and size that it must be usable in, for somebody to
-// look at: usage: window_pictures FOLDER [STYLE...]
+// Takes pictures of the main window in every style, font and size that it must be usable in, and a sheet of
+// them for each style and font, for somebody to look at.
 
 #include <QApplication>
 #include <QPainter>
@@ -19,33 +19,45 @@ namespace {
 constexpr std::array sizes{QSize(888, 742), QSize(800, 600), QSize(1024, 700), QSize(1920, 1080),
                            QSize(2560, 1440)};
 
-QImage Taken(vtr::frm_main &window, QSize size, const QString &path) {
+QImage PictureOf(vtr::frm_main &window, QSize size) {
     window.resize(size);
     QTest::qWait(50);  // until the layouts have followed
-    const QImage picture = window.grab().toImage();
-    if (!picture.save(path))
-        throw std::runtime_error("cannot write " + path.toStdString());
     if (window.size() != size)
-        std::cout << path.toStdString() << ": " << window.width() << " x " << window.height() << '\n';
-    return picture;
+        throw std::runtime_error("the window cannot be made as small");
+    return window.grab().toImage();
 }
 
-/// Every size, empty and with the sample, of the style and font that are set.
-void TakeAll(const std::string &folder, const QString &project, const QString &name) {
+void Save(const QImage &picture, const QString &path) {
+    if (!picture.save(path))
+        throw std::runtime_error("cannot write " + path.toStdString());
+}
+
+/// Every size, empty and with the sample, in the style and font that are set.
+void TakePictures(const std::string &folder, const QString &name) {
+    constexpr QSize place(960, 560);
+    QImage sheet(2 * place.width(), static_cast<int>(sizes.size()) * place.height(), QImage::Format_RGB32);
+    sheet.fill(Qt::darkGray);
+    QPainter painter(&sheet);
     for (const bool isEmpty : {true, false}) {
         auto session = std::make_unique<vtr::Session>();
         session->programFolder = folder + "program/";
         session->dataFolder = folder + "data/";
         vtr::frm_main window(*session);
-        window.Start(isEmpty ? QString() : project);
-        for (const QSize size : sizes)
-            Taken(window, size,
-                  QStringLiteral("%1%2-%3x%4%5.png")
-                      .arg(QString::fromStdString(folder), name)
-                      .arg(size.width())
-                      .arg(size.height())
-                      .arg(isEmpty ? QStringLiteral("-empty") : QString()));
+        window.Start(isEmpty ? QString() : QString::fromStdString(folder + "sample/sample.prj"));
+        QPoint corner(isEmpty ? 0 : place.width(), 0);
+        for (const QSize size : sizes) {
+            const QImage picture = PictureOf(window, size);
+            Save(picture, QStringLiteral("%1%2-%3x%4%5.png")
+                              .arg(QString::fromStdString(folder), name)
+                              .arg(size.width())
+                              .arg(size.height())
+                              .arg(isEmpty ? QStringLiteral("-empty") : QString()));
+            painter.drawImage(
+                corner, picture.scaled(place - QSize(10, 10), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+            corner.ry() += place.height();
+        }
     }
+    Save(sheet, QStringLiteral("%1sheet-%2.png").arg(QString::fromStdString(folder), name));
 }
 
 }  // namespace
@@ -68,8 +80,8 @@ int main(int argc, char **argv) {
             QFont larger = font;
             larger.setPointSizeF(font.pointSizeF() * percent / 100);
             QApplication::setFont(larger);
-            TakeAll(folder, QString::fromStdString(folder + "sample/sample.prj"),
-                    QStringLiteral("%1-%2").arg(style).arg(percent));
+            TakePictures(folder, QStringLiteral("%1-%2").arg(style).arg(percent));
         }
+    std::cout << "The sheets are " << folder << "sheet-*.png\n";
     return 0;
 }

@@ -83,11 +83,16 @@ void PictureWidget::paintEvent(QPaintEvent *event) {
     QPainter painter(this);
     if (picture_.Empty())
         return painter.fillRect(event->rect(), Qt::black);
-    // Qt's own enlargement takes many times as long, and its uneven pixels are not those that PixelUnder
-    // finds.
     const QTransform toDisplay = painter.deviceTransform();
     const qreal ratio = toDisplay.m11();
     const auto [columns, rows] = AxesOn(QPointF(toDisplay.dx(), toDisplay.dy()) / ratio, ratio);
+    if (columns.size == 1) {
+        const QImage image(reinterpret_cast<const uchar *>(picture_.pixels.data()), picture_.width,
+                           picture_.height, QImage::Format_RGB32);
+        return painter.drawImage(event->rect(), image, event->rect());
+    }
+    // Qt's own enlargement takes many times as long, and its uneven pixels are not those that PixelUnder
+    // finds.
     const QRect part = toDisplay.mapRect(QRectF(event->rect())).toAlignedRect();
     QImage enlarged(part.size(), QImage::Format_RGB32);
     EnlargePicture(picture_, columns.PixelsFrom(part.left(), part.width(), picture_.width),
