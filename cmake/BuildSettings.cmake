@@ -36,8 +36,10 @@ if(VTR_CCACHE)
 endif()
 
 # Where many sources are compiled as one, precompiled headers cost more than they save.
+# -Wshadow would count what stands in another source's unnamed namespace.
 if(VTR_UNITY)
     set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
+    target_compile_options(vtr_build_settings INTERFACE -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local>)
 endif()
 # What is generated depends on no library, so it need not wait for them.
 set(CMAKE_AUTOGEN_ORIGIN_DEPENDS OFF)

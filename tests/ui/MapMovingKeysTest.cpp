@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QStatusBar>
 
 #include "MapMovingTesting.h"
 #include "MeasureLine.h"
