@@ -22,10 +22,12 @@ class RowLayout : public QHBoxLayout {
             addItem(new QWidgetItem(frame));
     }
     void Place(const QRect &row) {
-        for (int i = 0; i < count(); ++i)
-            if (!itemAt(i)->expandingDirections().testFlag(Qt::Vertical) &&
-                itemAt(i)->minimumSize().height() < row.height() - little.height())
+        for (int i = 0; i < count(); ++i) {
+            const QWidget &frame = *itemAt(i)->widget();
+            if (frame.sizePolicy().verticalPolicy() != QSizePolicy::Expanding &&
+                frame.minimumSizeHint().height() < row.height() - little.height())
                 itemAt(i)->setAlignment(Qt::AlignTop);
+        }
         setGeometry(row);
     }
     int HeightAt(int width) const {

@@ -78,7 +78,7 @@ QWidget *MainWidgets::MakeColumn(QWidget *window) const {
     rows->addWidget(Img_SmallMap, 0, Qt::AlignHCenter);
     rows->addWidget(fra_control);
     rows->addWidget(lbl_upside_down);
-    rows->addStretch();
+    rows->addStretch(1);
     return column;
 }
 
