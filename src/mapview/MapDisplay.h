@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 namespace vtr {
 
@@ -29,5 +30,12 @@ struct MapDisplay : ShownLayers {
     std::int16_t upd_rail_linenum = 0;
     std::int16_t upd_tar_code = 0;
 };
+
+/// The railway line whose neighbourhood alone is shown; nothing when all lines are.
+inline std::optional<std::int16_t> LineWithNeighbours(const MapDisplay &display) {
+    if (display.mnu_e_railway)
+        return display.upd_rail_linenum;
+    return display.upd_view_railway == 0 ? std::nullopt : std::optional(display.upd_view_railway);
+}
 
 }  // namespace vtr

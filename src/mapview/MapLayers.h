@@ -21,7 +21,15 @@ void DrawFrontlineLayer(Canvas &canvas, const MapView &view, const Campaign &cam
 /// Draws the whole railway network.
 void DrawRailwayLayer(Canvas &canvas, const MapView &view, const Campaign &campaign,
                       const Preferences &preferences);
-/// Draws line in yellow and the lines up to 20 numbers away from it. Never draws line 0 and the last line.
+/// The lines from first to last.
+struct LineRange {
+    int first;
+    int last;
+};
+/// The lines up to 20 numbers away from line, but never line 0 and the last line. Throws an index Error for a
+/// line outside the table.
+LineRange NeighboursOf(std::int16_t line);
+/// Draws line in yellow and its other neighbours.
 void DrawRailwayNeighbourhood(Canvas &canvas, const MapView &view, const Campaign &campaign,
                               const Preferences &preferences, std::int16_t line);
 

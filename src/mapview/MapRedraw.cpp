@@ -9,10 +9,8 @@ namespace {
 
 void DrawRailways(Canvas &canvas, const Campaign &campaign, const Preferences &preferences,
                   const MapDisplay &display, const MapView &view) {
-    if (display.mnu_e_railway)
-        DrawRailwayNeighbourhood(canvas, view, campaign, preferences, display.upd_rail_linenum);
-    else if (display.upd_view_railway != 0)
-        DrawRailwayNeighbourhood(canvas, view, campaign, preferences, display.upd_view_railway);
+    if (const auto line = LineWithNeighbours(display))
+        DrawRailwayNeighbourhood(canvas, view, campaign, preferences, *line);
     else
         DrawRailwayLayer(canvas, view, campaign, preferences);
 }

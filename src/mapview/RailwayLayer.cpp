@@ -24,13 +24,18 @@ void DrawRailwayLayer(Canvas &canvas, const MapView &view, const Campaign &campa
         DrawLine(pen, line);
 }
 
+LineRange NeighboursOf(std::int16_t line) {
+    CheckIndex(line, railwayLineTotal, {.file = {}, .item = "railway line"});
+    constexpr int lastShown = static_cast<int>(railwayLineTotal) - 2;
+    return {std::max(line - neighbours, 1), std::min(line + neighbours, lastShown)};
+}
+
 void DrawRailwayNeighbourhood(Canvas &canvas, const MapView &view, const Campaign &campaign,
                               const Preferences &preferences, std::int16_t line) {
-    CheckIndex(line, railwayLineTotal, {.file = {}, .item = "railway line"});
+    const LineRange shown = NeighboursOf(line);
     MapPen pen(canvas, view, preferences.RailwayColour);
     MapPen highlight(canvas, view, highlightColour);
-    constexpr int lastShown = static_cast<int>(railwayLineTotal) - 2;
-    for (int i = std::max(line - neighbours, 1); i <= std::min(line + neighbours, lastShown); ++i)
+    for (int i = shown.first; i <= shown.last; ++i)
         DrawLine(i == line ? highlight : pen, campaign.RailwayTable[static_cast<std::size_t>(i)]);
 }
 

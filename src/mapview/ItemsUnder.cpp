@@ -1,0 +1,162 @@
+#include "ItemsUnder.h"
+
+#include <algorithm>
+#include <cmath>
+#include <span>
+
+#include "Arithmetic.h"
+#include "MapCoordinates.h"
+#include "MapLayers.h"
+
+namespace vtr {
+
+namespace {
+
+constexpr float reachPixels = 2;
+
+/// Finds the nearest of the segments that it is shown, in map pixels.
+class NearestSegment {
+  public:
+    NearestSegment(const MapView &view, int x, int y)
+        : view_(view),
+          x_(OnMap(view, view.h_scroll, x)),
+          y_(OnMap(view, view.v_scroll, y)),
+          // A line is as wide as a map pixel.
+          nearest_((reachPixels + static_cast<float>(view.MapZoom - 1) / 2) /
+                   static_cast<float>(view.MapZoom)) {}
+
+    /// True when the segment is drawn and nearer than all before it, or the first one that is near enough.
+    template <typename Point>
+    bool IsNearer(const Point &from, const Point &to) {
+        const float distance = DistanceTo(from.x, from.y, to.x, to.y);
+        if (distance > nearest_ || (found_ && distance == nearest_) || !IsDrawn(from, to))
+            return false;
+        nearest_ = distance;
+        found_ = true;
+        return true;
+    }
+
+  private:
+    /// Where the middle of a pixel of the viewport lies between the middles of map pixels.
+    static float OnMap(const MapView &view, const ScrollState &scroll, int pixel) {
+        const auto zoom = static_cast<float>(view.MapZoom);
+        return (static_cast<float>(pixel) + 0.5F) / zoom - 0.5F + static_cast<float>(scroll.Value);
+    }
+
+    /// For a segment that is out of reach anything that is so too: most are, and that is seen sooner.
+    float DistanceTo(float x1, float y1, float x2, float y2) const {
+        const float beside = std::max({std::min(x1, x2) - x_, x_ - std::max(x1, x2), std::min(y1, y2) - y_,
+                                       y_ - std::max(y1, y2), 0.0F});
+        if (beside > nearest_)
+            return beside;
+        const float dx = x2 - x1;
+        const float dy = y2 - y1;
+        const float length = dx * dx + dy * dy;
+        const float along =
+            length == 0 ? 0 : std::clamp(((x_ - x1) * dx + (y_ - y1) * dy) / length, 0.0F, 1.0F);
+        return std::hypot(x1 + along * dx - x_, y1 + along * dy - y_);
+    }
+
+    template <typename Point>
+    bool IsDrawn(const Point &from, const Point &to) const {
+        return MapToScreen(view_, from.x, from.y).visible || MapToScreen(view_, to.x, to.y).visible;
+    }
+
+    const MapView &view_;
+    float x_;
+    float y_;
+    float nearest_;
+    bool found_ = false;
+};
+
+/// True when one of the segments between count points is the nearest up to now.
+template <typename Point>
+bool IsNearer(NearestSegment &nearest, std::span<const Point> points) {
+    bool isNearer = false;
+    for (std::size_t k = 1; k < points.size(); ++k)
+        isNearer |= nearest.IsNearer(points[k - 1], points[k]);
+    return isNearer;
+}
+
+template <typename Point>
+ItemsUnderPixel::Course CourseOf(std::size_t number, std::span<const Point> points, const MapPoint &at) {
+    ItemsUnderPixel::Course course{static_cast<int>(number), {}};
+    for (std::size_t k = 0; k < points.size(); ++k)
+        if (points[k].x == at.x && points[k].y == at.y)
+            course.points.push_back(static_cast<int>(k));
+    return course;
+}
+
+std::span<const FrontlinePoint> DrawnPoints(const Frontline &frontline) {
+    return std::span(frontline.points).first(static_cast<std::size_t>(frontline.point_count()));
+}
+
+std::span<const Waypoint> DrawnPoints(const WaypointPath &path) {
+    return std::span(path.waypoints).first(std::min(static_cast<std::size_t>(path.count), waypointTotal));
+}
+
+/// The nearest of the items from first on, until end.
+template <typename Table>
+std::optional<ItemsUnderPixel::Course> NearestOf(const Table &table, std::size_t first, std::size_t end,
+                                                 NearestSegment nearest, const MapPoint &at) {
+    std::optional<std::size_t> found;
+    for (std::size_t i = first; i < end; ++i)
+        if (IsNearer(nearest, DrawnPoints(table[i])))
+            found = i;
+    if (!found)
+        return std::nullopt;
+    return CourseOf(*found, DrawnPoints(table[*found]), at);
+}
+
+/// Of all paths, or of path viewNumber - 1 alone when viewNumber is not 0.
+template <std::size_t Paths>
+std::optional<ItemsUnderPixel::Course> NearestPath(const std::array<WaypointPath, Paths> &paths,
+                                                   std::int16_t viewNumber, const NearestSegment &nearest,
+                                                   const MapPoint &at) {
+    if (viewNumber == 0)
+        return NearestOf(paths, 0, Paths, nearest, at);
+    const std::size_t only = CheckIndex(viewNumber - 1, Paths);
+    return NearestOf(paths, only, only + 1, nearest, at);
+}
+
+std::optional<int> NearestLine(const Campaign &campaign, const MapDisplay &display, NearestSegment nearest) {
+    struct End {
+        std::int16_t x;
+        std::int16_t y;
+    };
+    const auto middle = LineWithNeighbours(display);
+    const LineRange shown = middle ? NeighboursOf(*middle) : LineRange{0, int{railwayLineTotal} - 1};
+    std::optional<int> found;
+    for (int i = shown.first; i <= shown.last; ++i) {
+        const RailwayLine &line = campaign.RailwayTable[static_cast<std::size_t>(i)];
+        if (!line.IsUnused() && nearest.IsNearer(End{line.x1, line.y1}, End{line.x2, line.y2}))
+            found = i;
+    }
+    return found;
+}
+
+}  // namespace
+
+ItemsUnderPixel ItemsUnder(const Campaign &campaign, const MapView &view, const MapDisplay &display, int x,
+                           int y) {
+    const MapPoint at = ScreenToMap(view, static_cast<float>(x), static_cast<float>(y));
+    const NearestSegment nearest(view, x, y);
+    ItemsUnderPixel items;
+    for (std::size_t i = 0; i < targetTotal; ++i)
+        if (campaign.TargetTable[i].x == at.x && campaign.TargetTable[i].y == at.y)
+            items.targets.push_back(static_cast<int>(i));
+    if (display.mnu_v_frontlines) {
+        const std::size_t shown =
+            CheckIndex(display.mnu_e_frontline ? display.upd_frnt_num : view.ViewFrontline, frontlineTotal);
+        items.frontline = NearestOf(campaign.FrontlineTable, shown, shown + 1, nearest, at);
+    }
+    if (display.mnu_v_railways)
+        items.railwayLine = NearestLine(campaign, display, nearest);
+    if (display.mnu_v_roadint)
+        items.roadPath = NearestPath(campaign.RoadWaypointTable, display.upd_view_roadint, nearest, at);
+    if (display.mnu_v_railint)
+        items.railPath = NearestPath(campaign.RailWaypointTable, display.upd_view_railint, nearest, at);
+    return items;
+}
+
+}  // namespace vtr
