@@ -7,7 +7,7 @@
 #include "Arithmetic.h"
 #include "CampaignFiles.h"
 #include "EditCampaign.h"
-#include "Text.h"
+#include "ItemNotes.h"
 
 namespace vtr {
 
@@ -21,13 +21,8 @@ std::string TextOf(double metres) {
     return ShortestText(metres);
 }
 
-/// One of the game's names in quotation marks, on one line and not too long.
 std::string TextOf(const std::string &name) {
-    constexpr std::size_t longest = 60;
-    std::string line = name;
-    std::ranges::replace_if(
-        line, [](char character) { return (character >= 0 && character < ' ') || character == 127; }, ' ');
-    return '\'' + Shortened(Utf8OfWindows1252(line), longest) + '\'';
+    return '\'' + ShownName(name) + '\'';
 }
 
 std::string YesOrNo(std::uint16_t flag) {

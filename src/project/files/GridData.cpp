@@ -136,6 +136,10 @@ std::optional<int> WriteGridData(const std::string &path, const Campaign &campai
     return std::nullopt;
 }
 
+std::string NoteOfGrid(const std::optional<int> &misfit) {
+    return misfit ? "Grid: target " + std::to_string(*misfit) + " does not fit" : "Grid: every target fits";
+}
+
 std::string MessageOfMisfit(int target) {
     return "Failed to create GRIDDATA.DAT.  Target #" + std::to_string(target) +
            " did not fit.  Please try a different arrangement and try again.";

@@ -40,6 +40,9 @@ Bytes EncodeGrid(const Grid &grid);
 std::optional<int> WriteGridData(const std::string &path, const Campaign &campaign,
                                  const FileWrite &write = AtomicWrite);
 
+/// Whether the targets can be filed, in a few words for the user.
+std::string NoteOfGrid(const std::optional<int> &misfit);
+
 /// What the user is told about the target that did not fit.
 std::string MessageOfMisfit(int target);
 
