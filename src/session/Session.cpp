@@ -145,6 +145,22 @@ MapPixel SelectedPixel(const Session &session) {
     return pixelOf(at(campaign.TargetTable, selection.target));
 }
 
+std::optional<MapPixel> PixelToMark(const Session &session) {
+    const Selection &selection = session.selection;
+    const Campaign &campaign = session.campaign;
+    const auto isUsed = [](const auto &paths, const Selection::PathWaypoint &selected) {
+        return selected.waypoint < paths.at(static_cast<std::size_t>(selected.path)).count;
+    };
+    bool used = campaign.ProjectLoaded;
+    if (session.mode == EditMode::Railway)
+        used &= !campaign.RailwayTable.at(static_cast<std::size_t>(selection.railwayLine)).IsUnused();
+    else if (session.mode == EditMode::RoadInt)
+        used &= isUsed(campaign.RoadWaypointTable, selection.road);
+    else if (session.mode == EditMode::RailInt)
+        used &= isUsed(campaign.RailWaypointTable, selection.rail);
+    return used ? std::optional(SelectedPixel(session)) : std::nullopt;
+}
+
 MapDisplay DisplayOf(const Session &session) {
     const Selection &selection = session.selection;
     return {session.layers,

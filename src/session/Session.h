@@ -3,6 +3,7 @@
 #include <array>
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "Campaign.h"
@@ -98,6 +99,8 @@ struct MapPixel {
 /// Where the item lies that is selected in the current mode; of a railway line its start. It may lie beside
 /// the map.
 MapPixel SelectedPixel(const Session &session);
+/// The pixel of the selected item, if it is one that is in use.
+std::optional<MapPixel> PixelToMark(const Session &session);
 /// What the next redraw shows.
 MapDisplay DisplayOf(const Session &session);
 

@@ -163,6 +163,32 @@ TEST_F(SessionTest, TheSelectedPixelIsThatOfTheItemOfTheMode) {
     EXPECT_EQ(pixelIn(EditMode::RailInt), std::pair(50, 51));
 }
 
+TEST_F(SessionTest, AnUnusedItemIsNotMarked) {
+    Campaign &campaign = session->campaign;
+    session->selection = {.target = 2, .railwayLine = 5, .road = {6, 3}, .rail = {8, 3}};
+    const auto isMarkedIn = [&](EditMode mode) {
+        session->mode = mode;
+        return PixelToMark(*session).has_value();
+    };
+    const std::array modes{EditMode::Target, EditMode::Frontline, EditMode::Railway, EditMode::RoadInt,
+                           EditMode::RailInt};
+    campaign.RailwayTable[5] = {.x1 = 30, .x2 = 1, .y1 = 31, .y2 = 2};
+    campaign.RoadWaypointTable[6].count = campaign.RailWaypointTable[8].count = 4;
+    for (const EditMode mode : modes)
+        EXPECT_FALSE(isMarkedIn(mode)) << "no project is loaded";
+    campaign.ProjectLoaded = true;
+    for (const EditMode mode : modes)
+        EXPECT_TRUE(isMarkedIn(mode)) << static_cast<int>(mode);
+    campaign.RailwayTable[5] = {};
+    campaign.RoadWaypointTable[6].count = campaign.RailWaypointTable[8].count = 3;
+    EXPECT_FALSE(isMarkedIn(EditMode::Railway));
+    EXPECT_FALSE(isMarkedIn(EditMode::RoadInt));
+    EXPECT_FALSE(isMarkedIn(EditMode::RailInt));
+    session->mode = EditMode::Railway;
+    campaign.RailwayTable[5] = {.x1 = 30, .x2 = 1, .y1 = 31, .y2 = 2};
+    EXPECT_EQ(PixelToMark(*session)->x, 30);
+}
+
 namespace {
 
 /// All that a session's tables can go through, kept as whole campaigns: every state that undo and redo can
