@@ -1,6 +1,9 @@
 #include "MainMenu.h"
 
+#include <QPainter>
+
 #include "GameText.h"
+#include "MapPen.h"
 
 namespace vtr {
 
@@ -29,6 +32,35 @@ QAction *AddSeparator(QMenu *menu, const char *name) {
     QAction *separator = menu->addSeparator();
     separator->setObjectName(QLatin1String(name));
     return separator;
+}
+
+/// A swatch of one colour, or of two side by side, ticked or not: some styles draw no tick beside an icon.
+QPixmap SwatchOf(std::int32_t left, std::int32_t right, bool ticked) {
+    constexpr int size = 16;
+    constexpr int margin = 2;
+    QPixmap swatch(size, size);
+    swatch.fill(Qt::transparent);
+    QPainter painter(&swatch);
+    const QRect inside = swatch.rect().adjusted(margin, margin, -margin, -margin);
+    painter.fillRect(inside, QColor::fromRgb(CanvasColour(left)));
+    painter.fillRect(inside.adjusted(inside.width() / 2, 0, 0, 0), QColor::fromRgb(CanvasColour(right)));
+    painter.setPen(Qt::gray);
+    painter.drawRect(inside.adjusted(-1, -1, 0, 0));
+    if (!ticked)
+        return swatch;
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPolygonF tick({{4.5, 8.5}, {7, 11}, {11.5, 4.5}});
+    for (const auto &[colour, width] : {std::pair(Qt::black, 3.5), {Qt::white, 1.75}}) {
+        painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolyline(tick);
+    }
+    return swatch;
+}
+
+QIcon IconOf(std::int32_t left, std::int32_t right) {
+    QIcon icon(SwatchOf(left, right, false));
+    icon.addPixmap(SwatchOf(left, right, true), QIcon::Normal, QIcon::On);
+    return icon;
 }
 
 }  // namespace
@@ -88,6 +120,14 @@ MainMenu::MainMenu(QMenuBar *bar) {
     mnu_h_about = AddEntry(mnu_help, "mnu_h_about", "&About...");
 
     ShowRecentProjects({});
+}
+
+void MainMenu::ShowColours(const Preferences &preferences) const {
+    mnu_v_targets->setIcon(IconOf(preferences.TargetColour, preferences.AirfieldColour));
+    mnu_v_frontlines->setIcon(IconOf(preferences.FrontlineColour, preferences.FrontlineColour));
+    mnu_v_railways->setIcon(IconOf(preferences.RailwayColour, preferences.RailwayColour));
+    mnu_v_roadint->setIcon(IconOf(preferences.RoadIntColour, preferences.RoadIntColour));
+    mnu_v_railint->setIcon(IconOf(preferences.RailIntColour, preferences.RailIntColour));
 }
 
 void MainMenu::ShowRecentProjects(const std::array<std::string, 4> &names) const {

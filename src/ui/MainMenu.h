@@ -5,6 +5,8 @@
 #include <array>
 #include <string>
 
+#include "Preferences.h"
+
 namespace vtr {
 
 /// The menus of the main window and their entries, each under its object name.
@@ -55,6 +57,8 @@ struct MainMenu {
 
     /// Shows the recent projects that have a name, newest first, and the separator below them when there are
     /// any.
+    /// Shows beside each view entry in which colours its layer is drawn.
+    void ShowColours(const Preferences &preferences) const;
     void ShowRecentProjects(const std::array<std::string, 4> &names) const;
 };
 

@@ -38,8 +38,10 @@ QString NextStart(FileAfterwards file) {
 
 PreferencesCommands::PreferencesCommands(Session &session, MainWidgets &widgets, QMainWindow *window)
     : QObject(window), session_(session), widgets_(widgets), window_(window) {
-    connect(widgets.menu.mnu_p_prefs, &QAction::triggered, this,
-            [this] { frm_prefs(session_.preferences, window_).exec(); });
+    connect(widgets.menu.mnu_p_prefs, &QAction::triggered, this, [this] {
+        frm_prefs(session_.preferences, window_).exec();
+        widgets_.menu.ShowColours(session_.preferences);
+    });
 }
 
 void PreferencesCommands::Read() {
@@ -64,6 +66,7 @@ void PreferencesCommands::Read() {
     }
     session_.preferences = read_.preferences;
     widgets_.menu.ShowRecentProjects(session_.preferences.RecentProjectNames);
+    widgets_.menu.ShowColours(session_.preferences);
 }
 
 void PreferencesCommands::TellBadLines() {
