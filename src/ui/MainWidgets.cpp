@@ -11,6 +11,7 @@
 #include "MapFrame.h"
 #include "NumberField.h"
 #include "Overview.h"
+#include "QuietLine.h"
 #include "RailwayPanel.h"
 #include "StartLinks.h"
 #include "StatusBar.h"
@@ -37,6 +38,7 @@ MainWidgets::MainWidgets(QMainWindow *window, Session &session)
       Img_SmallMap(new Overview(window)),
       fra_control(new ControlBox(session, window)),
       lbl_upside_down(new QLabel(window)),
+      lbl_under(new QuietLine(QStringLiteral("lbl_under"), 3, QString(), window)),
       fra_target(new TargetPanel(session, window)),
       fra_airfield(new AirfieldPanel(session, window)),
       fra_frontline(new FrontlinePanel(session, window)),
@@ -60,6 +62,7 @@ MainWidgets::MainWidgets(QMainWindow *window, Session &session)
         "The generated map is upside down. <a href=\"#\">Mirror&nbsp;the&nbsp;map&nbsp;picture</a>"));
     lbl_upside_down->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     lbl_upside_down->setWordWrap(true);
+    lbl_under->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
     workspace = new Workspace(
         mapFrame,
         {MakeColumn(window), fra_target, fra_airfield, fra_frontline, fra_railway, fra_roadint, fra_railint},
@@ -77,8 +80,8 @@ QWidget *MainWidgets::MakeColumn(QWidget *window) const {
     rows->setSpacing(FrameFlow::spacing);
     rows->addWidget(Img_SmallMap, 0, Qt::AlignHCenter);
     rows->addWidget(fra_control);
+    rows->addWidget(lbl_under);
     rows->addWidget(lbl_upside_down);
-    rows->addStretch(1);
     return column;
 }
 
@@ -124,6 +127,9 @@ void MainWidgets::ShowEdits() const {
     ShowEdit(*menu.mnu_e_undo, QStringLiteral("&Undo"), state.undo);
     ShowEdit(*menu.mnu_e_redo, QStringLiteral("R&edo"), state.redo);
     sb_status->lbl_edited->ShowFiles(state.editedFiles);
+    for (const ModeControls &controls : modes)
+        controls.frame->ShowNote();
+    fra_airfield->ShowNote();
 }
 
 }  // namespace vtr

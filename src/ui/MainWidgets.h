@@ -16,6 +16,7 @@ class MapFrame;
 class NumberField;
 class Overview;
 class Panel;
+class QuietLine;
 class RailwayPanel;
 class StartLinks;
 class StatusBar;
@@ -33,6 +34,7 @@ struct MainWidgets {
     Overview *Img_SmallMap;
     ControlBox *fra_control;
     QLabel *lbl_upside_down;  ///< shown while the map is one that was generated, with a link to mirror it
+    QuietLine *lbl_under;     ///< what is under the pointer
     TargetPanel *fra_target;
     AirfieldPanel *fra_airfield;
     FrontlinePanel *fra_frontline;

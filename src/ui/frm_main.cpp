@@ -47,6 +47,7 @@ frm_main::frm_main(Session &session)
       editModes_(session, widgets_),
       mapMoving_(session, widgets_, [this] { Redraw(); }),
       mapEditing_(session, widgets_),
+      mapSigns_(session, widgets_),
       itemCommands_(session, widgets_, this, [this] { Redraw(); }),
       historyCommands_(session, widgets_, this, [this] { Redraw(); }),
       listCommands_(session, widgets_, this, [this] { Redraw(); }),
@@ -69,6 +70,7 @@ frm_main::frm_main(Session &session)
     WirePanels();
     session.tablesChanged = [this] {
         widgets_.ShowEdits();
+        widgets_.fra_target->TargetsChanged();
         saveCommands_.EditsChanged();
         workKeeper_.TablesChanged();
         listCommands_.TablesChanged();
@@ -110,6 +112,7 @@ void frm_main::Redraw() {
         widgets_.fra_control->ShowDisabledLines(QString::fromStdString(*disabledLines));
     map.update();
     widgets_.mapFrame->MapDrawn();
+    mapSigns_.MapDrawn();
 }
 
 void frm_main::WireMenus() {
@@ -151,6 +154,8 @@ void frm_main::WirePanels() {
                                         widgets_.fra_railway, widgets_.fra_roadint, widgets_.fra_railint})
         connect(panel, &Panel::Changed, this, &frm_main::Redraw);
     connect(widgets_.fra_target, &TargetPanel::StatusMessage, widgets_.sb_status, &StatusBar::ShowObjection);
+    connect(widgets_.fra_frontline, &FrontlinePanel::StatusMessage, widgets_.sb_status,
+            &StatusBar::ShowObjection);
     for (const NumberField *field : findChildren<NumberField *>())
         connect(field, &NumberField::Refused, widgets_.sb_status, &StatusBar::ShowObjection);
     connect(widgets_.fra_target, &TargetPanel::AirfieldShown, this, [this](std::optional<int> airfield) {

@@ -10,6 +10,7 @@
 #include "MainWidgets.h"
 #include "MapEditing.h"
 #include "MapMoving.h"
+#include "MapSigns.h"
 #include "PreferencesCommands.h"
 #include "ProjectCommands.h"
 #include "ProjectFileCommands.h"
@@ -61,6 +62,7 @@ class frm_main : public QMainWindow {
     EditModes editModes_;
     MapMoving mapMoving_;
     MapEditing mapEditing_;  ///< after the view has moved: it tells what is under the mouse then
+    MapSigns mapSigns_;
     ItemCommands itemCommands_;
     HistoryCommands historyCommands_;
     ListCommands listCommands_;

@@ -210,9 +210,9 @@ TEST_F(KeyboardTest, TabGoesThroughEveryControlOfATargetAndItsAirfieldInReadingO
 
 TEST_F(KeyboardTest, TabGoesThroughEveryControlOfAFrontlineInReadingOrder) {
     Entry("mnu_e_frontline").trigger();
-    ExpectTabWalk(
-        {"upd_view_railway", "upd_view_railint", "upd_view_roadint"},
-        {"upd_frnt_num", "upd_frnt_pointnum", "upd_frnt_x", "upd_frnt_y", "chk_frnt_map", "cmd_frnt_copy"});
+    ExpectTabWalk({"upd_view_railway", "upd_view_railint", "upd_view_roadint"},
+                  {"upd_frnt_num", "upd_frnt_pointnum", "upd_frnt_x", "upd_frnt_y", "chk_frnt_map",
+                   "cmd_frnt_copy", "cmd_frnt_next"});
 }
 
 TEST_F(KeyboardTest, TabGoesThroughEveryControlOfARailwayLineInReadingOrder) {
@@ -233,6 +233,9 @@ TEST_F(KeyboardTest, TabGoesThroughEveryControlOfAnInterdictionPathInReadingOrde
 }
 
 TEST_F(KeyboardTest, AFrameAroundTheMapComesAndGoesWithTheFocusAndMovesNothing) {
+    // Then nothing marks it over the map.
+    campaign().TargetTable[0].y = 1760;
+    window().Redraw();
     const QColor frameColour = window().palette().color(QPalette::Highlight);
     const QColor between = window().palette().color(QPalette::Window);
     const QRect map = Map().geometry();

@@ -43,6 +43,9 @@ std::optional<int> WriteGridData(const std::string &path, const Campaign &campai
 /// Whether the targets can be filed, in a few words for the user.
 std::string NoteOfGrid(const std::optional<int> &misfit);
 
+/// The same where the build ends in an error, because of more targets in one cell than it can count.
+constexpr const char *noteOfFullCell = "Grid: too many targets in one place";
+
 /// What the user is told about the target that did not fit.
 std::string MessageOfMisfit(int target);
 

@@ -16,6 +16,7 @@ class MapSurface : public PictureWidget {
     void MouseMoved(QMouseEvent *event);
     void MousePressed(QMouseEvent *event);
     void MouseReleased(QMouseEvent *event);
+    void MouseLeft();
     void WheelTurned(QWheelEvent *event);
     /// An arrow key with Alt asks to scroll the map by a step to the right or left, or down or up.
     void ScrollRequested(int right, int down);
@@ -26,6 +27,7 @@ class MapSurface : public PictureWidget {
     void mouseMoveEvent(QMouseEvent *event) override { Q_EMIT MouseMoved(event); }
     void mousePressEvent(QMouseEvent *event) override { Q_EMIT MousePressed(event); }
     void mouseReleaseEvent(QMouseEvent *event) override { Q_EMIT MouseReleased(event); }
+    void leaveEvent(QEvent * /*event*/) override { Q_EMIT MouseLeft(); }
     void wheelEvent(QWheelEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent * /*event*/) override { Q_EMIT FocusChanged(); }

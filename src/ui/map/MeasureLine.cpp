@@ -17,18 +17,14 @@ constexpr int textMargin = 3;
 
 }  // namespace
 
-MeasureLine::MeasureLine(MapSurface *map) : QWidget(map->parentWidget()), map_(map) {
-    setObjectName(QStringLiteral("lin_measure"));
-    setAttribute(Qt::WA_TransparentForMouseEvents);
+MeasureLine::MeasureLine(MapSurface *map) : MapOverlay(QStringLiteral("lin_measure"), map) {
     setPalette(QToolTip::palette());
-    hide();
 }
 
 void MeasureLine::ShowLine(QPointF from, QPointF to, const QString &text) {
     from_ = from;
     to_ = to;
     text_ = text;
-    setGeometry(map_->geometry());
     raise();
     show();
     update();
@@ -37,7 +33,7 @@ void MeasureLine::ShowLine(QPointF from, QPointF to, const QString &text) {
 void MeasureLine::paintEvent(QPaintEvent * /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double scale = static_cast<double>(width()) / mapWidth;
+    const double scale = Map().Factor();
     const QLineF line(from_ * scale, to_ * scale);
     // Black around white shows on any map.
     for (const auto &[colour, penWidth] : {std::pair(Qt::black, 3.5), {Qt::white, 1.5}}) {

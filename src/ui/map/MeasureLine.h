@@ -1,14 +1,11 @@
 #pragma once
 
-#include <QWidget>
+#include "MapOverlay.h"
 
 namespace vtr {
 
-class MapSurface;
-
-/// A line over the map with a text at its end. It lies over the map and is no part of it: the mouse goes
-/// through it.
-class MeasureLine : public QWidget {
+/// A line over the map with a text at its end.
+class MeasureLine : public MapOverlay {
     Q_OBJECT
 
   public:
@@ -22,7 +19,6 @@ class MeasureLine : public QWidget {
     void paintEvent(QPaintEvent *event) override;
 
   private:
-    MapSurface *map_;
     QPointF from_;
     QPointF to_;
     QString text_;

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <algorithm>
@@ -11,7 +12,9 @@
 #include "ChoiceField.h"
 #include "EditCampaign.h"
 #include "GameText.h"
+#include "ItemNotes.h"
 #include "NumberField.h"
+#include "QuietLine.h"
 
 namespace vtr {
 
@@ -42,6 +45,7 @@ AirfieldPanel::AirfieldPanel(Session &session, QWidget *parent)
 }
 
 void AirfieldPanel::Build() {
+    TitleRow().addWidget(MakeNote("lbl_air_note", 1));
     code_ = new QLineEdit(this);
     code_->setObjectName(QStringLiteral("txt_air_code"));
     code_->setAccessibleName(QStringLiteral("Airfield record"));
@@ -125,6 +129,11 @@ void AirfieldPanel::ShowAirfield(std::optional<int> airfield) {
     airfield_ = exists ? airfield : std::nullopt;
     session_.airfieldFrameEnabled = exists;
     Refresh();
+    ShowNote();
+}
+
+std::string AirfieldPanel::Note() const {
+    return airfield_ || missing_ ? NoteOfAirfield(campaign_, session_.selection.target) : std::string();
 }
 
 void AirfieldPanel::ShowToolTip() {

@@ -28,6 +28,7 @@ class AirfieldPanel : public Panel {
     void changeEvent(QEvent *event) override;
     bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    std::string Note() const override;
 
   private:
     void Build();

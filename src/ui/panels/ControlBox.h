@@ -26,6 +26,9 @@ class ControlBox : public Panel {
     void ViewFrontlineChanged(int slot);
     void ViewRailwayChanged(int line);  ///< 0: all
 
+  protected:
+    std::string Note() const override { return {}; }
+
   private:
     NumberField *AddViewSelector(const FieldText &text, const QString &toolTip, int row);
 

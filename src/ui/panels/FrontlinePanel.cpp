@@ -2,12 +2,15 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QPushButton>
 #include <QSignalBlocker>
 
 #include "EditCampaign.h"
+#include "ItemNotes.h"
 #include "MapView.h"
 #include "NumberField.h"
+#include "QuietLine.h"
 
 namespace vtr {
 
@@ -28,11 +31,21 @@ void FrontlinePanel::Build() {
     onMap_ = new QCheckBox(QStringLiteral("On Map?"), this);
     onMap_->setObjectName(QStringLiteral("chk_frnt_map"));
     onMap_->setToolTip(QStringLiteral("Display it on the briefing map?"));
-    Grid().addWidget(onMap_, 3, 0, 1, 4);
+    auto *last = new QHBoxLayout;
+    last->addWidget(onMap_);
+    last->addWidget(MakeNote("lbl_frnt_note", 2, QStringLiteral("Point 29 of")));
+    Grid().addLayout(last, 3, 0, 1, 4);
     copy_ = MakeButton(QStringLiteral("cmd_frnt_copy"), QStringLiteral("Copy to All Slots"),
                        QStringLiteral("Copy all points of this slot into every slot"));
     Grid().addWidget(copy_, 4, 0, 1, 4);
-    Grid().setRowStretch(5, 1);
+    next_ = MakeButton(QStringLiteral("cmd_frnt_next"), QStringLiteral("Next Free Point"),
+                       QStringLiteral("Select the first point of this slot that is not used yet"));
+    Grid().addWidget(next_, 5, 0, 1, 4);
+    Grid().setRowStretch(6, 1);
+    // No higher than the railway frame beside it.
+    QMargins margins = Grid().contentsMargins();
+    margins.setBottom(1);
+    Grid().setContentsMargins(margins);
 }
 
 void FrontlinePanel::Bind() {
@@ -55,6 +68,20 @@ void FrontlinePanel::Bind() {
         Q_EMIT Changed();
     });
     connect(copy_, &QPushButton::clicked, this, &FrontlinePanel::CopyIntoAllSlots);
+    connect(next_, &QPushButton::clicked, this, &FrontlinePanel::SelectFreePoint);
+}
+
+std::string FrontlinePanel::Note() const {
+    return NoteOfFrontlinePoint(campaign_.FrontlineTable[static_cast<std::size_t>(Slot())], Point());
+}
+
+void FrontlinePanel::SelectFreePoint() {
+    const auto free = FirstFreePoint(campaign_.FrontlineTable[static_cast<std::size_t>(Slot())]);
+    if (free)
+        point_->SetNumber(*free);
+    else
+        Q_EMIT StatusMessage(
+            QStringLiteral("All %1 points of this slot are in use.").arg(frontlinePointTotal));
 }
 
 std::string FrontlinePanel::ShownPoint() const {

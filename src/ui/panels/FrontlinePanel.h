@@ -16,6 +16,12 @@ class FrontlinePanel : public Panel {
     void Refresh() override;
     PositionFields Position() const { return {x_, y_}; }
 
+  Q_SIGNALS:
+    void StatusMessage(const QString &text);
+
+  protected:
+    std::string Note() const override;
+
   private:
     void Build();
     void Bind();
@@ -25,6 +31,7 @@ class FrontlinePanel : public Panel {
     std::string ShownPoint() const;
     TableRows ShownRow() const;
     void CopyIntoAllSlots();
+    void SelectFreePoint();
 
     NumberField *slot_ = nullptr;
     NumberField *point_ = nullptr;
@@ -32,6 +39,7 @@ class FrontlinePanel : public Panel {
     NumberField *y_ = nullptr;
     QCheckBox *onMap_ = nullptr;
     QPushButton *copy_ = nullptr;
+    QPushButton *next_ = nullptr;
 };
 
 }  // namespace vtr

@@ -4,10 +4,12 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStyleOptionGroupBox>
 
 #include "Arithmetic.h"
 #include "NumberField.h"
 #include "ProgramVersion.h"
+#include "QuietLine.h"
 
 namespace vtr {
 
@@ -25,6 +27,38 @@ void Panel::ShowSelection() {
     for (const auto &[field, selected] : selectors_)
         field->ShowRecordValue(*selected);
     Refresh();
+    ShowNote();
+    Q_EMIT ItemShown();
+}
+
+void Panel::ShowNote() {
+    if (note_ != nullptr)
+        note_->SetText(campaign_.ProjectLoaded ? QString::fromStdString(Note()) : QString());
+}
+
+QHBoxLayout &Panel::TitleRow() {
+    if (titleRow_ == nullptr) {
+        titleRow_ = new QWidget(this);
+        auto *row = new QHBoxLayout(titleRow_);
+        row->setContentsMargins(0, 0, Grid().contentsMargins().right(), 0);
+    }
+    return static_cast<QHBoxLayout &>(*titleRow_->layout());
+}
+
+QuietLine *Panel::MakeNote(const char *name, int lines, const QString &widest) {
+    note_ = new QuietLine(QLatin1String(name), lines, widest, this);
+    return note_;
+}
+
+void Panel::resizeEvent(QResizeEvent *event) {
+    QGroupBox::resizeEvent(event);
+    if (titleRow_ == nullptr)
+        return;
+    QStyleOptionGroupBox option;
+    initStyleOption(&option);
+    const QRect title = style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, this);
+    const int gap = fontMetrics().height();
+    titleRow_->setGeometry(title.right() + gap, title.top(), width() - title.right() - gap, title.height());
 }
 
 NumberField *Panel::AddField(const FieldText &text, int row, int column, int columns) {
@@ -47,6 +81,8 @@ NumberField *Panel::AddSelector(const FieldText &text, int &selected, int row, i
         selected = item;
         session_.history.EndMerging();
         Refresh();
+        ShowNote();
+        Q_EMIT ItemShown();
     });
     selectors_.emplace_back(field, &selected);
     return field;

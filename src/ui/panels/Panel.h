@@ -6,9 +6,12 @@
 #include "Session.h"
 
 class QGridLayout;
+class QHBoxLayout;
 class QPushButton;
 
 namespace vtr {
+
+class QuietLine;
 
 /// A frame of the main window that shows and edits one item of the campaign. Disabled at first.
 class Panel : public QGroupBox {
@@ -19,8 +22,12 @@ class Panel : public QGroupBox {
     virtual void Refresh() = 0;
     /// Shows the item that the session selects, its number included.
     void ShowSelection();
+    /// Shows what there is to say of the current item now.
+    void ShowNote();
 
   Q_SIGNALS:
+    /// The panel may show another item.
+    void ItemShown();
     /// What the map shows may have changed: redraw it once.
     void Changed();
 
@@ -42,12 +49,23 @@ class Panel : public QGroupBox {
     QPushButton *MakeButton(const QString &name, const QString &caption, const QString &toolTip);
 
     QGridLayout &Grid() { return *grid_; }
+    /// The row beside the panel's title, where there is room for a word about the item.
+    QHBoxLayout &TitleRow();
+    /// Makes the line that shows the note; the caller places it. One of a single line goes into the title
+    /// row.
+    QuietLine *MakeNote(const char *name, int lines, const QString &widest = {});
+    /// What there is to say of the current item (UTF-8).
+    virtual std::string Note() const = 0;
+
+    void resizeEvent(QResizeEvent *event) override;
 
     Session &session_;
     const Campaign &campaign_;
 
   private:
     QGridLayout *grid_;
+    QWidget *titleRow_ = nullptr;
+    QuietLine *note_ = nullptr;
     std::vector<std::pair<NumberField *, const int *>> selectors_;
 };
 

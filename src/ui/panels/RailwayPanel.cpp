@@ -2,14 +2,17 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QPushButton>
 
 #include "Arithmetic.h"
 #include "EditCampaign.h"
 #include "GamePosition.h"
+#include "ItemNotes.h"
 #include "MapRedraw.h"
 #include "MapView.h"
 #include "NumberField.h"
+#include "QuietLine.h"
 
 namespace vtr {
 
@@ -20,7 +23,12 @@ RailwayPanel::RailwayPanel(Session &session, QWidget *parent)
     Refresh();
 }
 
+std::string RailwayPanel::Note() const {
+    return NoteOfRailwayLine(campaign_, Line());
+}
+
 void RailwayPanel::Build() {
+    TitleRow().addWidget(MakeNote("lbl_rail_note", 1));
     line_ = AddSelector({"rail_linenum", "&Line:", "Railway line", "", railwayLineTotal - 1},
                         session_.selection.railwayLine, 0, 0);
     increment_ = new QCheckBox(QStringLiteral("Automatically Increment Line #?"), this);

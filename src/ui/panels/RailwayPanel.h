@@ -32,6 +32,9 @@ class RailwayPanel : public Panel {
     /// caption tells which lines are disabled.
     void DisabledLinesChanged(const QString &caption);
 
+  protected:
+    std::string Note() const override;
+
   private:
     void Build();
     void Bind();

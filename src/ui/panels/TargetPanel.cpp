@@ -2,6 +2,8 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -13,8 +15,11 @@
 #include "EditCampaign.h"
 #include "GamePosition.h"
 #include "GameText.h"
+#include "GridData.h"
+#include "ItemNotes.h"
 #include "MapView.h"
 #include "NumberField.h"
+#include "QuietLine.h"
 #include "UndoKeys.h"
 
 namespace vtr {
@@ -90,6 +95,15 @@ TargetPanel::TargetPanel(Session &session, QWidget *parent)
 }
 
 void TargetPanel::Build() {
+    gridFit_ = new QLabel(this);
+    gridFit_->setObjectName(QStringLiteral("lbl_grid"));
+    gridFit_->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    gridFit_->setFocusPolicy(Qt::NoFocus);
+    gridFit_->setAutoFillBackground(true);  // as the note beside it
+    gridFit_->setToolTip(
+        QStringLiteral("Whether the grid data file can be built from the targets as they are"));
+    TitleRow().addWidget(MakeNote("lbl_tar_note", 1), 1);
+    TitleRow().addWidget(gridFit_);
     code_ = AddSelector({"tar_code", "&Number:", "Target number", "", targetTotal - 1},
                         session_.selection.target, 0, 0);
     code_->CutFraction();
@@ -129,6 +143,14 @@ void TargetPanel::Build() {
 }
 
 void TargetPanel::Bind() {
+    gridTimer_.setObjectName(QStringLiteral("tmr_grid"));
+    gridTimer_.setSingleShot(true);
+    gridTimer_.setInterval(300);
+    connect(&gridTimer_, &QTimer::timeout, this, &TargetPanel::ShowGrid);
+    connect(gridFit_, &QLabel::linkActivated, this, [this] {
+        if (misfit_)
+            Select(*misfit_);
+    });
     connect(code_, &NumberField::NumberChanged, this, &TargetPanel::Changed);
     const auto store = [this](NumberField *field, const char *what, auto set, auto... of) {
         connect(field, &NumberField::NumberChanged, this, [this, field, what, set, of...](int number) {
@@ -171,6 +193,26 @@ void TargetPanel::Refresh() {
     count_->ShowRecordValue(target.count);
     isAirfield_->setChecked(target.airfield_mark != 0);
     TellAirfield();
+}
+
+std::string TargetPanel::Note() const {
+    return NoteOfTarget(campaign_, Target());
+}
+
+void TargetPanel::ShowGrid() {
+    misfit_.reset();
+    if (!campaign_.ProjectLoaded)
+        return;
+    QString note;
+    try {
+        misfit_ = BuildGrid(campaign_.TargetTable).misfit;
+        note = QString::fromStdString(NoteOfGrid(misfit_));
+    } catch (const Error &) {  // nobody has asked for a grid: there is nothing to report
+        note = QString::fromUtf8(noteOfFullCell);
+    }
+    gridFit_->setText(misfit_ ? QStringLiteral("<a href=\"#\">%1</a>").arg(note) : note);
+    gridFit_->setAccessibleName(note);
+    gridFit_->setFocusPolicy(misfit_ ? Qt::StrongFocus : Qt::NoFocus);
 }
 
 void TargetPanel::Renumber(int target) {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QTimer>
 #include <optional>
 
 #include "Panel.h"
 
 class QCheckBox;
+class QLabel;
 class QLineEdit;
 
 namespace vtr {
@@ -21,6 +23,8 @@ class TargetPanel : public Panel {
     /// The selected target has a new number. The other fields show it already.
     void Renumber(int target);
     PositionFields Position() const { return {x_, y_, xMetres_, yMetres_}; }
+    /// The targets may have changed: tells soon whether all of them fit into the grid data file.
+    void TargetsChanged() { gridTimer_.start(); }
 
   Q_SIGNALS:
     /// The airfield number of the selected target, nothing when it is no airfield.
@@ -31,6 +35,9 @@ class TargetPanel : public Panel {
     void ReorderRequested();
     void StatusMessage(const QString &text);
 
+  protected:
+    std::string Note() const override;
+
   private:
     void Build();
     void Bind();
@@ -38,6 +45,7 @@ class TargetPanel : public Panel {
     void StoreName();
     void StoreIsAirfield();
     void TellAirfield();
+    void ShowGrid();
 
     NumberField *code_ = nullptr;
     NumberField *x_ = nullptr;
@@ -51,6 +59,9 @@ class TargetPanel : public Panel {
     QPushButton *precise_ = nullptr;
     QPushButton *tile_ = nullptr;
     QPushButton *reorder_ = nullptr;
+    QLabel *gridFit_ = nullptr;
+    QTimer gridTimer_{this};
+    std::optional<int> misfit_;  ///< the target that finds no place in the grid
 };
 
 }  // namespace vtr

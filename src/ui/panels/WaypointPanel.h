@@ -18,9 +18,12 @@ class WaypointPanel : public Panel {
 
     void Refresh() override;
 
+  protected:
+    std::string Note() const override;
+
   private:
     void Build(const char *path, const char *waypoint, const char *x, const char *xMetres, const char *y,
-               const char *yMetres);
+               const char *yMetres, const char *note);
 
     Selection::PathWaypoint &selected_;
     std::span<const WaypointPath> paths_;
