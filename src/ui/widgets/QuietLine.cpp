@@ -36,32 +36,36 @@ QSize QuietLine::sizeHint() const {
     return {fontMetrics().horizontalAdvance(widest_), lines_ * fontMetrics().height()};
 }
 
-QuietLine::Lines QuietLine::Broken() const {
-    const int most = std::max(1, height() / fontMetrics().height());
+bool QuietLine::LayOut(QTextLayout &layout, QString &shortened) const {
+    const int lineHeight = fontMetrics().height();
+    const int most = std::max(1, height() / lineHeight);
     QString paragraphs = text_;
-    QTextLayout layout(paragraphs.replace(QLatin1Char('\n'), QChar::LineSeparator), font());
-    Lines broken;
+    layout.setText(paragraphs.replace(QLatin1Char('\n'), QChar::LineSeparator));
+    layout.setFont(font());
     layout.beginLayout();
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    for (int number = 0; number < most; ++number) {
+        QTextLine line = layout.createLine();
+        if (!line.isValid())
+            break;
         line.setLineWidth(width());
-        const bool isLastPlace = broken.lines.size() + 1 == most;
-        const QString rest = paragraphs.mid(line.textStart());
-        const bool endsHere = line.textLength() == rest.size();
-        if (isLastPlace && (!endsHere || line.naturalTextWidth() > width())) {
-            const QString oneLine = QString(rest).replace(QChar::LineSeparator, QLatin1Char(' '));
-            broken.lines << fontMetrics().elidedText(oneLine + (endsHere ? "" : "..."), Qt::ElideRight,
-                                                     width());
-            broken.isAll = false;
+        line.setPosition(QPointF(0, number * lineHeight));
+        const bool isLast = number + 1 == most;
+        if ((isLast && line.textStart() + line.textLength() < paragraphs.size()) ||
+            line.naturalTextWidth() > width()) {
+            shortened = paragraphs.mid(line.textStart()).replace(QChar::LineSeparator, QLatin1Char(' '));
             break;
         }
-        broken.lines << rest.left(line.textLength()).remove(QChar::LineSeparator).trimmed();
     }
     layout.endLayout();
-    return broken;
+    return shortened.isEmpty();
 }
 
 bool QuietLine::event(QEvent *event) {
-    if (event->type() != QEvent::ToolTip || Broken().isAll)
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    QTextLayout layout;
+    QString shortened;
+    if (LayOut(layout, shortened))
         return QWidget::event(event);
     QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text_, this);
     return true;
@@ -70,14 +74,21 @@ bool QuietLine::event(QEvent *event) {
 void QuietLine::paintEvent(QPaintEvent * /*event*/) {
     if (text_.isEmpty())
         return;
+    QTextLayout layout;
+    QString shortened;
+    LayOut(layout, shortened);
+    const int lineHeight = fontMetrics().height();
+    const int whole = layout.lineCount() - (shortened.isEmpty() ? 0 : 1);
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
-    const QString shown = Broken().lines.join(QLatin1Char('\n'));
     // A single line stands beside a title, where some styles draw the frame's line.
     if (lines_ == 1)
-        painter.fillRect(painter.boundingRect(rect(), Qt::AlignLeft | Qt::AlignTop, shown),
-                         palette().window());
-    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop, shown);
+        painter.fillRect(layout.boundingRect().toAlignedRect(), palette().window());
+    for (int number = 0; number < whole; ++number)
+        layout.lineAt(number).draw(&painter, QPointF());
+    if (!shortened.isEmpty())
+        painter.drawText(QRect(0, whole * lineHeight, width(), lineHeight), 0,
+                         fontMetrics().elidedText(shortened, Qt::ElideRight, width()));
 }
 
 }  // namespace vtr

@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+class QTextLayout;
+
 namespace vtr {
 
 /// A text that never asks for more room than it was given at first, so that nothing beside it moves when it
@@ -25,12 +27,9 @@ class QuietLine : public QWidget {
     void paintEvent(QPaintEvent *event) override;
 
   private:
-    /// The text as it is shown, and whether that is all of it.
-    struct Lines {
-        QStringList lines;
-        bool isAll = true;
-    };
-    Lines Broken() const;
+    /// Breaks the text into the lines that there is room for. False when that is not all of it: then
+    /// shortened is all from the last of these lines on.
+    bool LayOut(QTextLayout &layout, QString &shortened) const;
 
     int lines_;
     QString widest_;
