@@ -23,7 +23,18 @@ class NearestSegment {
           y_(OnMap(view, view.v_scroll, y)),
           // A line is as wide as a map pixel.
           nearest_((reachPixels + static_cast<float>(view.MapZoom - 1) / 2) /
-                   static_cast<float>(view.MapZoom)) {}
+                   static_cast<float>(view.MapZoom)),
+          left_(FloorToInt32(double{x_} - nearest_)),
+          top_(FloorToInt32(double{y_} - nearest_)),
+          right_(FloorToInt32(double{x_} + nearest_) + 1),
+          bottom_(FloorToInt32(double{y_} + nearest_) + 1) {}
+
+    /// On which sides of all that is in reach a point lies, a bit for each. A segment whose ends both lie on
+    /// the same side is out of reach; most are, and that is seen soon.
+    unsigned SidesOf(std::int16_t x, std::int16_t y) const {
+        return unsigned{x < left_} | unsigned{x > right_} << 1 | unsigned{y < top_} << 2 |
+               unsigned{y > bottom_} << 3;
+    }
 
     /// True when the segment is drawn and nearer than all before it, or the first one that is near enough.
     template <typename Point>
@@ -43,12 +54,7 @@ class NearestSegment {
         return (static_cast<float>(pixel) + 0.5F) / zoom - 0.5F + static_cast<float>(scroll.Value);
     }
 
-    /// For a segment that is out of reach anything that is so too: most are, and that is seen sooner.
     float DistanceTo(float x1, float y1, float x2, float y2) const {
-        const float beside = std::max({std::min(x1, x2) - x_, x_ - std::max(x1, x2), std::min(y1, y2) - y_,
-                                       y_ - std::max(y1, y2), 0.0F});
-        if (beside > nearest_)
-            return beside;
         const float dx = x2 - x1;
         const float dy = y2 - y1;
         const float length = dx * dx + dy * dy;
@@ -66,6 +72,10 @@ class NearestSegment {
     float x_;
     float y_;
     float nearest_;
+    int left_;
+    int top_;
+    int right_;
+    int bottom_;
     bool found_ = false;
 };
 
@@ -73,8 +83,13 @@ class NearestSegment {
 template <typename Point>
 bool IsNearer(NearestSegment &nearest, std::span<const Point> points) {
     bool isNearer = false;
-    for (std::size_t k = 1; k < points.size(); ++k)
-        isNearer |= nearest.IsNearer(points[k - 1], points[k]);
+    unsigned before = 0;
+    for (std::size_t k = 0; k < points.size(); ++k) {
+        const unsigned here = nearest.SidesOf(points[k].x, points[k].y);
+        if (k > 0 && (before & here) == 0)
+            isNearer |= nearest.IsNearer(points[k - 1], points[k]);
+        before = here;
+    }
     return isNearer;
 }
 
@@ -129,7 +144,8 @@ std::optional<int> NearestLine(const Campaign &campaign, const MapDisplay &displ
     std::optional<int> found;
     for (int i = shown.first; i <= shown.last; ++i) {
         const RailwayLine &line = campaign.RailwayTable[static_cast<std::size_t>(i)];
-        if (!line.IsUnused() && nearest.IsNearer(End{line.x1, line.y1}, End{line.x2, line.y2}))
+        if ((nearest.SidesOf(line.x1, line.y1) & nearest.SidesOf(line.x2, line.y2)) == 0 &&
+            !line.IsUnused() && nearest.IsNearer(End{line.x1, line.y1}, End{line.x2, line.y2}))
             found = i;
     }
     return found;
