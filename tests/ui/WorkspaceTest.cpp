@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::array fontPercents{100, 125, 150, 175, 200};
 
-constexpr std::array modes{
+constexpr std::array modesAndFrames{
     std::pair("mnu_e_frontline", "fra_frontline"), std::pair("mnu_e_railway", "fra_railway"),
     std::pair("mnu_e_roadint", "fra_roadint"), std::pair("mnu_e_railint", "fra_railint"),
     std::pair("mnu_e_target", "fra_target")};
@@ -36,7 +36,7 @@ class WorkspaceTest : public EditorWindow {
   protected:
     ~WorkspaceTest() override {
         QApplication::setFont(font_);
-        QApplication::setStyle(style_);
+        QApplication::setStyle(QStringLiteral("Fusion"));  // which all tests run in
     }
     /// Opens the window anew in the style and font.
     void StartIn(const QString &style, int fontPercent) {
@@ -83,7 +83,6 @@ class WorkspaceTest : public EditorWindow {
 
   private:
     const QFont font_ = QApplication::font();
-    const QString style_ = QApplication::style()->objectName();
 };
 
 TEST_F(WorkspaceTest, TheWindowCanBeAsSmallAsThisTableSaysInEveryFont) {
@@ -120,7 +119,7 @@ TEST_F(WorkspaceTest, TheFrameOfTheModeIsInView) {
         for (const int percent : {100, 150, 200}) {
             StartIn(style, percent);
             Resize({800, 600});
-            for (const auto &[entry, frame] : modes) {
+            for (const auto &[entry, frame] : modesAndFrames) {
                 SCOPED_TRACE(testing::Message()
                              << style.toStdString() << ", font " << percent << ", " << frame);
                 Entry(entry).trigger();
