@@ -2,7 +2,7 @@
 
 #include "EditorWindow.h"
 #include "MapFrame.h"
-#include "MapMouse.h"
+#include "MapMovingTesting.h"
 #include "MapSigns.h"
 #include "QuietLine.h"
 #include "RedrawCounter.h"

@@ -1,7 +1,7 @@
 #include <QLabel>
 
 #include "EditorWindow.h"
-#include "MapMouse.h"
+#include "MapMovingTesting.h"
 #include "PanelTesting.h"
 #include "QuietLine.h"
 
