@@ -5,17 +5,10 @@
 
 #include "Errors.h"
 #include "MapCoordinates.h"
+#include "ViewAt.h"
 
 namespace vtr {
 namespace {
-
-MapView ViewAt(int zoom, int left, int top) {
-    MapView view;
-    view.MapZoom = static_cast<std::int16_t>(zoom);
-    view.h_scroll.Value = static_cast<std::int16_t>(left);
-    view.v_scroll.Value = static_cast<std::int16_t>(top);
-    return view;
-}
 
 TEST(ScreenToMap, At100PercentGivesTheScreenPointUnchangedAndUnrounded) {
     const MapPoint point = ScreenToMap(ViewAt(1, 0, 0), 12.75F, -3.5F);

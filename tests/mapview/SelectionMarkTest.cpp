@@ -3,17 +3,10 @@
 
 #include "MapScene.h"
 #include "SelectionMark.h"
+#include "ViewAt.h"
 
 namespace vtr {
 namespace {
-
-MapView ViewAt(int zoom, int left, int top) {
-    MapView view;
-    view.MapZoom = static_cast<std::int16_t>(zoom);
-    view.h_scroll.Value = static_cast<std::int16_t>(left);
-    view.v_scroll.Value = static_cast<std::int16_t>(top);
-    return view;
-}
 
 std::array<std::pair<int, int>, 4> PlacesOf(const SelectionMark::Corners &corners) {
     return {{{corners.left, corners.top},
