@@ -80,7 +80,7 @@ QWidget *MainWidgets::MakeColumn(QWidget *window) const {
     rows->setSpacing(FrameFlow::spacing);
     rows->addWidget(Img_SmallMap, 0, Qt::AlignHCenter);
     rows->addWidget(fra_control);
-    rows->addWidget(lbl_under);
+    rows->addWidget(lbl_under, 1);
     rows->addWidget(lbl_upside_down);
     return column;
 }

@@ -162,8 +162,9 @@ TEST_F(MapSignsTest, TheMarkIsNoPartOfTheMap) {
 TEST_F(MapSignsTest, TheMarkIsEnlargedWithTheMap) {
     Number("upd_tar_code").SetNumber(50);
     const QImage single = Marked();
-    Map().SetFactor(2);
+    window().resize(1920, 1080);
     QCoreApplication::processEvents();
+    ASSERT_EQ(Map().Factor(), 2);
     const QImage twice = Marked();
     ASSERT_EQ(twice.size(), single.size() * 2);
     for (int y = 0; y < twice.height(); ++y)
