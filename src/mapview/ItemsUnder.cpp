@@ -158,8 +158,10 @@ ItemsUnderPixel ItemsUnder(const Campaign &campaign, const MapView &view, const 
     const MapPoint at = ScreenToMap(view, static_cast<float>(x), static_cast<float>(y));
     const NearestSegment nearest(view, x, y);
     ItemsUnderPixel items;
+    const std::int32_t mapX = RoundToInt32(at.x);
+    const std::int32_t mapY = RoundToInt32(at.y);
     for (std::size_t i = 0; i < targetTotal; ++i)
-        if (campaign.TargetTable[i].x == at.x && campaign.TargetTable[i].y == at.y)
+        if (campaign.TargetTable[i].x == mapX && campaign.TargetTable[i].y == mapY)
             items.targets.push_back(static_cast<int>(i));
     if (display.mnu_v_frontlines) {
         const std::size_t shown =

@@ -23,7 +23,7 @@ std::string MeasurementText(const Measurement &measurement) {
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), measurement.kilometres,
                                    std::chars_format::fixed, 1)
                          .ptr;
-    const std::string distance = std::string(digits.data(), end) + " km";
+    std::string distance = std::string(digits.data(), end) + " km";
     if (measurement.kilometres == 0)
         return distance;
     return distance + ", " + std::to_string(measurement.bearing) + "\u00B0";

@@ -19,6 +19,7 @@ class CampaignSave {
           questions_(questions),
           files_(FilesToSave(paths_, ticked)),
           expected_(session.fileStamps),
+          keptBefore_(session.keptVersions),
           versionsFolder_(VersionsFolderOf(session.dataFolder, paths_)) {}
 
     std::optional<SaveOutcome> Run() {
@@ -45,8 +46,10 @@ class CampaignSave {
                 lock = nullptr;
                 bool &mayBeLost = session_.keptVersions.mayBeLost;
                 mayBeLost = mayBeLost || questions_.MaySaveWithoutEarlierVersion(notKept);
-                if (!mayBeLost)
+                if (!mayBeLost) {
+                    ForgetKept();
                     return std::nullopt;
+                }
                 versionsFolder_.clear();
             }
         }
@@ -129,16 +132,20 @@ class CampaignSave {
         if (versionsFolder_.empty())
             return outcome;
         NoteRest(versionsFolder_, RestAfter(outcome));
+        if (outcome.written.empty() && !outcome.LeavesMixture())
+            ForgetKept();
+        else if (session_.keptVersions.set != keptBefore_.set)
+            RemoveOldSets(versionsFolder_, session_.keptVersions.set);
+        return outcome;
+    }
+
+    /// Removes the set of a save that has written nothing.
+    void ForgetKept() {
         KeptVersions &kept = session_.keptVersions;
         if (kept.set == keptBefore_.set)
-            return outcome;
-        if (!outcome.written.empty() || outcome.LeavesMixture()) {
-            RemoveOldSets(versionsFolder_, kept.set);
-        } else {
-            RemoveSet(kept.set);
-            kept = keptBefore_;
-        }
-        return outcome;
+            return;
+        RemoveSet(kept.set);
+        kept = keptBefore_;
     }
 
     /// What still has to be written, by this save or one before it, until all files belong together.

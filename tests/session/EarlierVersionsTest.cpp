@@ -162,6 +162,7 @@ TEST_F(EarlierVersionsTest, ACopyThatFailsIsAQuestionAndNoWritesNothing) {
     EXPECT_THAT(answers.notKept[0].File(), ::testing::EndsWith("TARNAMES.STR"));
     EXPECT_EQ(answers.notKept[0].Step(), "writing the temporary file");
     EXPECT_EQ(folder.Content("TARGET.DAT"), targets);
+    EXPECT_THAT(Sets(), IsEmpty()) << "half a set was left";
 
     ASSERT_TRUE(Save(allBoxes)->Succeeded());
     EXPECT_THAT(answers.notKept, SizeIs(1));
