@@ -80,7 +80,8 @@ void FillTargets(Campaign &campaign) {
 PreferencesPreview::PreferencesPreview()
     : campaign_(std::make_unique<Campaign>()),
       ground_(Ground()),
-      surface_{width * zoom, height * zoom, std::vector<std::uint32_t>(width * zoom * height * zoom)} {
+      surface_{width * zoom, height * zoom,
+               std::vector<std::uint32_t>(std::size_t{width} * zoom * height * zoom)} {
     FillFrontline(campaign_->FrontlineTable[0]);
     FillRailway(*campaign_);
     FillPath(campaign_->RoadWaypointTable[0], 30);

@@ -31,8 +31,10 @@ void AddCourse(std::vector<std::string> &lines, const std::optional<ItemsUnderPi
     if (!course)
         return;
     const std::string which = kind + ' ' + std::to_string(course->number);
-    for (const int number : course->points)
-        lines.push_back(point + ' ' + std::to_string(number) + " of " + which);
+    for (const int number : course->points) {
+        lines.push_back(point + ' ' + std::to_string(number));
+        lines.back() += " of " + which;
+    }
     if (course->points.empty()) {
         lines.push_back(which);
         lines.back().front() = UpperAscii(kind).front();
