@@ -47,6 +47,15 @@ class NearestSegment {
         return true;
     }
 
+    /// The same for a point on the very map pixel: at a large zoom its corners are out of reach.
+    bool IsNearerOnPoint() {
+        if (found_ && nearest_ == 0)
+            return false;
+        nearest_ = 0;
+        found_ = true;
+        return true;
+    }
+
   private:
     /// Where the middle of a pixel of the viewport lies between the middles of map pixels.
     static float OnMap(const MapView &view, const ScrollState &scroll, int pixel) {
@@ -79,9 +88,18 @@ class NearestSegment {
     bool found_ = false;
 };
 
-/// True when one of the segments between count points is the nearest up to now.
 template <typename Point>
-bool IsNearer(NearestSegment &nearest, std::span<const Point> points) {
+bool IsAt(const Point &point, const MapPoint &at) {
+    return point.x == at.x && point.y == at.y;
+}
+
+/// True when one of the points lies at the map pixel, or one of the segments between them is the nearest up
+/// to now.
+template <typename Point>
+bool IsNearer(NearestSegment &nearest, std::span<const Point> points, const MapPoint &at) {
+    if (points.size() > 1 &&
+        std::ranges::any_of(points, [&at](const Point &point) { return IsAt(point, at); }))
+        return nearest.IsNearerOnPoint();
     bool isNearer = false;
     unsigned before = 0;
     for (std::size_t k = 0; k < points.size(); ++k) {
@@ -97,7 +115,7 @@ template <typename Point>
 ItemsUnderPixel::Course CourseOf(std::size_t number, std::span<const Point> points, const MapPoint &at) {
     ItemsUnderPixel::Course course{static_cast<int>(number), {}};
     for (std::size_t k = 0; k < points.size(); ++k)
-        if (points[k].x == at.x && points[k].y == at.y)
+        if (IsAt(points[k], at))
             course.points.push_back(static_cast<int>(k));
     return course;
 }
@@ -116,7 +134,7 @@ std::optional<ItemsUnderPixel::Course> NearestOf(const Table &table, std::size_t
                                                  NearestSegment nearest, const MapPoint &at) {
     std::optional<std::size_t> found;
     for (std::size_t i = first; i < end; ++i)
-        if (IsNearer(nearest, DrawnPoints(table[i])))
+        if (IsNearer(nearest, DrawnPoints(table[i]), at))
             found = i;
     if (!found)
         return std::nullopt;

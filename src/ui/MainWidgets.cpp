@@ -122,6 +122,12 @@ void MainWidgets::ShowState() const {
     ShowEdits();
 }
 
+void MainWidgets::BringSelectionIntoView() const {
+    workspace->BringIntoView(modes[static_cast<std::size_t>(session_.mode)].frame);
+    const MapPixel selected = SelectedPixel(session_);
+    mapFrame->BringIntoView(selected.x, selected.y);
+}
+
 void MainWidgets::ShowEdits() const {
     const EditState state = EditStateOf(session_);
     ShowEdit(*menu.mnu_e_undo, QStringLiteral("&Undo"), state.undo);

@@ -57,6 +57,8 @@ struct MainWidgets {
     void ShowSelections() const;
     /// Enables and checks everything as the session has it. Call it after each change of what it goes by.
     void ShowState() const;
+    /// Scrolls the selected item of the mode into view on the map, and the mode's frame in the window.
+    void BringSelectionIntoView() const;
     /// Of that, what an edit, undo, redo or save changes.
     void ShowEdits() const;
 

@@ -136,6 +136,18 @@ TEST_F(ItemsUnderTest, TheShownFrontlineIsThereAndItsPointsOnTheExactPixel) {
     EXPECT_FALSE(At(110, 50).frontline);
 }
 
+TEST_F(ItemsUnderTest, APointIsThereOnAllOfItsMapPixelHoweverLarge) {
+    scene.SetFrontline(3, {{101, 51}, {103, 53}});
+    scene.display.mnu_v_frontlines = true;
+    scene.view.ViewFrontline = 3;
+    for (const int zoom : {2, 20, 50, 100}) {
+        scene.Show(zoom, 100, 50);
+        for (const auto &[x, y] : CornersOf(101, 51))
+            EXPECT_EQ(At(x, y).frontline, (ItemsUnderPixel::Course{3, {0}}))
+                << x << "," << y << " at " << zoom;
+    }
+}
+
 TEST_F(ItemsUnderTest, TheShownPathsAreThereAndTheirWaypointsOnTheExactPixel) {
     using Course = ItemsUnderPixel::Course;
     scene.SetPath(scene.campaign->RoadWaypointTable[0], {{100, 50}, {110, 50}});

@@ -108,6 +108,20 @@ TEST_F(ListCommandsTest, AClickSelectsEachKindInItsModeInViewAndRedrawsOnce) {
     EXPECT_EQ(redraws.count, 2);
 }
 
+TEST_F(ListCommandsTest, AClickBringsTheFrameOfTheModeIntoViewInASmallWindow) {
+    StartWithSample();
+    window().resize(800, 600);
+    QCoreApplication::processEvents();
+    Open();
+    for (const auto &[kind, frame] : {std::pair(ItemKind::RailPath, "fra_railint"),
+                                      {ItemKind::RailwayLine, "fra_railway"},
+                                      {ItemKind::Target, "fra_target"}}) {
+        ShowKind(kind);
+        Click({"9"});
+        EXPECT_FALSE(Find<QWidget>(window(), QLatin1String(frame)).visibleRegion().isEmpty()) << frame;
+    }
+}
+
 TEST_F(ListCommandsTest, AnAirfieldSelectsItsFirstTargetAndOneWithoutSaysSo) {
     StartWithSample();
     for (TargetRecord &target : campaign().TargetTable)

@@ -89,6 +89,26 @@ TEST_F(MapSignsTest, AHandShowsWhereAClickSelects) {
     Entry("mnu_e_frontline").trigger();
     MoveTo(320, 160);
     EXPECT_EQ(Map().cursor().shape(), Qt::CrossCursor) << "a click there places the frontline point";
+    Entry("mnu_e_target").trigger();
+    EXPECT_EQ(Map().cursor().shape(), Qt::PointingHandCursor) << "also under a pointer that rests";
+    Entry("mnu_e_railway").trigger();
+    EXPECT_EQ(Map().cursor().shape(), Qt::CrossCursor);
+}
+
+TEST_F(MapSignsTest, ADragKeepsItsHandAndTheLineFollowsThePointer) {
+    Entry("mnu_m_z_400").trigger();
+    MoveTo(300, 100);
+    PressMouse(Map(), Qt::MiddleButton, {300, 100});
+    for (const QPoint at : {QPoint(280, 90), QPoint(200, 60)}) {
+        MoveMouse(Map(), Qt::MiddleButton, at);
+        EXPECT_EQ(Map().cursor().shape(), Qt::ClosedHandCursor);
+        EXPECT_EQ(Told().toStdString(), WhatIsUnder(*session, at.x(), at.y()).text);
+    }
+    ReleaseMouse(Map(), Qt::MiddleButton, {200, 60});
+    EXPECT_EQ(Map().cursor().shape(), Qt::CrossCursor);
+    EXPECT_EQ(Told().toStdString(), WhatIsUnder(*session, 200, 60).text);
+    window().Redraw();
+    EXPECT_EQ(Told().toStdString(), WhatIsUnder(*session, 200, 60).text);
 }
 
 TEST_F(MapSignsTest, TheSelectedItemOfTheModeIsMarkedAlsoWhileNothingFlashes) {

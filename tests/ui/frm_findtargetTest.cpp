@@ -181,6 +181,29 @@ TEST_F(FindTargetDialog, AClickOnAnOfferedNameSelectsThatTarget) {
     EXPECT_FALSE(dialog.isVisible());
 }
 
+TEST_F(FindTargetDialog, AButtonBehindTheOfferIsPressedByTheFirstClick) {
+    Type("berlin");
+    ASSERT_TRUE(Offer().isVisible());
+    const auto pressAt = [this](const QPoint &onScreen) {
+        QMouseEvent press(QEvent::MouseButtonPress, Offer().mapFromGlobal(onScreen), onScreen, Qt::LeftButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&Offer(), &press);
+    };
+    auto &find = Find<QPushButton>(dialog, "cmd_find");
+    pressAt(find.mapToGlobal(find.rect().center()));
+    EXPECT_EQ(found, std::vector<int>{41});
+    EXPECT_FALSE(Offer().isVisible());
+}
+
+TEST_F(FindTargetDialog, TheKeyOfTheFindButtonFindsOverTheOfferToo) {
+    Type("berlin");
+    ASSERT_TRUE(Offer().isVisible());
+    QTest::keyClick(&Offer(), Qt::Key_F, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !found.empty(); }));
+    EXPECT_EQ(found, std::vector<int>{41});
+    EXPECT_FALSE(Offer().isVisible());
+}
+
 TEST_F(FindTargetDialog, EnterWithoutAMarkedNameFindsAsWithoutTheOffer) {
     Type("berlin");
     ASSERT_TRUE(Offer().isVisible());

@@ -3,10 +3,8 @@
 #include <utility>
 
 #include "ControlBox.h"
-#include "MapFrame.h"
 #include "Panel.h"
 #include "RailwayPanel.h"
-#include "Workspace.h"
 
 namespace vtr {
 
@@ -29,9 +27,7 @@ void HistoryCommands::Show(const Edit &edit) {
         widgets_.fra_control->Refresh();
     }
     widgets_.ShowState();
-    widgets_.workspace->BringIntoView(widgets_.modes[static_cast<std::size_t>(session_.mode)].frame);
-    const MapPixel selected = SelectedPixel(session_);
-    widgets_.mapFrame->BringIntoView(selected.x, selected.y);
+    widgets_.BringSelectionIntoView();
     redraw_();
 }
 

@@ -6,7 +6,6 @@
 #include "ErrorReport.h"
 #include "FileChooser.h"
 #include "ItemSelection.h"
-#include "MapFrame.h"
 #include "Operation.h"
 #include "Panel.h"
 #include "Paths.h"
@@ -44,8 +43,7 @@ void ListCommands::ShowItem(ItemKind kind, int row) {
     }
     widgets_.modes[static_cast<std::size_t>(session_.mode)].frame->ShowSelection();
     widgets_.ShowState();
-    const MapPixel selected = SelectedPixel(session_);
-    widgets_.mapFrame->BringIntoView(selected.x, selected.y);
+    widgets_.BringSelectionIntoView();
     redraw_();
 }
 

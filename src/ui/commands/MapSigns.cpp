@@ -11,13 +11,17 @@ namespace vtr {
 MapSigns::MapSigns(const Session &session, MainWidgets &widgets)
     : session_(session), widgets_(widgets), mark_(new MarkOverlay(widgets.mapFrame->Img_Map)) {
     const MapSurface *map = widgets.mapFrame->Img_Map;
-    connect(map, &MapSurface::MouseMoved, this, [this](const QMouseEvent *event) { MovePointer(*event); });
+    for (const auto mouse : {&MapSurface::MousePressed, &MapSurface::MouseMoved, &MapSurface::MouseReleased})
+        connect(map, mouse, this, [this](const QMouseEvent *event) { MovePointer(*event); });
     connect(map, &MapSurface::MouseLeft, this, [this] {
         pointer_.reset();
         TellWhatIsUnder();
     });
     for (const MainWidgets::ModeControls &mode : widgets.modes) {
-        connect(mode.entry, &QAction::toggled, this, &MapSigns::ShowMark);
+        connect(mode.entry, &QAction::toggled, this, [this] {
+            ShowMark();
+            TellWhatIsUnder();
+        });
         connect(mode.frame, &Panel::ItemShown, this, &MapSigns::ShowMark);
     }
 }
@@ -25,13 +29,11 @@ MapSigns::MapSigns(const Session &session, MainWidgets &widgets)
 void MapSigns::MapDrawn() {
     drawn_ = session_.view;
     ShowMark();
-    if (pointer_)
-        TellWhatIsUnder();
+    TellWhatIsUnder();
 }
 
 void MapSigns::MovePointer(const QMouseEvent &event) {
-    if (event.buttons().testFlag(Qt::MiddleButton))  // the map is dragged or measured
-        return;
+    isDragging_ = event.buttons().testFlag(Qt::MiddleButton);
     pointer_ = widgets_.mapFrame->Img_Map->PixelUnder(event);
     TellWhatIsUnder();
 }
@@ -42,7 +44,7 @@ void MapSigns::TellWhatIsUnder() {
     widgets_.lbl_under->SetText(QString::fromStdString(under.text));
     const Qt::CursorShape shape = under.clickSelects ? Qt::PointingHandCursor : Qt::CrossCursor;
     MapSurface &map = *widgets_.mapFrame->Img_Map;
-    if (map.cursor().shape() != shape)
+    if (!isDragging_ && map.cursor().shape() != shape)
         map.setCursor(shape);
 }
 

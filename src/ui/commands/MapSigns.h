@@ -30,6 +30,7 @@ class MapSigns : public QObject {
     MarkOverlay *mark_;
     MapView drawn_;                  ///< the view that the map was drawn with
     std::optional<QPoint> pointer_;  ///< the pixel of the viewport that the pointer is on
+    bool isDragging_ = false;        ///< the middle button is held, with a pointer of its own
 };
 
 }  // namespace vtr

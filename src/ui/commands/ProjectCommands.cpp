@@ -154,7 +154,9 @@ void ProjectCommands::LoadRecent(std::size_t index) {
 }
 
 void ProjectCommands::OpenSample() {
-    const std::string folder = session_.dataFolder + "sample-campaign/";
+    const std::string folder =
+        (session_.dataFolder.empty() ? NativePath(QDir::tempPath()) + "/" : session_.dataFolder) +
+        "sample-campaign/";
     if (!FileExists(folder + "sample.prj")) {
         const Operation making(session_.operation, tr("Making the sample campaign"));
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);

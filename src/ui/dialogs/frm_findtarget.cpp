@@ -103,8 +103,12 @@ void frm_findtarget::OfferNames(const QString &text) {
 }
 
 bool frm_findtarget::eventFilter(QObject *watched, QEvent *event) {
-    if (names_ == nullptr || watched != names_->popup() || event->type() != QEvent::KeyPress)
+    if (names_ == nullptr || watched != names_->popup())
         return QDialog::eventFilter(watched, event);
+    if (event->type() == QEvent::MouseButtonPress)
+        return PressBehindOffer(static_cast<QMouseEvent *>(event)->globalPosition().toPoint());
+    if (event->type() != QEvent::KeyPress)
+        return false;
     const int key = static_cast<QKeyEvent *>(event)->key();
     if (key != Qt::Key_Return && key != Qt::Key_Enter)
         return false;
@@ -118,7 +122,18 @@ bool frm_findtarget::eventFilter(QObject *watched, QEvent *event) {
     return true;
 }
 
+bool frm_findtarget::PressBehindOffer(QPoint at) {
+    auto *const button = qobject_cast<QPushButton *>(childAt(mapFromGlobal(at)));
+    if (button == nullptr || names_->popup()->frameGeometry().contains(at))
+        return false;
+    names_->popup()->hide();
+    button->click();
+    return true;
+}
+
 void frm_findtarget::FindTarget() {
+    if (names_ != nullptr)
+        names_->popup()->hide();
     const QString wanted = name_->text().toLower();
     const auto match = std::ranges::find_if(targets_, [&wanted](const TargetRecord &target) {
         return ShownText(target.name).toLower() == wanted;

@@ -30,6 +30,9 @@ class frm_findtarget : public QDialog {
     /// Shows the list of the names that contain text. It never changes what stands in the field.
     void OfferNames(const QString &text);
     void MakeNames();
+    /// Presses the button at that place of the screen, behind the list, which would keep the press to itself.
+    /// True when there is one.
+    bool PressBehindOffer(QPoint at);
     void FindTarget();
     void Select(int target);
 
