@@ -32,12 +32,11 @@ std::vector<std::size_t> OtherTargets(const Campaign &campaign, int target, Cond
     return others;
 }
 
-/// A line has no end on the map when it was disabled, or when its record holds nothing.
+}  // namespace
+
 bool IsUsed(const RailwayLine &line) {
     return !line.IsUnused() && !(IsMarkerRow(line.y1) && IsMarkerRow(line.y2));
 }
-
-}  // namespace
 
 std::string NoteOfTarget(const Campaign &campaign, int target) {
     const TargetRecord &record = campaign.TargetTable[static_cast<std::size_t>(target)];

@@ -24,6 +24,9 @@ std::string NoteOfPath(const WaypointPath &path);
 /// The first point of the frontline that is not used.
 std::optional<int> FirstFreePoint(const Frontline &frontline);
 
+/// False when the line was disabled, or when its record holds nothing: no end of it lies on the map.
+bool IsUsed(const RailwayLine &line);
+
 /// One of the game's names for the user, on one line and not too long.
 std::string ShownName(const std::string &name);
 

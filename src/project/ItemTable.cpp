@@ -6,6 +6,7 @@
 #include "Arithmetic.h"
 #include "EditCampaign.h"
 #include "GamePosition.h"
+#include "ItemNotes.h"
 #include "Text.h"
 
 namespace vtr {
@@ -135,8 +136,7 @@ ItemCell LineMetres(const Campaign &campaign, std::size_t row) {
 
 /// A record of zero bytes has both its ends on a marker row.
 bool IsLineUsed(const Campaign &campaign, std::size_t row) {
-    const RailwayLine &line = campaign.RailwayTable[row];
-    return !line.IsUnused() && !(IsMarkerRow(line.y1) && IsMarkerRow(line.y2));
+    return IsUsed(campaign.RailwayTable[row]);
 }
 
 constexpr std::array<ItemColumn, 9> lineColumns{{{"Line", Number},
